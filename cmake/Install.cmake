@@ -1,0 +1,29 @@
+# What an installation holds: the library with its headers and CMake package, the program, the standard catalog, the
+# examples and the documents.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS tovarek EXPORT TovarekTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+# Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does.
+foreach(room support control types/catalog profile template types component)
+  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.h ${PROJECT_SOURCE_DIR}/src/${room}/*.inc)
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room})
+endforeach()
+
+install(EXPORT TovarekTargets NAMESPACE Tovarek:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek)
+configure_package_config_file(cmake/TovarekConfig.cmake.in ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek
+  PATH_VARS CMAKE_INSTALL_DATADIR)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake ${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek)
+
+install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/catalog)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/examples)
+install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})

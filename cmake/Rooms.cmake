@@ -1,0 +1,47 @@
+# Every folder under src/ is a room: a target of its own that may lean only on the rooms it names.
+
+# Compiler settings that hold for every target of the project.
+add_library(tovarek_settings INTERFACE)
+target_compile_features(tovarek_settings INTERFACE cxx_std_20)
+target_compile_options(tovarek_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-missing-field-initializers>
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-missing-field-initializers>
+  $<$<BOOL:${TOVAREK_WARNINGS_AS_ERRORS}>:-Werror>)
+if(TOVAREK_SANITIZE)
+  target_compile_options(tovarek_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tovarek_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(TOVAREK_CLANG_TIDY)
+  find_program(TOVAREK_CLANG_TIDY_PROGRAM NAMES clang-tidy-14 clang-tidy REQUIRED)
+endif()
+
+# Applies the settings to a target; everything but installed interfaces is covered.
+function(tovarek_settings target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tovarek_settings>)
+  if(TOVAREK_CLANG_TIDY)
+    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${TOVAREK_CLANG_TIDY_PROGRAM};--quiet")
+  endif()
+endfunction()
+
+# tovarek_room(<target> FOLDER <folder under src> SOURCES <files> [ROOMS <rooms it may include from>] [LIBRARIES <libraries>])
+#
+# The rooms below are named as folders. An include of any other room's header ends the build: a check runs before
+# the room is compiled.
+function(tovarek_room target)
+  cmake_parse_arguments(ROOM "" "FOLDER" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
+  add_library(${target} OBJECT ${ROOM_SOURCES})
+  tovarek_settings(${target})
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  target_link_libraries(${target} PRIVATE ${ROOM_LIBRARIES})
+
+  string(REPLACE ";" "," allowed "${ROOM_ROOMS}")
+  add_custom_target(${target}_includes
+    COMMAND ${CMAKE_COMMAND} -DROOT=${PROJECT_SOURCE_DIR}/src -DROOM=${ROOM_FOLDER} -DALLOWED=${allowed}
+            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    VERBATIM)
+  add_dependencies(${target} ${target}_includes)
+  set_property(GLOBAL APPEND PROPERTY TOVAREK_ROOMS ${target})
+endfunction()

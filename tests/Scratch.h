@@ -1,0 +1,66 @@
+// Helpers of all tests: scratch folders, and what an expression raises.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "support/Error.h"
+#include "support/Files.h"
+
+namespace tovarek::test {
+
+// A folder of its own for one test, gone with it.
+class Scratch {
+  public:
+    Scratch() {
+        static std::atomic<int> counter = 0;
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("tovarek-test-" + std::to_string(getpid()) + "-" + std::to_string(counter++));
+        std::filesystem::create_directories(folder_);
+    }
+    ~Scratch() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string Folder() const { return folder_.string(); }
+    // Writes a file and answers its path.
+    std::string File(const std::string& name, std::string_view content) const {
+        WriteFile(Path(name), content);
+        return Path(name);
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+// The error that `action` raises, or nothing.
+template <class Action>
+std::optional<Error> Raised(Action&& action) {
+    try {
+        action();
+    } catch (const Error& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+// The number of the error that `action` raises, 0 for none. One of eErrors is answered as 1000 + n, so that
+// it cannot be taken for a runtime error.
+template <class Action>
+int RaisedNumber(Action&& action) {
+    const auto error = Raised(action);
+    if (!error)
+        return 0;
+    return error->Number() < 0 ? 1000 + static_cast<int>(error->Number() - ErrorValue(0)) : error->Number();
+}
+
+}  // namespace tovarek::test
