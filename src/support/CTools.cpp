@@ -1,0 +1,130 @@
+#include "support/CTools.h"
+
+#include <algorithm>
+
+#include "support/Files.h"
+#include "support/Numbers.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+#ifdef _WIN32
+constexpr std::string_view kSeparators = "\\:";
+constexpr std::string_view kFolderSeparators = "\\";
+#else
+// A user of POSIX writes "/"; both forms are understood, so that a path means the same on every platform.
+constexpr std::string_view kSeparators = "\\:/";
+constexpr std::string_view kFolderSeparators = "\\/";
+#endif
+
+// The first element named `name` from `start` on: `start`, what is below it, its following siblings.
+XmlNode FindElement(const XmlNode& start, std::string_view name) {
+    std::vector<XmlNode> pending{start};
+    while (!pending.empty()) {
+        const XmlNode node = pending.back();
+        pending.pop_back();
+        if (!node)
+            continue;
+        if (node.IsElement() && node.Name() == name)
+            return node;
+        pending.push_back(node.NextSibling());
+        pending.push_back(node.FirstChild());
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string CTools::ExtractFile(std::string_view path, bool removeExtension) const {
+    const std::size_t separator = path.find_last_of(kSeparators);
+    if (separator == std::string_view::npos)
+        return std::string(path);
+    std::string_view name = path.substr(separator + 1);
+    if (removeExtension)
+        name = name.substr(0, name.find('.'));
+    return std::string(name.empty() ? path : name);
+}
+
+std::string CTools::ExtractPath(std::string_view path) const {
+    const std::size_t separator = path.find_last_of(kSeparators);
+    return std::string(separator == std::string_view::npos ? std::string_view() : path.substr(0, separator));
+}
+
+XmlNode CTools::SearchXmlNode(const std::string& xmlFile, const std::string& nodeName,
+                              const CErrorHandler& errorsHandler) const {
+    const XmlDocument document(xmlFile);
+    if (!document.IsLoaded())
+        errorsHandler.RaiseError(eQVXIFerr_errorloadingxmltemplatefile,
+                                 {.file = xmlFile, .line = document.Line(), .reason = document.Reason()});
+    const XmlNode found = FindElement(document.FirstNode(), nodeName);
+    if (!found)
+        errorsHandler.RaiseError(eQVXIFerr_xmlnodenotfoundintemplatefile,
+                                 {.record = "element <" + nodeName + ">",
+                                  .file = xmlFile,
+                                  .reason = "no element has this name; letter case and prefix count"});
+    return found;
+}
+
+std::string CTools::nodeTextValue(const XmlNode& node) const {
+    for (XmlNode child = node.FirstChild(); child; child = child.NextSibling())
+        if (child.Kind() == XmlNodeKind::text)
+            return child.Text();
+    return {};
+}
+
+void CTools::GetFields(std::string_view source, std::int32_t& nFields, std::vector<std::string>& fields,
+                       char separator) const {
+    std::string_view rest = TrimBlanks(source);
+    nFields = 0;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(separator), rest.size());
+        if (nFields == 0)
+            fields.clear();
+        fields.emplace_back(rest.substr(0, end));
+        nFields = static_cast<std::int32_t>(fields.size());
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+std::string CTools::ReplaceBadCharInType(std::string_view s) const {
+    std::string cleaned;
+    cleaned.reserve(s.size());
+    for (std::size_t position = 0; position < s.size();) {
+        const char32_t character = NextCharacter(s, position);
+        const char c = character < 0x80 ? static_cast<char>(character) : '\0';
+        const bool good = IsDigit(c) || (AsciiUpper(c) >= 'A' && AsciiUpper(c) <= 'Z');
+        cleaned.push_back(good ? c : '_');
+    }
+    return cleaned;
+}
+
+bool CTools::ValidateHexaString(std::string_view text) const {
+    return !std::all_of(text.begin(), text.end(), IsHexDigit);
+}
+
+void CTools::CreateDirectory(std::string_view path) const {
+    if (!path.empty() && kFolderSeparators.find(path.back()) != std::string_view::npos)
+        path.remove_suffix(1);
+    const std::size_t separator = path.find_last_of(kFolderSeparators);
+    if (separator == std::string_view::npos || separator + 1 == path.size())
+        return;
+    const std::string wanted = UpperCase(path.substr(separator + 1));
+    for (const std::string& entry : DirectoryEntries(path.substr(0, separator)))
+        if (UpperCase(entry) == wanted)
+            return;
+    MakeDirectory(path);
+}
+
+std::string CTools::doubleToStringWithPoint(double value) const {
+    return DoubleToText(value);
+}
+
+std::string WithFinalBackslash(std::string_view folder) {
+    std::string joined(folder);
+    if (!joined.ends_with('\\'))
+        joined += '\\';
+    return joined;
+}
+
+}  // namespace tovarek

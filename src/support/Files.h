@@ -1,0 +1,89 @@
+// Files: whole-file reading, checked writing, and the runtime errors that both raise. Paths are UTF-8 and may
+// be written with "\"; on POSIX it becomes "/" at the moment a file is opened, and nowhere else.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/Error.h"
+
+namespace tovarek {
+
+// The path as the operating system wants it.
+std::string SystemPath(std::string_view path);
+
+// The runtime error for a failed system call (`error` is an errno): 53 or 76 for what is not there, 70 for
+// what is not permitted, 75 for a directory in a file's place and other path faults, 61 for a full disk, 57
+// for the rest.
+RuntimeError RuntimeErrorOf(int error);
+
+// The largest file that is read whole, 1 GiB; a larger one is runtime error 7.
+inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30U;
+
+// The bytes of the file, at most `limit` of them from its start. Raises a runtime error (53, 57, 70, 75, 76,
+// 7) whose context names the file.
+std::string ReadFile(std::string_view path, std::uint64_t limit = kLargestFile + 1);
+
+// True when a regular file stands at `path`.
+bool FileExists(std::string_view path);
+
+// True when a directory stands at `path`, whether or not a separator ends it.
+bool FolderExists(std::string_view path);
+
+// What tells whether a file has changed since it was read; all zero when there is no such file.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t size = 0;
+    std::int64_t modifiedNanoseconds = 0;
+    std::int64_t changedNanoseconds = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+FileStamp StampOf(std::string_view path);
+
+// Names of the entries of a directory ("." and ".." left out), in no order; empty when it cannot be listed.
+std::vector<std::string> DirectoryEntries(std::string_view path);
+
+// Creates one directory. False when it could not be created.
+bool MakeDirectory(std::string_view path);
+
+// Where bytes are written to.
+class FileSink {
+  public:
+    virtual ~FileSink() = default;
+    // Writes all of `bytes` or raises a runtime error.
+    virtual void Append(std::string_view bytes) = 0;
+    // Ends the writing; raises a runtime error when anything could not be stored. No Append after it.
+    virtual void Close() = 0;
+};
+
+// A file that is being written: created or truncated on construction, bytes gathered into large pieces.
+// Destroyed without Close it closes the file and says nothing: that is the end of a writer that already
+// failed.
+class OutputFile : public FileSink {
+  public:
+    // Raises a runtime error (61, 70, 75, 76 ...) whose context names the file.
+    explicit OutputFile(std::string_view path);
+    ~OutputFile() override;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void Append(std::string_view bytes) override;
+    void Close() override;
+
+  private:
+    void WriteOut(std::string_view bytes);
+    [[noreturn]] void Fail(int error) const;
+
+    std::string path_;
+    std::string buffer_;
+    int descriptor_ = -1;
+    bool failed_ = false;
+};
+
+// Writes a file that consists of `bytes`. Raises as OutputFile does.
+void WriteFile(std::string_view path, std::string_view bytes);
+
+}  // namespace tovarek

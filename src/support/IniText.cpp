@@ -1,0 +1,227 @@
+#include "support/IniText.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+// Control Z counts as a blank: files that come from very old systems end in one.
+constexpr std::string_view kLineBlanks = " \t\v\f\r\x1A";
+// Tabs at the ends of a value belong to it.
+constexpr std::string_view kValueBlanks = " \v\f\r\x1A";
+constexpr std::size_t kLongestValue = 999;
+
+std::string_view Trim(std::string_view text, std::string_view blanks) {
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return text.substr(0, 0);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view WithoutQuotes(std::string_view value) {
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+int DigitOf(char c, int base) {
+    if (IsDigit(c))
+        return c - '0';
+    return base == 16 && IsHexDigit(c) ? AsciiUpper(c) - 'A' + 10 : -1;
+}
+
+std::int32_t WrappingInteger(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\v\f\r\n");
+    text = first == std::string_view::npos ? std::string_view() : text.substr(first);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    int base = 10;
+    if (text.size() >= 2 && text[0] == '0' && AsciiUpper(text[1]) == 'X') {
+        base = 16;
+        text.remove_prefix(2);
+    }
+    std::uint32_t value = 0;
+    for (const char c : text) {
+        const int digit = DigitOf(c, base);
+        if (digit < 0)
+            break;
+        value = value * static_cast<std::uint32_t>(base) + static_cast<std::uint32_t>(digit);
+    }
+    return static_cast<std::int32_t>(negative ? 0U - value : value);
+}
+
+}  // namespace
+
+std::string DecodeIni(std::string bytes, IniEncoding* encoding) {
+    IniEncoding found = IniEncoding::codePage;
+    const std::string_view view = bytes;
+    if (view.starts_with(kUtf8Mark))
+        found = IniEncoding::utf8;
+    else if (view.starts_with(kLittleEndianMark))
+        found = IniEncoding::utf16LittleEndian;
+    else if (view.starts_with(kBigEndianMark))
+        found = IniEncoding::utf16BigEndian;
+    if (encoding != nullptr)
+        *encoding = found;
+    switch (found) {
+        case IniEncoding::utf8:
+            return bytes.substr(kUtf8Mark.size());
+        case IniEncoding::utf16LittleEndian:
+        case IniEncoding::utf16BigEndian:
+            return FromUtf16(view.substr(2), found == IniEncoding::utf16BigEndian);
+        case IniEncoding::codePage:
+            break;
+    }
+    return IsAscii(bytes) ? std::move(bytes) : FromCodePage(bytes);
+}
+
+std::string EncodeIni(std::string_view text, IniEncoding encoding) {
+    switch (encoding) {
+        case IniEncoding::utf8:
+            return std::string(kUtf8Mark).append(text);
+        case IniEncoding::utf16LittleEndian:
+            return std::string(kLittleEndianMark) + ToUtf16(text, false);
+        case IniEncoding::utf16BigEndian:
+            return std::string(kBigEndianMark) + ToUtf16(text, true);
+        case IniEncoding::codePage:
+            break;
+    }
+    return ToCodePage(text);
+}
+
+std::size_t CaselessHash::operator()(std::string_view name) const {
+    if (!IsAscii(name))
+        return std::hash<std::string>()(UpperCase(name));
+    std::size_t hash = 14695981039346656037U;
+    for (const char c : name)
+        hash = (hash ^ static_cast<unsigned char>(AsciiUpper(c))) * 1099511628211U;
+    return hash;
+}
+
+bool CaselessEqual::operator()(std::string_view a, std::string_view b) const {
+    const bool sameAscii =
+        a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char left, char right) {
+            return left == right || AsciiUpper(left) == AsciiUpper(right);
+        });
+    if (sameAscii || IsAscii(a) || IsAscii(b))
+        return sameAscii;
+    return UpperCase(a) == UpperCase(b);
+}
+
+std::string_view TakeIniLine(std::string_view& rest) {
+    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
+    const std::string_view line = rest.substr(0, end);
+    const std::size_t ending = rest.substr(end).starts_with("\r\n") ? 2 : 1;
+    rest.remove_prefix(std::min(end + ending, rest.size()));
+    return line;
+}
+
+std::string_view TrimIniLine(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of(kLineBlanks), line.size()));
+    return line.substr(0, line.find_last_not_of(kValueBlanks) + 1);
+}
+
+std::string_view IniSectionName(std::string_view line) {
+    if (!line.starts_with('['))
+        return {};
+    const std::size_t end = line.rfind(']');
+    return end == std::string_view::npos ? std::string_view() : Trim(line.substr(1, end - 1), kLineBlanks);
+}
+
+bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view& value) {
+    const std::size_t equals = line.find('=');
+    if (line.starts_with(';') || equals == std::string_view::npos)
+        return false;
+    key = Trim(line.substr(0, equals), kLineBlanks);
+    value = Trim(line.substr(equals + 1), kValueBlanks);
+    return true;
+}
+
+std::string_view IniSection::RawValue(std::string_view key) const {
+    const CaselessEqual equal;
+    for (const Entry& entry : entries_)
+        if (entry.key.size() == key.size() && equal(entry.key, key))
+            return entry.value;
+    return {};
+}
+
+std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) const {
+    const std::string_view value = RawValue(key);
+    return value.data() == nullptr ? missing : WrappingInteger(value);
+}
+
+std::string IniSection::StringValue(std::string_view key, std::string_view missing) const {
+    const std::string_view found = RawValue(key);
+    const std::string_view value = TrimBlanks(found.data() == nullptr ? missing : found);
+    if (value.size() <= kLongestValue)
+        return std::string(value);
+    return std::string(TrimBlanks(FirstCharacters(value, kLongestValue)));
+}
+
+IniText::IniText(std::string text) : text_(std::move(text)) {
+    std::string_view rest = text_;
+    Body* open = nullptr;
+    while (!rest.empty()) {
+        const char* const start = rest.data();
+        const std::string_view line = TrimIniLine(TakeIniLine(rest));
+        const std::string_view name = IniSectionName(line);
+        if (name.data() == nullptr)
+            continue;
+        if (open != nullptr)
+            open->lines = {open->lines.data(), static_cast<std::size_t>(start - open->lines.data())};
+        const auto [place, isNew] = sections_.try_emplace(name, Body{line, rest});
+        // The second of two sections with one name does not exist, but it ends the one before it.
+        open = isNew ? &place->second : nullptr;
+    }
+}
+
+void IniText::ReadSection(std::string_view name, IniSection& section) const {
+    section.entries_.clear();
+    const auto found = sections_.find(name);
+    if (found == sections_.end())
+        return;
+    std::string_view rest = found->second.lines;
+    while (!rest.empty()) {
+        const std::string_view line = TrimIniLine(TakeIniLine(rest));
+        IniSection::Entry entry;
+        if (!SplitIniKey(line, entry.key, entry.value))
+            continue;
+        entry.value = WithoutQuotes(entry.value);
+        entry.value = entry.value.substr(0, entry.value.find('\0'));
+        section.entries_.push_back(entry);
+    }
+}
+
+void IniText::ForEachSection(const std::function<void(std::string_view name)>& visit) const {
+    for (const auto& [name, body] : sections_)
+        visit(name);
+}
+
+int IniText::LineOf(std::string_view section, std::string_view key) const {
+    const auto found = sections_.find(section);
+    if (found == sections_.end())
+        return 0;
+    IniSection keys;
+    ReadSection(section, keys);
+    const char* place = found->second.header.data();
+    for (const IniSection::Entry& entry : keys.entries_)
+        if (CaselessEqual()(entry.key, key)) {
+            place = entry.key.data();
+            break;
+        }
+    int line = 0;
+    for (std::string_view rest = text_; !rest.empty() && rest.data() <= place;) {
+        TakeIniLine(rest);
+        ++line;
+    }
+    return line;
+}
+
+}  // namespace tovarek

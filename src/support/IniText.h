@@ -1,0 +1,103 @@
+// The text of one INI file, read once and indexed by section. How sections, keys and values are recognised:
+// - Lines end in CR LF, LF or CR. Blanks around a line count for nothing; ";" at its start makes it a
+// comment.
+// - "[name]" opens a section; its name ends at the last "]" of the line, blanks inside the brackets are
+// trimmed. Of
+//   sections with one name only the first exists, and in it only the first of keys with one name.
+// - A key is what stands before the first "=" of a line; a line without "=" is none, nor is one before any
+// section.
+// - Blanks around a value are trimmed, then one pair of equal quotes (" or '). A NUL ends a value.
+// - Names are compared without regard to case.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tovarek {
+
+// How the bytes of a file stand for text: with a UTF-8 or UTF-16 mark as that says, else in the 8-bit code
+// page.
+enum class IniEncoding { codePage, utf8, utf16LittleEndian, utf16BigEndian };
+
+// The text of `bytes` in UTF-8, without a mark; `encoding` is told where wanted.
+std::string DecodeIni(std::string bytes, IniEncoding* encoding = nullptr);
+// The inverse, mark included.
+std::string EncodeIni(std::string_view text, IniEncoding encoding);
+
+struct CaselessHash {
+    std::size_t operator()(std::string_view name) const;
+};
+struct CaselessEqual {
+    bool operator()(std::string_view a, std::string_view b) const;
+};
+
+// The keys of one section. Valid as long as the IniText that filled it.
+class IniSection {
+  public:
+    // The integer that the value begins with: tabs and blanks, a sign, decimal digits or 0x and hexadecimal
+    // ones; it wraps beyond 32 bits as on the platform. 0 when there is no digit (an empty value included),
+    // `missing` when there is no such key.
+    std::int32_t LongValue(std::string_view key, std::int32_t missing) const;
+
+    // The value, at most 999 characters of it, blanks trimmed at both ends (tabs are kept); `missing`,
+    // treated alike, when there is no such key.
+    std::string StringValue(std::string_view key, std::string_view missing) const;
+
+    // The value as it stands between its blanks and quotes, or a view of null when there is no such key.
+    std::string_view RawValue(std::string_view key) const;
+
+  private:
+    friend class IniText;
+    struct Entry {
+        std::string_view key;
+        std::string_view value;
+    };
+    std::vector<Entry> entries_;
+};
+
+class IniText {
+  public:
+    IniText() = default;
+    // `text` is UTF-8 without a mark.
+    explicit IniText(std::string text);
+    IniText(const IniText&) = delete;
+    IniText& operator=(const IniText&) = delete;
+
+    // Fills `section` with the keys of the section `name`, with none when there is no such section.
+    void ReadSection(std::string_view name, IniSection& section) const;
+
+    // Calls `visit` with the name of every section that exists, in no order.
+    void ForEachSection(const std::function<void(std::string_view name)>& visit) const;
+
+    // 1-based line of the key, of the section's header when it has no such key, 0 when there is no such
+    // section. Counts from the start of the file: for error messages.
+    int LineOf(std::string_view section, std::string_view key) const;
+
+  private:
+    struct Body {
+        std::string_view header;
+        std::string_view lines;  // behind the header line, up to the next header
+    };
+
+    std::string text_;
+    std::unordered_map<std::string_view, Body, CaselessHash, CaselessEqual> sections_;
+};
+
+// ---- the line rules, shared with the writer ----
+
+// Takes the next line, without its line end, off `rest`.
+std::string_view TakeIniLine(std::string_view& rest);
+// `line` without the blanks (VT, FF and control Z as well) around it, and without tabs in front; tabs at its
+// end may belong to a value.
+std::string_view TrimIniLine(std::string_view line);
+// The section name when `line` (trimmed) is a section header; a view of null otherwise.
+std::string_view IniSectionName(std::string_view line);
+// Splits `line` (trimmed) at its first "=" into key and value, blanks around both trimmed; false when it is
+// no key.
+bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view& value);
+
+}  // namespace tovarek

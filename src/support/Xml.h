@@ -1,0 +1,93 @@
+// XML documents through one small seam. The system needs little of a DOM: load a document, walk its nodes in
+// order, read names, texts and attributes.
+//
+// What every implementation keeps to:
+// - A document with a document type declaration must be valid, one without it only well-formed. An external
+// DTD is
+//   read from a file beside the document; a missing one fails the load. No network and no other external
+//   entity.
+// - Internal entities are expanded into the text around them; documents that expand without measure are
+// refused.
+// - Text nodes of nothing but white space do not exist. Other texts keep their white space. CDATA is not
+// text.
+// - Names are qualified names, prefix included.
+// - Elements nested deeper than 256 levels fail the load, so whoever walks a tree may recurse.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tovarek {
+
+// Numbered like the node types of the DOM.
+enum class XmlNodeKind {
+    none = 0,
+    element = 1,
+    text = 3,
+    cdata = 4,
+    processingInstruction = 7,  // the XML declaration is one as well
+    comment = 8,
+    documentType = 10,
+    other = 12,
+};
+
+// One node, or nothing. A node keeps its document alive; copies are cheap.
+class XmlNode {
+  public:
+    XmlNode() = default;
+
+    explicit operator bool() const { return node_ != nullptr; }
+    // The same node of the same document.
+    bool operator==(const XmlNode&) const = default;
+    bool IsElement() const { return Kind() == XmlNodeKind::element; }
+
+    XmlNodeKind Kind() const;
+    // The qualified name of an element; empty for other kinds.
+    std::string Name() const;
+    // The text of a text node, entities expanded; empty for other kinds.
+    std::string Text() const;
+    // 1-based line in the file, 0 when unknown.
+    int Line() const;
+    // Path of the file that the node was loaded from.
+    const std::string& File() const;
+
+    XmlNode FirstChild() const;
+    XmlNode NextSibling() const;
+    // Names and values of an element's attributes, in document order.
+    std::vector<std::pair<std::string, std::string>> Attributes() const;
+
+  private:
+    friend class XmlDocument;
+    struct Owner;
+    XmlNode(std::shared_ptr<const Owner> owner, const void* node) : owner_(std::move(owner)), node_(node) {}
+
+    std::shared_ptr<const Owner> owner_;
+    const void* node_ = nullptr;
+};
+
+class XmlDocument {
+  public:
+    // Loads the document at `path`. When that fails in any way the document is empty and Reason and Line tell
+    // why.
+    explicit XmlDocument(const std::string& path);
+
+    bool IsLoaded() const { return owner_ != nullptr; }
+    // Why the document could not be loaded.
+    const std::string& Reason() const { return reason_; }
+    // The line of the fault, 0 when unknown.
+    int Line() const { return line_; }
+
+    // The first document-level node: the XML declaration, a comment, a processing instruction, the document
+    // type declaration or the document element.
+    XmlNode FirstNode() const;
+
+  private:
+    std::shared_ptr<const XmlNode::Owner> owner_;
+    std::string reason_;
+    int line_ = 0;
+};
+
+}  // namespace tovarek

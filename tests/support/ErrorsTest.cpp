@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include "Scratch.h"
+#include "support/CErrorHandler.h"
+#include "support/ErrorTable.h"
+
+namespace tovarek::test {
+namespace {
+
+TEST(Errors, CarryNumberMessageAndSource) {
+    const auto error = Raised([] { CErrorHandler().RaiseError(ErrorValue(1)); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), static_cast<std::int32_t>(0x80040001U));
+    EXPECT_EQ(error->Description(), "Domains number must be 1 or 2.");
+    EXPECT_STREQ(error->Source(), "QVTovarek");
+}
+
+// The spellings are a public contract; these rows are the odd ones of the reference table.
+TEST(Errors, OddMessagesStayAsTheyAre) {
+    const struct {
+        int n;
+        const char* name;
+        const char* message;
+    } rows[] = {
+        {9, "eQVXIFerr_supportRelaxedBinding", "Support relaxed bindings must be 0 (false) or 1 (true)"},
+        {11, "eQVXIFerr_maximumSizeMemoryBlock", "Bad maximum size for memory block"},
+        {34, "eQVXIFerr_alternateBitsRate", "Bad alternate bits rate"},
+        {52, "eQVXIFerr_programid", "Bad program ID."},
+        {77, "eQVXIFerr_tagbindable", "Bad tag binable flag."},
+        {98, "eQVXIFerr_QVX_editResult_filealreadyopened", "Resource file already opened."},
+        {100, "eQVXIFerr_QVX_editResult_badpid", "Bad program ID."},
+        {107, "eQVXIFerr_QVX_editResult_fileisnotopened", "Resource file already opened."},
+        {119, "eQVXIFerr_GenericErrorEditFile", "Internal error when generating resource file."},
+        {132, "eQVXIFerr_QVX_editResult_badmaxvalue", "Bad type maximum value"},
+        {135, "eQVXIFerr_QVX_editResult_missingucpttypeindex", "A UCPT type index is missing."},
+    };
+    for (const auto& row : rows) {
+        const ErrorRow* found = FindErrorRow(ErrorValue(row.n));
+        ASSERT_NE(found, nullptr) << row.n;
+        EXPECT_EQ(found->name, row.name);
+        EXPECT_EQ(found->message, row.message);
+    }
+}
+
+TEST(Errors, NumbersOutsideTheEnumerationAreRuntimeErrors) {
+    const CErrorHandler handler;
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(ErrorValue(0)); }), 9);
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(ErrorValue(136)); }), 9);
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(0); }), 9);
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(INT32_MAX); }), 6);
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(262143); }), 9);
+    EXPECT_EQ(RaisedNumber([&] { handler.RaiseError(262144); }), 6);
+}
+
+TEST(Errors, AppendedTextFollowsWithoutASeparator) {
+    const auto error = Raised([] { CErrorHandler().RaiseErrorWithString(ErrorValue(55), "x"); });
+    EXPECT_EQ(error->Description(), "Bad network variable name.x");
+}
+
+TEST(Errors, ResultCodesOfTheControlAreMapped) {
+    const std::pair<int, int> rows[] = {{2, 98},   {10, 106}, {11, 107}, {21, 117}, {22, 119},
+                                        {23, 118}, {24, 131}, {25, 132}, {26, 133}, {0, 119},
+                                        {1, 119},  {27, 119}, {-1, 119}};
+    for (const auto& [code, n] : rows)
+        EXPECT_EQ(RaisedNumber([code = code] { CErrorHandler().RaiseQVxTypesEditError(code); }), 1000 + n)
+            << code;
+}
+
+TEST(Resources, AnotherLanguageKeepsTheEnglishTexts) {
+    CResources resources;
+    resources.lang(1);
+    EXPECT_EQ(resources.lang(), 1);
+    EXPECT_EQ(resources.errorString(0), "Domains number must be 1 or 2.");
+    EXPECT_EQ(resources.resource(5), "(CP\\Scope[");
+    EXPECT_FALSE(resources.resource(4).empty());
+    for (const std::int32_t id : {-1, 9})
+        EXPECT_EQ(RaisedNumber([&] { resources.resource(id); }), 9);
+    EXPECT_EQ(RaisedNumber([&] { resources.errorString(135); }), 9);
+}
+
+TEST(ErrorContextTest, TheInnermostStatementWins) {
+    ErrorContext inner{.field = "direction", .file = "a.ini", .line = 0};
+    inner.FillFrom({.record = "nv 1", .field = "other", .file = "b.ini", .line = 7});
+    EXPECT_EQ(inner.record, "nv 1");
+    EXPECT_EQ(inner.field, "direction");
+    EXPECT_EQ(inner.line, 0) << "a line of another file says nothing";
+}
+
+}  // namespace
+}  // namespace tovarek::test

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "Scratch.h"
+#include "support/CTools.h"
+#include "support/Clock.h"
+
+namespace tovarek::test {
+namespace {
+
+TEST(Tools, ExtractFileFallsBackToTheWholePath) {
+    const struct {
+        const char* path;
+        bool removeExtension;
+        const char* name;
+    } rows[] = {
+        {"C:\\dir\\f.txt", false, "f.txt"},
+        {"C:\\dir\\a.b.c", true, "a"},
+        {"C:\\dir\\", true, "C:\\dir\\"},
+        {"file.txt", true, "file.txt"},
+        {"C:f.txt", true, "f"},
+        {"C:\\dir\\.ini", true, "C:\\dir\\.ini"},
+        {"/home/me/node.xif", false, "node.xif"},
+        {"", true, ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CTools().ExtractFile(row.path, row.removeExtension), row.name) << row.path;
+}
+
+TEST(Tools, ExtractPathLeavesTheSeparatorOut) {
+    EXPECT_EQ(CTools().ExtractPath("C:\\dir\\f.txt"), "C:\\dir");
+    EXPECT_EQ(CTools().ExtractPath("C:f.txt"), "C");
+    EXPECT_EQ(CTools().ExtractPath("f.txt"), "");
+}
+
+TEST(Tools, GetFieldsTrimsTheLineAndNotTheFields) {
+    std::int32_t count = -1;
+    std::vector<std::string> fields{"kept"};
+    CTools().GetFields("   ", count, fields, ',');
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(fields, std::vector<std::string>{"kept"});
+    CTools().GetFields("  a,, b  ", count, fields, ',');
+    EXPECT_EQ(fields, (std::vector<std::string>{"a", "", " b"}));
+    CTools().GetFields("a,b,", count, fields, ',');
+    EXPECT_EQ(count, 2);
+}
+
+TEST(Tools, NamesAndHexadecimalTexts) {
+    EXPECT_EQ(CTools().ReplaceBadCharInType("SNVT temp-\xC3\xA9"), "SNVT_temp__");
+    EXPECT_FALSE(CTools().ValidateHexaString(""));
+    EXPECT_FALSE(CTools().ValidateHexaString("09afAF"));
+    EXPECT_TRUE(CTools().ValidateHexaString("9000 01"));
+    EXPECT_TRUE(CTools().ValidateHexaString("0G"));
+}
+
+TEST(Tools, CreateDirectoryMakesOneLevelOnly) {
+    const Scratch scratch;
+    CTools().CreateDirectory(scratch.Folder() + "\\new\\");
+    EXPECT_TRUE(std::filesystem::is_directory(scratch.Path("new")));
+    CTools().CreateDirectory(scratch.Folder() + "\\no\\where\\");
+    EXPECT_FALSE(std::filesystem::exists(scratch.Path("no")));
+    scratch.File("OTHER", "");
+    CTools().CreateDirectory(scratch.Folder() + "\\other");
+    EXPECT_FALSE(std::filesystem::exists(scratch.Path("other"))) << "a file of that name stands in the way";
+}
+
+TEST(Tools, JoinedFoldersEndInOneBackslash) {
+    EXPECT_EQ(WithFinalBackslash("C:\\out"), "C:\\out\\");
+    EXPECT_EQ(WithFinalBackslash("C:\\out\\"), "C:\\out\\");
+    EXPECT_EQ(WithFinalBackslash(""), "\\");
+}
+
+TEST(Dates, HaveTheGeneralForm) {
+    EXPECT_EQ(GeneralDateText({2026, 11, 21, 9, 41, 7}), "11/21/2026 9:41:07 AM");
+    EXPECT_EQ(GeneralDateText({2026, 1, 2, 0, 0, 5}), "1/2/2026 12:00:05 AM");
+    EXPECT_EQ(GeneralDateText({2026, 1, 2, 12, 30, 0}), "1/2/2026 12:30:00 PM");
+    EXPECT_EQ(GeneralDateText({2026, 1, 2, 0, 0, 0}), "1/2/2026") << "no time part at midnight";
+    EXPECT_EQ(GeneralDateText(FixedClock(951841647)->LocalTime()), "2/29/2000 4:27:27 PM");
+}
+
+}  // namespace
+}  // namespace tovarek::test
