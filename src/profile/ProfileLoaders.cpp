@@ -1,0 +1,178 @@
+#include <algorithm>
+#include <optional>
+
+#include "profile/CProfile.h"
+#include "profile/ProfileFields.h"
+#include "support/CTools.h"
+#include "support/Files.h"
+#include "support/Numbers.h"
+#include "support/Text.h"
+#include "support/cIni.h"
+
+namespace tovarek {
+namespace {
+
+// `place` tells where the number stands; it is asked only when the number is refused.
+template <class Place>
+std::int32_t ProfileInt32(const std::string& text, const Place& place) {
+    try {
+        return RoundToInt32(LeadingProfileNumber(text));
+    } catch (Error& error) {
+        error.AddContext({.value = Excerpt(text)});
+        error.AddContext(place());
+        throw;
+    }
+}
+
+// The lines of a file that ends its lines in CR LF, CR or LF, one after the other.
+class LineReader {
+  public:
+    LineReader(std::string_view bytes, std::string file) : rest_(bytes), file_(std::move(file)) {}
+
+    std::string_view Next() {
+        if (rest_.empty())
+            RaiseRuntimeError(RuntimeError::inputPastEndOfFile,
+                              {.file = file_,
+                               .line = lines_ + 1,
+                               .reason = "an XIF file has at least 10 lines, this one ends after " +
+                                         std::to_string(lines_)});
+        ++lines_;
+        return TakeIniLine(rest_);
+    }
+
+  private:
+    std::string_view rest_;
+    std::string file_;
+    int lines_ = 0;
+};
+
+// `line` cut behind its first `count` fields: what follows them is never looked at, however long it is.
+std::string_view FirstFields(std::string_view line, int count) {
+    line = TrimBlanks(line);
+    std::size_t end = 0;
+    for (int i = 0; i < count && end < line.size(); ++i)
+        end = std::min(line.find(' ', end), line.size() - 1) + 1;
+    return line.substr(0, end);
+}
+
+// The line context that an element outside of every line opens: 6 to 10, or 0.
+int LineOfElement(std::string_view upperName) {
+    constexpr std::string_view kPrefix = "XIF_LINE";
+    if (!upperName.starts_with(kPrefix))
+        return 0;
+    for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line)
+        if (upperName.substr(kPrefix.size()) == std::to_string(line))
+            return line;
+    return 0;
+}
+
+const ProfileField* FieldOfElement(int line, const std::string& upperName) {
+    const auto* found =
+        std::find_if(kProfileFields.begin(), kProfileFields.end(), [&](const ProfileField& field) {
+            return field.line == line && field.name.size() == upperName.size() &&
+                   UpperCase(field.name) == upperName;
+        });
+    return found == kProfileFields.end() ? nullptr : found;
+}
+
+}  // namespace
+
+void CProfile::Load() {
+    if (!iniFile.empty()) {
+        LoadFromIni();
+        return;
+    }
+    if (!xifFile.empty()) {
+        LoadFromXif();
+        return;
+    }
+    xmlLines_.fill(0);
+    if (xmlNode)
+        LoadFromXmlNode(xmlNode);
+    // Required in this order: an element alone is loaded and then refused, since a profile is named by its
+    // file.
+    if (xmlFile.empty())
+        errorHandler->RaiseError(
+            eQVXIFerr_profilefilenotdefined,
+            {.reason = xmlNode ? "a profile element alone is not enough, its file has to be named as well"
+                               : "set a profile file: INI, XML or XIF"});
+    LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler));
+}
+
+void CProfile::LoadFromIni() {
+    cIni ini;
+    ini.iniFile(iniFile);
+    const auto text = ini.Text();
+    IniSection section;
+    int line = 0;
+    for (const ProfileField& field : kProfileFields) {
+        if (field.line != line) {
+            line = field.line;
+            text->ReadSection("Line" + std::to_string(line), section);
+        }
+        this->*field.value = section.LongValue(field.iniKey, -1);
+    }
+}
+
+void CProfile::LoadFromXif() {
+    const std::string bytes = ReadFile(xifFile);
+    LineReader lines(bytes, xifFile);
+    for (int line = 1; line < kFirstProfileLine; ++line)
+        lines.Next();
+
+    std::vector<std::string> tokens;
+    const ProfileField* field = kProfileFields.data();
+    const ProfileField* const end = field + kProfileFields.size();
+    while (field != end) {
+        const int line = field->line;
+        const ProfileField* const next =
+            std::find_if(field, end, [&](const auto& f) { return f.line != line; });
+        std::int32_t count = 0;
+        tokens.clear();
+        CTools().GetFields(FirstFields(lines.Next(), std::prev(next)->token), count, tokens, ' ');
+        for (; field != next; ++field) {
+            if (field->token > count) {
+                ErrorContext context = PlaceOf(*field);
+                context.reason = "line " + std::to_string(line) + " of an XIF file holds at least " +
+                                 std::to_string(std::prev(next)->token) +
+                                 " numbers separated by one blank, here are " + std::to_string(count);
+                RaiseRuntimeError(RuntimeError::subscriptOutOfRange, std::move(context));
+            }
+            const std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
+            this->*field->value = ProfileInt32(token, [&] { return PlaceOf(*field); });
+        }
+    }
+}
+
+void CProfile::LoadFromXmlNode(const XmlNode& profile) {
+    loadedXmlFile_ = profile.File();
+    struct Visit {
+        XmlNode node;
+        int line;
+    };
+    // Document order with a stack of our own: what an element's children are is decided by the element
+    // itself.
+    std::vector<Visit> pending{{profile.FirstChild(), 0}};
+    while (!pending.empty()) {
+        const Visit visit = pending.back();
+        pending.pop_back();
+        if (!visit.node)
+            continue;
+        pending.push_back({visit.node.NextSibling(), visit.line});
+        if (!visit.node.IsElement())
+            continue;
+        const std::string name = UpperCase(visit.node.Name());
+        int line = visit.line;
+        if (line == 0) {
+            line = LineOfElement(name);
+        } else if (const ProfileField* field = FieldOfElement(line, name)) {
+            const auto index = static_cast<std::size_t>(field - kProfileFields.data());
+            xmlLines_[index] = visit.node.Line();
+            this->*field->value =
+                ProfileInt32(CTools().nodeTextValue(visit.node), [&] { return PlaceOf(*field); });
+        }
+        pending.push_back({visit.node.FirstChild(), line});
+    }
+}
+
+}  // namespace tovarek
