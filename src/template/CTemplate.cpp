@@ -1,0 +1,52 @@
+#include "template/CTemplate.h"
+
+#include "support/CTools.h"
+#include "support/Text.h"
+
+namespace tovarek {
+
+void CTemplate::Load() {
+    ResetTemplate();
+    if (!iniFile.empty())
+        LoadTemplateFromIni();
+    else if (xmlNode)
+        LoadTemplateFromXmlNode(xmlNode);
+    else if (!xmlFile.empty())
+        LoadTemplateFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler));
+    else
+        errorHandler->RaiseError(eQVXIFerr_templatefilenotdefined,
+                                 {.reason = "set a template file: INI or XML"});
+}
+
+void CTemplate::ResetTemplate() {
+    programID.clear();
+    selfDocumentation.clear();
+    versionCP.clear();
+    numberStaticNvs = 0;
+    maximumNumberOfNvs = 0;
+    numberOfMessageTags = 0;
+    numberOfCps = 0;
+    nvs.clear();
+    tags.clear();
+    cps.clear();
+}
+
+void CTemplate::AddNameInCp() {
+    for (CCp& cp : cps)
+        cp.AddNameInString();
+}
+
+std::string CTemplate::displayPID() const {
+    std::string display;
+    std::string_view rest = programID;
+    for (int group = 0; group < 8; ++group) {
+        if (group > 0)
+            display += ':';
+        const std::string_view pair = FirstCharacters(rest, 2);
+        display += pair;
+        rest.remove_prefix(pair.size());
+    }
+    return display;
+}
+
+}  // namespace tovarek

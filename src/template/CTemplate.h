@@ -1,0 +1,74 @@
+// The application template: the device's application interface as the XIF file describes it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "support/CErrorHandler.h"
+#include "support/Xml.h"
+#include "template/CCp.h"
+#include "template/CNv.h"
+#include "template/CTag.h"
+#include "types/catalog/CCatalog.h"
+
+namespace tovarek {
+
+class CTemplate {
+  public:
+    // ---- the source; Load takes the first that is set: INI, node, XML file ----
+    std::string iniFile;      // an INI template
+    std::string xmlFile;      // an XML file that holds the template element
+    std::string xmlNodeName;  // name of the template element in xmlFile
+    XmlNode xmlNode;          // a template element that is loaded already
+
+    // The user type file that the template names. Kept from load to load when a template names none.
+    std::string userTypeFile;
+
+    // Raises every error of the template's own; set before Load and VerifyData.
+    const CErrorHandler* errorHandler = nullptr;
+
+    // ---- the content ----
+    std::string selfDocumentation;
+    std::int32_t numberStaticNvs = 0;
+    std::int32_t maximumNumberOfNvs = 0;
+    std::string programID;  // 16 hexadecimal digits in upper case once validated
+    std::int32_t numberOfMessageTags = 0;
+    std::int32_t numberOfCps = 0;
+    std::string versionCP;  // version of the configuration-property file
+    std::vector<CNv> nvs;
+    std::vector<CTag> tags;
+    std::vector<CCp> cps;
+
+    // Standard type catalog that VerifyData looks types up in.
+    CCatalog* catalog = nullptr;
+
+    // Fills the template from its source; everything of an earlier load but userTypeFile is gone. Values are
+    // not checked. Raises error 50 without a source, the errors of CTools::SearchXmlNode for XML, and runtime
+    // error 6 for a number of an XML template or an index of the variable table beyond 32 bits.
+    void Load();
+
+    // Checks the template in a fixed order, raises the first fault, and completes what a template may leave
+    // out: the program ID in upper case, lengths of standard types from the catalog, absent property values.
+    // What was completed before a fault stays.
+    void VerifyData();
+
+    // Adds the names of the configuration properties to their declarations.
+    void AddNameInCp();
+
+    // The program ID in groups of two characters joined by ":", e.g. "90:00:01:0A:0B:04:01:00". Characters 1
+    // to 16 of whatever programID holds; a shorter one leaves groups empty.
+    std::string displayPID() const;
+
+  private:
+    void ResetTemplate();
+    void LoadTemplateFromIni();
+    void LoadTemplateFromXmlNode(const XmlNode& node);
+
+    void VerifyTemplate();
+    void VerifyNv(CNv& nv, std::size_t position);
+    void VerifyTag(const CTag& tag, std::size_t position);
+    void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros);
+};
+
+}  // namespace tovarek

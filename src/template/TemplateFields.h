@@ -1,0 +1,73 @@
+// The tables of the template's fields: how each is called in INI and XML templates.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "template/CTemplate.h"
+
+namespace tovarek {
+
+// One field of a record. Exactly one of `number` and `text` is set. A name that is empty: that form has no
+// such field.
+template <class Record>
+struct RecordField {
+    std::string_view iniKey;   // in the record's numbered section
+    std::string_view xmlName;  // child element of the record's element, upper case
+    std::int32_t Record::*number = nullptr;
+    std::string Record::*text = nullptr;
+    std::int32_t iniDefault = 0;  // for a number whose key is missing
+};
+
+// A field of the template itself: an INI section and key, and an XML element.
+struct TemplateField {
+    std::string_view iniSection;
+    std::string_view iniKey;
+    std::string_view xmlName;
+    std::int32_t CTemplate::*number = nullptr;
+    std::string CTemplate::*text = nullptr;
+};
+
+std::span<const TemplateField> TemplateFields();
+std::span<const RecordField<CNv>> NvFields();
+std::span<const RecordField<CTag>> TagFields();
+std::span<const RecordField<CCp>> CpFields();
+
+// The one field whose XML form is a word: "INPUT" is 0, everything else 1.
+inline constexpr std::string_view kDirectionElement = "DIRECTION";
+
+// What a record is called in messages, and its INI sections: the prefix and the record's number from 1.
+template <class Record>
+struct RecordNames;
+template <>
+struct RecordNames<CNv> {
+    static constexpr std::string_view kind = "network variable";
+    static constexpr std::string_view iniPrefix = "nv";
+    static std::span<const RecordField<CNv>> Fields() { return NvFields(); }
+};
+template <>
+struct RecordNames<CTag> {
+    static constexpr std::string_view kind = "message tag";
+    static constexpr std::string_view iniPrefix = "tag";
+    static std::span<const RecordField<CTag>> Fields() { return TagFields(); }
+};
+template <>
+struct RecordNames<CCp> {
+    static constexpr std::string_view kind = "configuration property";
+    static constexpr std::string_view iniPrefix = "cp";
+    static std::span<const RecordField<CCp>> Fields() { return CpFields(); }
+};
+
+// "network variable 3 (nviTemp)"; `position` counts from 0.
+template <class Record>
+std::string RecordTitle(const Record& record, std::size_t position) {
+    std::string title(RecordNames<Record>::kind);
+    title += ' ' + std::to_string(position + 1);
+    if (!record.name.empty())
+        title += " (" + record.name + ")";
+    return title;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,127 @@
+// The INI form of a template: sections "general", "nvs", "tags" and "cps", and one numbered section per
+// record.
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "support/Numbers.h"
+#include "support/Text.h"
+#include "support/cIni.h"
+#include "template/CTemplate.h"
+#include "template/TemplateFields.h"
+
+namespace tovarek {
+namespace {
+
+// The counts of a template are taken as they stand and may be anything. Reading stops where validation is
+// bound to refuse the template all the same: behind the first record that is one too many.
+constexpr std::int32_t kMostNvsRead = 4097;
+constexpr std::int32_t kMostTagsRead = 15;
+
+template <class Record>
+void ReadRecord(const IniText& text, std::int64_t number, IniSection& section, Record& record) {
+    std::string name(RecordNames<Record>::iniPrefix);
+    AppendInteger(name, number);
+    text.ReadSection(name, section);
+    for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
+        if (field.iniKey.empty())
+            continue;
+        if (field.text != nullptr)
+            record.*field.text = section.StringValue(field.iniKey, "");
+        else
+            record.*field.number = section.LongValue(field.iniKey, field.iniDefault);
+    }
+}
+
+std::int32_t TableEntries(std::int32_t arraySize) {
+    return std::max(arraySize, 1);
+}
+
+// Entries of the variable table that the sections behind the last one read would take: one for each, more for
+// those that exist and declare an array.
+std::int64_t EntriesBehind(const IniText& text, std::int32_t lastRead, std::int32_t count) {
+    std::int64_t entries = std::int64_t{count} - lastRead;
+    IniSection section;
+    text.ForEachSection([&](std::string_view name) {
+        constexpr std::string_view kPrefix = RecordNames<CNv>::iniPrefix;
+        if (name.size() <= kPrefix.size() || !CaselessEqual()(name.substr(0, kPrefix.size()), kPrefix))
+            return;
+        const std::string_view digits = name.substr(kPrefix.size());
+        std::int32_t number = 0;
+        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+        const bool isNumber = parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size() &&
+                              IsDigit(digits.front()) && digits.front() != '0';
+        if (!isNumber || number <= lastRead || number > count)
+            return;
+        text.ReadSection(name, section);
+        entries += TableEntries(section.LongValue("arraySize", 0)) - 1;
+    });
+    return entries;
+}
+
+void ReadNvs(const IniText& text, std::int32_t count, std::vector<CNv>& nvs) {
+    const std::int32_t read = std::min(count, kMostNvsRead);
+    IniSection section;
+    std::int32_t index = 0;
+    nvs.reserve(static_cast<std::size_t>(std::max(read, 0)));
+    for (std::int32_t number = 1; number <= read; ++number) {
+        CNv& nv = nvs.emplace_back();
+        nv.index = index;
+        ReadRecord(text, number, section, nv);
+        index = AddChecked(index, TableEntries(nv.arraySize));
+    }
+    if (count > read && index + EntriesBehind(text, read, count) > INT32_MAX)
+        RaiseRuntimeError(RuntimeError::overflow);
+}
+
+void ReadTags(const IniText& text, std::int32_t count, std::vector<CTag>& tags) {
+    IniSection section;
+    for (std::int32_t number = 1; number <= std::min(count, kMostTagsRead); ++number) {
+        CTag& tag = tags.emplace_back();
+        ReadRecord(text, number, section, tag);
+        tag.index = number - 1;
+    }
+}
+
+void ReadCps(const IniText& text, std::int32_t count, std::vector<CCp>& cps) {
+    IniSection section;
+    for (std::int64_t number = 1; number <= count; ++number) {
+        CCp& cp = cps.emplace_back();
+        ReadRecord(text, number, section, cp);
+        if (cp.arraySize == 1)
+            cp.arraySize = 0;
+        // Validation ends at the first property without a declaration at the latest.
+        if (cp.declaration.empty())
+            break;
+    }
+}
+
+}  // namespace
+
+void CTemplate::LoadTemplateFromIni() {
+    cIni ini;
+    ini.iniFile(iniFile);
+    const auto text = ini.Text();
+    IniSection section;
+    for (const TemplateField& field : TemplateFields()) {
+        text->ReadSection(field.iniSection, section);
+        if (field.text != nullptr)
+            this->*field.text = section.StringValue(field.iniKey, "");
+        else
+            this->*field.number = section.LongValue(field.iniKey, 0);
+    }
+    try {
+        ReadNvs(*text, numberStaticNvs, nvs);
+    } catch (Error& error) {
+        error.AddContext(
+            {.record = "section [nvs]",
+             .field = "arraySize",
+             .file = iniFile,
+             .reason = "the array sizes add up to more entries of the variable table than can be counted"});
+        throw;
+    }
+    ReadTags(*text, numberOfMessageTags, tags);
+    ReadCps(*text, numberOfCps, cps);
+}
+
+}  // namespace tovarek

@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "Scratch.h"
+#include "template/CTemplate.h"
+
+namespace tovarek::test {
+namespace {
+
+const CErrorHandler kHandler;
+
+// A template that passes, with the shipped catalog.
+class TemplateRules : public testing::Test {
+  protected:
+    TemplateRules() {
+        catalog_.catalogDir(TOVAREK_CATALOG);
+        good_.errorHandler = &kHandler;
+        good_.catalog = &catalog_;
+        good_.programID = "9000010A0B040100";
+        good_.nvs.push_back({.name = "nviA", .typeIndex = 105});
+        good_.nvs.push_back({.name = "nviB", .length = 4});
+        good_.numberStaticNvs = 2;
+        good_.maximumNumberOfNvs = 2;
+        good_.tags.push_back({.name = "t"});
+        good_.numberOfMessageTags = 1;
+        good_.cps.push_back({.declaration = "0,1,2,45,2,3"});
+        good_.numberOfCps = 1;
+        good_.versionCP = "1.0";
+    }
+
+    int Verify(const std::function<void(CTemplate&)>& change) {
+        changed_ = good_;
+        change(changed_);
+        return RaisedNumber([&] { changed_.VerifyData(); });
+    }
+
+    CCatalog catalog_;
+    CTemplate good_;
+    CTemplate changed_;
+};
+
+TEST_F(TemplateRules, TheProgramIdIsNormalised) {
+    EXPECT_EQ(Verify([](CTemplate& t) { t.programID = " 9000010a0b040100 "; }), 0);
+    EXPECT_EQ(changed_.programID, "9000010A0B040100");
+    for (const char* bad :
+         {"", "9000010A0B04010", "9000010A0B0401000", "9000010A0B04010G", "9000010A0B0401\xC3\xA9"})
+        EXPECT_EQ(Verify([&](CTemplate& t) { t.programID = bad; }), 1052) << bad;
+}
+
+TEST_F(TemplateRules, TheNumbersOfVariablesAreLimitedBySum) {
+    const struct {
+        std::int32_t fixed, most;
+        int error;
+    } rows[] = {{-1, 0, 1053},      {4097, 4097, 1053}, {4096, 4096, 1054}, {2048, 2048, 0},
+                {2049, 2049, 1054}, {3000, 3000, 1054}, {5, 4, 1054},       {2, INT32_MAX, 1054},
+                {0, 4096, 0},       {1, 4096, 1054}};
+    for (const auto& row : rows)
+        EXPECT_EQ(Verify([&](CTemplate& t) {
+                      t.numberStaticNvs = row.fixed;
+                      t.maximumNumberOfNvs = row.most;
+                  }),
+                  row.error)
+            << row.fixed << " " << row.most;
+}
+
+TEST_F(TemplateRules, EveryFieldOfAVariableIsChecked) {
+    const struct {
+        std::int32_t CNv::*field;
+        std::int32_t value;
+        int error;
+    } rows[] = {
+        {&CNv::avgRate, -1, 1056},
+        {&CNv::maxRate, -1, 1057},
+        {&CNv::arraySize, -1, 1058},
+        {&CNv::offline, 2, 1059},
+        {&CNv::direction, -1, 1060},
+        {&CNv::defaultService, 3, 1061},
+        {&CNv::serviceCanBeChanged, 2, 1062},
+        {&CNv::defaultAuth, 2, 1063},
+        {&CNv::authCanBeChanged, -1, 1064},
+        {&CNv::defaultPriority, 2, 1065},
+        {&CNv::priorityCanBeChanged, 2, 1066},
+        {&CNv::polled, 2, 1067},
+        {&CNv::synchronized, 2, 1068},
+        {&CNv::configuration, 2, 1069},
+        {&CNv::typeIndex, -1, 1070},
+        {&CNv::length, 0, 1071},
+        {&CNv::length, 32, 1071},
+        {&CNv::length, 31, 0},
+        {&CNv::defaultService, 2, 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Verify([&](CTemplate& t) { t.nvs[1].*row.field = row.value; }), row.error) << row.error;
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].name = ""; }), 1055);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0] = {.name = "", .avgRate = -1, .direction = -1}; }), 1055);
+}
+
+TEST_F(TemplateRules, StandardTypesTakeTheirLengthFromTheCatalog) {
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].length = 30; }), 0);
+    EXPECT_EQ(changed_.nvs[0].length, 2) << "SNVT_temp_p has two bytes whatever the template says";
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].typeIndex = 140; }), 1072) << "a number without a type";
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].typeIndex = 216; }), 1072) << "a type of unknown size";
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].typeIndex = 255; }), 1072);
+    CCatalog closed;
+    EXPECT_EQ(Verify([&](CTemplate& t) { t.catalog = &closed; }), 1072);
+}
+
+TEST_F(TemplateRules, TypesAbove255AreTheUsers) {
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[1].typeIndex = 300; }), 0);
+    EXPECT_EQ(changed_.nvs[1].unvtType, 300);
+    EXPECT_EQ(changed_.nvs[1].typeIndex, 0);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[1] = {.name = "n", .typeIndex = 256}; }), 1071);
+}
+
+TEST_F(TemplateRules, TagsAreChecked) {
+    EXPECT_EQ(Verify([](CTemplate& t) { t.numberOfMessageTags = 15; }), 1073);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.numberOfMessageTags = 14; }), 0);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.tags[0].name = ""; }), 1074);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.tags[0].avgRate = -1; }), 1075);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.tags[0].maxRate = -1; }), 1076);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.tags[0].bindable = 2; }), 1077);
+}
+
+TEST_F(TemplateRules, PropertiesAreCompleted) {
+    EXPECT_EQ(Verify([](CTemplate&) {}), 0);
+    const CCp& cp = changed_.cps[0];
+    EXPECT_EQ(cp.declaration, "0,1,2,45,2,3;");
+    EXPECT_EQ(cp.defaultValue, "000000000000");
+    EXPECT_EQ(cp.initValue, cp.defaultValue);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.cps[0].defaultValue = "0102030405ff"; }), 0);
+    EXPECT_EQ(changed_.cps[0].maxValue, "0102030405ff");
+}
+
+TEST_F(TemplateRules, PropertiesAreChecked) {
+    EXPECT_EQ(Verify([](CTemplate& t) { t.numberOfCps = -1; }), 1078);
+    EXPECT_EQ(Verify([](CTemplate& t) { t.versionCP = ""; }), 1079);
+    EXPECT_EQ(Verify([](CTemplate& t) {
+                  t.versionCP = "";
+                  t.numberOfCps = 0;
+              }),
+              0);
+    const struct {
+        const char* declaration;
+        const char* value;
+        const char* initial;
+        const char* minimum;
+        const char* maximum;
+        int error;
+    } rows[] = {
+        {"", "", "", "", "", 1080},
+        {"0,1,2,45", "", "", "", "", 1081},
+        {"0,1,2,45,0", "", "", "", "", 1081},
+        {"0,1,2,45,1,-1", "", "", "", "", 1082},
+        {"0,1,2,45,1", "0", "", "", "", 1083},
+        {"0,1,2,45,1", "", "000", "", "", 1084},
+        {"0,1,2,45,1", "", "", "0", "", 1085},
+        {"0,1,2,45,1", "", "", "", "0", 1086},
+        {"0,1,2,45,1", "0G", "", "", "0", 1086},  // lengths come before digits
+        {"0,1,2,45,1", "0G", "", "", "", 1083},
+        {"0,1,2,45,1", "", "", "", "-1", 1086},
+        {"0,1,2,45,65536,65536", "", "", "", "", 6},
+        {"0,1,2,45,1073741824", "", "", "", "", 6},
+        {"0,1,2,45,2147483648", "", "", "", "", 6},
+        {"0,1,2,45,1000000000", "", "", "", "", 7},
+        {"0,1,2,45,1000000000", "00", "", "", "", 1083},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Verify([&](CTemplate& t) {
+                      t.cps[0] = {.declaration = row.declaration,
+                                  .defaultValue = row.value,
+                                  .initValue = row.initial,
+                                  .minValue = row.minimum,
+                                  .maxValue = row.maximum};
+                  }),
+                  row.error)
+            << row.declaration << " " << row.error;
+}
+
+TEST_F(TemplateRules, FaultsNameRecordFieldAndLine) {
+    const Scratch scratch;
+    CTemplate loaded;
+    loaded.errorHandler = &kHandler;
+    loaded.catalog = &catalog_;
+    loaded.iniFile = scratch.File("t.ini",
+                                  "[general]\nprogramID=9000010A0B040100\n[nvs]\nnumberOfStaticNvs=1\n"
+                                  "maximumNumberOfNvs=1\n[nv1]\nname=nviA\ntype=8\nDirection=5\n");
+    loaded.Load();
+    const auto error = Raised([&] { loaded.VerifyData(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Context().record, "network variable 1 (nviA)");
+    EXPECT_EQ(error->Context().field, "direction");
+    EXPECT_EQ(error->Context().value, "5");
+    EXPECT_EQ(error->Context().line, 9);
+    EXPECT_EQ(error->Context().file, loaded.iniFile);
+}
+
+}  // namespace
+}  // namespace tovarek::test
