@@ -1,0 +1,113 @@
+#include "component/Tovarek.h"
+
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include "component/XifWriter.h"
+
+namespace tovarek {
+namespace {
+
+// Sets one of the profile's sources: all are emptied, then the one is stored.
+template <class Value>
+void SetSource(CProfile& profile, Value CProfile::*source, const Value& value) {
+    // The value may live in one of the members that are emptied.
+    Value kept = value;
+    profile.iniFile.clear();
+    profile.xmlFile.clear();
+    profile.xifFile.clear();
+    profile.xmlNode = {};
+    profile.*source = std::move(kept);
+}
+
+template <class Value>
+void SetSource(CTemplate& target, Value CTemplate::*source, const Value& value) {
+    Value kept = value;
+    target.iniFile.clear();
+    target.xmlFile.clear();
+    target.xmlNode = {};
+    target.*source = std::move(kept);
+}
+
+}  // namespace
+
+Tovarek::Tovarek() : clock_(SystemClock()) {}
+
+void Tovarek::SetClock(std::shared_ptr<const Clock> clock) {
+    clock_ = std::move(clock);
+    catalog_.types.SetClock(clock_);
+}
+
+void Tovarek::RaiseWhenCatalogFailed() const {
+    if (catalog_.errorOpeningCatalog())
+        errorHandler_.RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist, catalog_.OpeningFailure());
+}
+
+void Tovarek::catalogDir(const std::string& value) {
+    catalog_.catalogDir(value);
+    RaiseWhenCatalogFailed();
+}
+
+void Tovarek::catalogFile(const std::string& value) {
+    catalog_.catalogFile(value);
+    RaiseWhenCatalogFailed();
+}
+
+void Tovarek::iniProfileFile(const std::string& value) {
+    SetSource(profile_, &CProfile::iniFile, value);
+}
+void Tovarek::xmlProfileFile(const std::string& value) {
+    SetSource(profile_, &CProfile::xmlFile, value);
+}
+void Tovarek::xmlProfileNode(const XmlNode& value) {
+    SetSource(profile_, &CProfile::xmlNode, value);
+}
+void Tovarek::xifProfileFile(const std::string& value) {
+    SetSource(profile_, &CProfile::xifFile, value);
+}
+
+void Tovarek::iniTemplateFile(const std::string& value) {
+    SetSource(template_, &CTemplate::iniFile, value);
+}
+void Tovarek::xmlTemplateFile(const std::string& value) {
+    SetSource(template_, &CTemplate::xmlFile, value);
+}
+void Tovarek::xmlTemplateNode(const XmlNode& value) {
+    SetSource(template_, &CTemplate::xmlNode, value);
+}
+
+void Tovarek::Generate() {
+    writtenFiles_.clear();
+    try {
+        template_.errorHandler = &errorHandler_;
+        template_.catalog = &catalog_;
+        template_.Load();
+        template_.VerifyData();
+        if (addNameInCpString_)
+            template_.AddNameInCp();
+        if (mustGenerateTypes_)
+            GenerateTypeFiles();
+        if (mustGenerateXif_)
+            GenerateXif();
+    } catch (const std::bad_alloc&) {
+        RaiseRuntimeError(RuntimeError::outOfMemory);
+    } catch (const std::length_error&) {
+        RaiseRuntimeError(RuntimeError::outOfMemory);
+    }
+}
+
+void Tovarek::GenerateTypeFiles() {
+    RaiseRuntimeError(RuntimeError::actionNotSupported,
+                      {.field = "mustGenerateTypes",
+                       .value = "true",
+                       .reason = "resource files cannot be generated yet; set mustGenerateTypes to false"});
+}
+
+void Tovarek::GenerateXif() {
+    profile_.errorHandler = &errorHandler_;
+    WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_);
+    writtenFiles_.push_back(outputXIFfile_);
+}
+
+}  // namespace tovarek
