@@ -1,0 +1,172 @@
+#include "cli/Assignments.h"
+
+#include <algorithm>
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <vector>
+
+#include "cli/Report.h"
+#include "support/CTools.h"
+#include "support/Files.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const Property& PropertyOf(const std::string& name) {
+    if (const Property* property = FindProperty(name))
+        return *property;
+    std::vector<std::string> names;
+    for (const Property& property : Properties())
+        names.emplace_back(property.name);
+    const std::string nearest = Nearest(name, names);
+    throw WrongUse("unknown property '" + Excerpt(name) + "'" +
+                   (nearest.empty() ? std::string() : "; did you mean '" + nearest + "'?"));
+}
+
+[[noreturn]] void RefuseValue(const Property& property, const std::string& shown, const char* wanted) {
+    throw WrongUse("'" + Excerpt(shown) + "' is no value for " + std::string(property.name) + ": " + wanted);
+}
+
+constexpr const char* kBooleanWanted = "true or false is wanted";
+constexpr const char* kIntegerWanted = "a whole number between -2147483648 and 2147483647 is wanted";
+constexpr const char* kStringWanted = "a string is wanted";
+
+XmlNode LoadElement(const std::string& file, const std::string& element) {
+    return CTools().SearchXmlNode(file, element, CErrorHandler());
+}
+
+std::optional<bool> BooleanOf(const std::string& text) {
+    const std::string upper = UpperCase(text);
+    if (upper == "TRUE" || upper == "1")
+        return true;
+    if (upper == "FALSE" || upper == "0")
+        return false;
+    return std::nullopt;
+}
+
+std::optional<std::int32_t> IntegerOf(const std::string& text) {
+    std::int32_t value = 0;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
+PropertyValue ValueOfText(const Property& property, const std::string& text) {
+    switch (property.kind) {
+        case PropertyKind::boolean:
+            if (const auto value = BooleanOf(text))
+                return *value;
+            RefuseValue(property, text, kBooleanWanted);
+        case PropertyKind::integer:
+            if (const auto value = IntegerOf(text))
+                return *value;
+            RefuseValue(property, text, kIntegerWanted);
+        case PropertyKind::node: {
+            const std::size_t mark = text.rfind('#');
+            if (text.empty())
+                return XmlNode();
+            if (mark == std::string::npos)
+                RefuseValue(property, text, "FILE#ELEMENT is wanted");
+            return LoadElement(text.substr(0, mark), text.substr(mark + 1));
+        }
+        case PropertyKind::string:
+            break;
+    }
+    return text;
+}
+
+PropertyValue ValueOfJson(const Property& property, const Json& json) {
+    const auto refuse = [&](const char* wanted) {
+        RefuseValue(property, json.dump(-1, ' ', false, Json::error_handler_t::replace), wanted);
+    };
+    switch (property.kind) {
+        case PropertyKind::boolean:
+            if (!json.is_boolean())
+                refuse(kBooleanWanted);
+            return json.get<bool>();
+        case PropertyKind::integer:
+            if (!json.is_number_integer() ||
+                (json.is_number_unsigned() && json.get<std::uint64_t>() > INT32_MAX) ||
+                json.get<std::int64_t>() < INT32_MIN)
+                refuse(kIntegerWanted);
+            return json.get<std::int32_t>();
+        case PropertyKind::node:
+            if (!json.is_object() || !json.contains("file") || !json.contains("element") ||
+                json.size() != 2 || !json["file"].is_string() || !json["element"].is_string())
+                refuse(R"({"file": path, "element": name} is wanted)");
+            return LoadElement(json["file"].get<std::string>(), json["element"].get<std::string>());
+        case PropertyKind::string:
+            break;
+    }
+    if (!json.is_string())
+        refuse(kStringWanted);
+    return json.get<std::string>();
+}
+
+// The job as one JSON object, keys in the order of the file. The same key twice is refused: which one acts
+// last would be a guess.
+Json ReadJob(const std::string& path) {
+    std::string bytes;
+    try {
+        bytes = ReadFile(path);
+    } catch (const Error& error) {
+        throw WrongUse("job file '" + path + "': " + error.Description());
+    }
+    std::vector<std::vector<std::string>> keys;
+    std::string repeated;
+    const Json::parser_callback_t watch = [&](int depth, Json::parse_event_t event, Json& parsed) {
+        constexpr int kDeepestValue = 32;
+        if (depth > kDeepestValue)
+            throw WrongUse("job file '" + path + "' is nested too deeply");
+        if (event == Json::parse_event_t::object_start)
+            keys.emplace_back();
+        else if (event == Json::parse_event_t::object_end)
+            keys.pop_back();
+        else if (event == Json::parse_event_t::key) {
+            const auto key = parsed.get<std::string>();
+            if (std::find(keys.back().begin(), keys.back().end(), key) != keys.back().end())
+                repeated = key;
+            keys.back().push_back(key);
+        }
+        return true;
+    };
+    try {
+        Json job = Json::parse(bytes, watch);
+        if (!repeated.empty())
+            throw WrongUse("job file '" + path + "' sets '" + Excerpt(repeated) + "' twice");
+        if (!job.is_object())
+            throw WrongUse("job file '" + path + "' is no JSON object {property: value}");
+        return job;
+    } catch (const Json::exception& error) {
+        throw WrongUse("job file '" + path + "' is no JSON: " + error.what());
+    }
+}
+
+}  // namespace
+
+void AssignText(Tovarek& component, const std::string& name, const std::string& text) {
+    const Property& property = PropertyOf(name);
+    property.set(component, ValueOfText(property, text));
+}
+
+void AssignPair(Tovarek& component, const std::string& pair) {
+    const std::size_t equals = pair.find('=');
+    if (equals == std::string::npos)
+        throw WrongUse("'" + Excerpt(pair) + "' is not of the form NAME=VALUE");
+    AssignText(component, pair.substr(0, equals), pair.substr(equals + 1));
+}
+
+void AssignJob(Tovarek& component, const std::string& path) {
+    const Json job = ReadJob(path);
+    for (const auto& [name, value] : job.items()) {
+        const Property& property = PropertyOf(name);
+        property.set(component, ValueOfJson(property, value));
+    }
+}
+
+}  // namespace tovarek

@@ -1,0 +1,71 @@
+#include "cli/GenerateCommand.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
+
+#include "cli/Assignments.h"
+#include "cli/Locations.h"
+#include "component/Tovarek.h"
+
+namespace tovarek {
+namespace {
+
+void Apply(Tovarek& component, const Setting& setting) {
+    switch (setting.kind) {
+        case Setting::Kind::property:
+            AssignText(component, setting.name, setting.value);
+            break;
+        case Setting::Kind::pair:
+            AssignPair(component, setting.value);
+            break;
+        case Setting::Kind::job:
+            AssignJob(component, setting.value);
+            break;
+    }
+}
+
+// Builds that are to be reproduced name their date in seconds since 1970.
+void TakeClockFromEnvironment(Tovarek& component) {
+    const char* const variable = std::getenv("SOURCE_DATE_EPOCH");
+    if (variable == nullptr || *variable == '\0')
+        return;
+    const std::string_view text = variable;
+    constexpr std::int64_t kEndOf9999 = 253402300799;
+    std::int64_t seconds = 0;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || seconds < 0 ||
+        seconds > kEndOf9999)
+        throw WrongUse("SOURCE_DATE_EPOCH is '" + std::string(text) +
+                       "'; whole seconds since 1970, up to the year 9999, are wanted");
+    component.SetClock(FixedClock(seconds));
+}
+
+// A catalog property that was set, even in vain, is the user's word; only without one the shipped catalog
+// stands in.
+void UseShippedCatalog(Tovarek& component) {
+    if (!component.catalogDir().empty() || component.catalogFile() != Tovarek().catalogFile())
+        return;
+    if (const std::string folder = ShippedCatalogFolder(); !folder.empty())
+        component.catalogDir(folder);
+}
+
+}  // namespace
+
+int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Streams streams) {
+    Tovarek component;
+    try {
+        TakeClockFromEnvironment(component);
+        for (const Setting& setting : settings)
+            Apply(component, setting);
+        UseShippedCatalog(component);
+        component.Generate();
+    } catch (const WrongUse& fault) {
+        return ReportWrongUse(fault.what(), streams);
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
+    return ReportWritten(component.WrittenFiles(), format, streams);
+}
+
+}  // namespace tovarek

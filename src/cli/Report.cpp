@@ -1,0 +1,144 @@
+#include "cli/Report.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "support/ErrorTable.h"
+#include "support/Files.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Texts of inputs may hold any bytes; what is no UTF-8 is replaced rather than refused.
+std::string Dump(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
+// One line whatever the input held.
+std::string OneLine(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    return line;
+}
+
+Json ContextJson(const ErrorContext& context) {
+    Json json = Json::object();
+    const auto put = [&json](const char* key, const std::string& value) {
+        if (!value.empty())
+            json[key] = value;
+    };
+    put("record", context.record);
+    put("field", context.field);
+    if (!context.field.empty() || !context.value.empty())
+        json["value"] = context.value;
+    put("file", context.file);
+    if (context.line > 0)
+        json["line"] = context.line;
+    put("reason", context.reason);
+    return json;
+}
+
+void WriteContext(const ErrorContext& context, std::ostream& out) {
+    if (!context.record.empty())
+        out << "  in:    " << OneLine(context.record) << '\n';
+    if (!context.field.empty())
+        out << "  field: " << OneLine(context.field) << '\n';
+    if (!context.field.empty() || !context.value.empty())
+        out << "  value: \"" << OneLine(context.value) << "\"\n";
+    if (!context.file.empty()) {
+        out << "  at:    " << OneLine(context.file);
+        if (context.line > 0)
+            out << ':' << context.line;
+        out << '\n';
+    }
+    if (!context.reason.empty())
+        out << "  why:   " << OneLine(context.reason) << '\n';
+}
+
+}  // namespace
+
+std::string_view ErrorName(std::int32_t number) {
+    if (const ErrorRow* row = FindErrorRow(number))
+        return row->name;
+    const std::string_view runtime = RuntimeErrorName(number);
+    return runtime.empty() ? "unknown" : runtime;
+}
+
+std::string ErrorNumberText(std::int32_t number) {
+    if (number >= 0)
+        return std::to_string(number);
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(number));
+    return text.data();
+}
+
+int ReportError(const Error& error, OutputFormat format, Streams streams) {
+    if (format == OutputFormat::json) {
+        streams.out << Dump({{"error", error.Number()},
+                             {"code", ErrorNumberText(error.Number())},
+                             {"name", ErrorName(error.Number())},
+                             {"description", error.Description()},
+                             {"source", error.Source()},
+                             {"context", ContextJson(error.Context())}})
+                    << '\n';
+        return kFailed;
+    }
+    streams.error << "tovarek: error " << ErrorNumberText(error.Number()) << ' ' << ErrorName(error.Number())
+                  << ": " << error.Description() << '\n';
+    WriteContext(error.Context(), streams.error);
+    return kFailed;
+}
+
+int ReportWrongUse(const std::string& message, Streams streams) {
+    streams.error << "tovarek: " << message << "\nTry 'tovarek --help'.\n";
+    return kWrongUse;
+}
+
+int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams) {
+    if (format == OutputFormat::json) {
+        Json written = Json::array();
+        for (const std::string& file : files)
+            written.push_back({{"file", file}, {"bytes", StampOf(file).size}});
+        streams.out << Dump({{"written", written}}) << '\n';
+        return kDone;
+    }
+    for (const std::string& file : files)
+        streams.out << "wrote " << file << " (" << StampOf(file).size << " bytes)\n";
+    if (files.empty())
+        streams.out << "nothing to write: the template is in order\n";
+    return kDone;
+}
+
+std::string Nearest(std::string_view word, const std::vector<std::string>& candidates) {
+    const std::string wanted = UpperCase(word.substr(0, 64));
+    std::string best;
+    // Names that share less than about half of their letters are no help.
+    std::size_t bestDistance = wanted.size() / 2 + 1;
+    for (const std::string& candidate : candidates) {
+        const std::string name = UpperCase(candidate);
+        std::vector<std::size_t> row(name.size() + 1);
+        for (std::size_t j = 0; j <= name.size(); ++j)
+            row[j] = j;
+        for (std::size_t i = 1; i <= wanted.size(); ++i) {
+            std::size_t diagonal = std::exchange(row[0], i);
+            for (std::size_t j = 1; j <= name.size(); ++j) {
+                const std::size_t replaced = diagonal + (wanted[i - 1] == name[j - 1] ? 0 : 1);
+                diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
+            }
+        }
+        if (row.back() < bestDistance) {
+            bestDistance = row.back();
+            best = candidate;
+        }
+    }
+    return best;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "../component/Device.h"
+#include "cli/CommandLine.h"
+
+namespace tovarek::test {
+namespace {
+
+struct Answer {
+    int status = 0;
+    std::string out;
+    std::string error;
+};
+
+Answer Call(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "tovarek");
+    std::ostringstream out;
+    std::ostringstream error;
+    Answer run;
+    run.status = RunCommandLine(arguments, {out, error});
+    run.out = out.str();
+    run.error = error.str();
+    return run;
+}
+
+class CommandLine : public testing::Test {
+  protected:
+    CommandLine() {
+        setenv("SOURCE_DATE_EPOCH", "1795254067", 1);
+        profile_ = scratch_.File("profile.ini", kProfileIni);
+        template_ = scratch_.File("template.ini", kTemplateIni);
+        xif_ = scratch_.Path("node.xif");
+        base_ = {"generate",
+                 "--catalogDir",
+                 TOVAREK_CATALOG,
+                 "--mustGenerateTypes",
+                 "false",
+                 "--iniProfileFile",
+                 profile_,
+                 "--iniTemplateFile",
+                 template_,
+                 "--outputXIFfile",
+                 xif_};
+    }
+    ~CommandLine() override { unsetenv("SOURCE_DATE_EPOCH"); }
+
+    Answer Generate(const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> arguments = base_;
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Call(arguments);
+    }
+
+    Scratch scratch_;
+    std::string profile_, template_, xif_;
+    std::vector<std::string> base_;
+};
+
+TEST_F(CommandLine, GeneratesAndSaysWhatWasWritten) {
+    const Answer run = Generate();
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(run.out, "wrote " + xif_ + " (" + std::to_string(ReadFile(xif_).size()) + " bytes)\n");
+    EXPECT_NE(ReadFile(xif_).find("Run on 11/21/2026 9:41:07 AM"), std::string::npos);
+    const auto json = nlohmann::json::parse(Generate({"--format", "json"}).out);
+    EXPECT_EQ(json["written"][0]["file"], xif_);
+}
+
+TEST_F(CommandLine, OptionsActInTheOrderInWhichTheyStand) {
+    const std::string job =
+        scratch_.File("job.json", R"({"iniProfileFile": "job.ini", "mustGenerateXif": true})");
+    EXPECT_EQ(Generate({"--job", job}).status, 1) << "the job comes later and wins";
+    EXPECT_EQ(Generate({"--job", job, "--set", "iniProfileFile=" + profile_}).status, 0);
+    EXPECT_EQ(Generate({"--set", "iniProfileFile=x", "--iniProfileFile", profile_}).status, 0);
+    EXPECT_EQ(Generate({"--iniProfileFile", profile_, "--iniProfileFile", "x"}).status, 1);
+    // Later sources empty earlier ones, so the order inside a job counts as well.
+    const std::string two =
+        scratch_.File("two.json", R"({"iniProfileFile": "x", "xifProfileFile": "none.xif"})");
+    EXPECT_NE(Generate({"--job", two}).error.find("error 53"), std::string::npos);
+}
+
+TEST_F(CommandLine, FailuresNameNumberMessageAndPlace) {
+    scratch_.File("template.ini", std::string(kTemplateIni) + "[x]\n");
+    std::string broken = kTemplateIni;
+    broken.replace(broken.find("direction=1"), 11, "direction=7");
+    const std::string path = scratch_.File("broken.ini", broken);
+    const Answer run = Generate({"--iniTemplateFile", path});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_TRUE(run.error.starts_with(
+        "tovarek: error 0x8004003C eQVXIFerr_nvdirection: Bad network variable direction.\n"))
+        << run.error;
+    EXPECT_NE(run.error.find("network variable 2 (nvoFlows)"), std::string::npos);
+    const auto json = nlohmann::json::parse(Generate({"--iniTemplateFile", path, "--format", "json"}).out);
+    EXPECT_EQ(json["error"], -2147221444);
+    EXPECT_EQ(json["name"], "eQVXIFerr_nvdirection");
+    EXPECT_EQ(json["description"], "Bad network variable direction.");
+    EXPECT_EQ(json["source"], "QVTovarek");
+    EXPECT_EQ(json["context"]["field"], "direction");
+    EXPECT_EQ(json["context"]["value"], "7");
+    EXPECT_EQ(json["context"]["file"], path);
+    EXPECT_GT(json["context"]["line"], 1);
+}
+
+TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{"--outputXIF", "x"}, "outputXIFfile"},
+        {{"--set", "iniProfilFile=x"}, "iniProfileFile"},
+        {{"--set", "novalue"}, "NAME=VALUE"},
+        {{"--mustGenerateXif", "maybe"}, "true or false"},
+        {{"--localeID", "2147483648"}, "whole number"},
+        {{"--localeID"}, "localeID"},
+        {{"--format", "xml"}, "format"},
+        {{"--job", "missing.json"}, "missing.json"},
+        {{"--xmlProfileNode", "nomark"}, "FILE#ELEMENT"},
+        {{"extra"}, "extra"},
+    };
+    for (const auto& [arguments, hint] : rows) {
+        const Answer run = Generate(arguments);
+        EXPECT_EQ(run.status, 2) << arguments.front();
+        EXPECT_NE(run.error.find(hint), std::string::npos) << run.error;
+    }
+    EXPECT_EQ(Call({}).status, 2);
+    EXPECT_EQ(Call({"genrate"}).status, 2);
+    EXPECT_EQ(Call({"catalog"}).status, 2);
+    setenv("SOURCE_DATE_EPOCH", "yesterday", 1);
+    EXPECT_EQ(Generate().status, 2);
+}
+
+TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
+    const char* jobs[] = {
+        "",
+        "[]",
+        "{\"nothing\": 1}",
+        "{\"creator\": 1}",
+        "{\"creator\": \"a\", \"creator\": \"b\"}",
+        "{\"mustGenerateXif\": \"true\"}",
+        "{\"localeID\": 1.5}",
+        "{\"localeID\": 99999999999}",
+        "{\"localeID\": 18446744073709551615}",
+        "{\"xmlTemplateNode\": {\"file\": \"x\"}}",
+        "{\"creator\": \"\xFF\"}",
+        "{\"creator\": ",
+    };
+    for (const char* job : jobs) {
+        const Answer run = Generate({"--job", scratch_.File("job.json", job)});
+        EXPECT_EQ(run.status, 2) << job;
+        EXPECT_FALSE(run.error.empty());
+    }
+    std::string deep = "{\"creator\": ";
+    deep.append(100000, '[');
+    EXPECT_EQ(Generate({"--job", scratch_.File("deep.json", deep)}).status, 2);
+}
+
+TEST_F(CommandLine, ElementsAreNamedByFileAndName) {
+    const std::string xml =
+        scratch_.File("t.xml",
+                      "<x><D><PROGRAMID>9000010A0B040100</PROGRAMID><NVS><nviA><DIRECTION>INPUT</DIRECTION>"
+                      "<SNVTTYPE>8</SNVTTYPE></nviA></NVS></D></x>");
+    const std::string job =
+        scratch_.File("job.json", R"({"xmlTemplateNode": {"file": ")" + xml + R"(", "element": "D"}})");
+    EXPECT_EQ(Generate({"--job", job}).status, 0);
+    EXPECT_NE(ReadFile(xif_).find("VAR nviA 0 0 0 0\r\n"), std::string::npos);
+    EXPECT_EQ(Generate({"--xmlTemplateNode", xml + "#D"}).status, 0);
+    EXPECT_EQ(Generate({"--xmlTemplateNode", xml + "#E"}).status, 1)
+        << "an element that is missing is error 88";
+}
+
+TEST_F(CommandLine, ErrorsAreListed) {
+    const Answer text = Call({"errors"});
+    EXPECT_EQ(std::count(text.out.begin(), text.out.end(), '\n'), 135);
+    EXPECT_NE(text.out.find("77\t0x8004004D\teQVXIFerr_tagbindable\tBad tag binable flag.\n"),
+              std::string::npos);
+    EXPECT_EQ(nlohmann::json::parse(Call({"errors", "--format", "json"}).out).size(), 135U);
+}
+
+TEST_F(CommandLine, TheCatalogIsShown) {
+    const Answer list = Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG});
+    EXPECT_EQ(list.status, 0) << list.error;
+    EXPECT_NE(list.out.find("NV\t105\t2\tSNVT_temp_p\n"), std::string::npos);
+    const Answer show =
+        Call({"catalog", "show", "SNVT_temp_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"});
+    const auto json = nlohmann::json::parse(show.out);
+    EXPECT_EQ(json["index"], 105);
+    EXPECT_EQ(json["size"], 2);
+    EXPECT_EQ(Call({"catalog", "show", "SNVT_temp_q", "--catalogDir", TOVAREK_CATALOG}).status, 1);
+    EXPECT_EQ(Call({"catalog", "list", "--catalogDir", scratch_.Folder()}).status, 1);
+}
+
+TEST_F(CommandLine, HelpFitsAScreen) {
+    const Answer help = Call({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_LE(std::count(help.out.begin(), help.out.end(), '\n'), 30);
+    const Answer generate = Call({"generate", "--help"});
+    EXPECT_EQ(generate.status, 0);
+    EXPECT_NE(generate.out.find("--createUnitsFromReference"), std::string::npos);
+    EXPECT_EQ(Call({"--version"}).out, "tovarek 1.0.6\n");
+}
+
+}  // namespace
+}  // namespace tovarek::test
