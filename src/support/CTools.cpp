@@ -22,7 +22,7 @@ constexpr std::string_view kFolderSeparators = "\\/";
 XmlNode FindElement(const XmlNode& start, std::string_view name) {
     std::vector<XmlNode> pending{start};
     while (!pending.empty()) {
-        const XmlNode node = pending.back();
+        XmlNode node = pending.back();
         pending.pop_back();
         if (!node)
             continue;
@@ -57,7 +57,7 @@ XmlNode CTools::SearchXmlNode(const std::string& xmlFile, const std::string& nod
     if (!document.IsLoaded())
         errorsHandler.RaiseError(eQVXIFerr_errorloadingxmltemplatefile,
                                  {.file = xmlFile, .line = document.Line(), .reason = document.Reason()});
-    const XmlNode found = FindElement(document.FirstNode(), nodeName);
+    XmlNode found = FindElement(document.FirstNode(), nodeName);
     if (!found)
         errorsHandler.RaiseError(eQVXIFerr_xmlnodenotfoundintemplatefile,
                                  {.record = "element <" + nodeName + ">",

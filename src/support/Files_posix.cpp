@@ -12,7 +12,7 @@
 namespace tovarek {
 namespace {
 
-constexpr std::size_t kPiece = 64 * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 // A descriptor that is closed on every way out.
 class Descriptor {

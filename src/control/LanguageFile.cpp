@@ -1,0 +1,151 @@
+#include "control/LanguageFile.h"
+
+#include <algorithm>
+#include <array>
+
+#include "control/ByteWriter.h"
+#include "control/Crc16.h"
+#include "control/ResourceFile.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::uint8_t kFormat = 3;
+constexpr std::size_t kStringOverhead = 3;  // checksum and a zero byte, counted by the record's length
+
+// The system's three-letter abbreviation of a language, in lower case.
+struct LocaleLanguage {
+    std::int32_t localeId;
+    std::string_view language;
+};
+constexpr std::array<LocaleLanguage, 17> kLanguages = {{
+    {0x0409, "enu"},
+    {0x0809, "eng"},
+    {0x0407, "deu"},
+    {0x040C, "fra"},
+    {0x0410, "ita"},
+    {0x0413, "nld"},
+    {0x0C0A, "esn"},
+    {0x0406, "dan"},
+    {0x041D, "sve"},
+    {0x0414, "nor"},
+    {0x040B, "fin"},
+    {0x0416, "ptb"},
+    {0x0816, "ptg"},
+    {0x0411, "jpn"},
+    {0x0412, "kor"},
+    {0x0804, "chs"},
+    {0x0404, "cht"},
+}};
+
+// The text of a string record, its checksum verified; nothing when it is damaged. `checksumWrong` tells why.
+std::optional<std::string> ReadString(ByteReader record, bool& checksumWrong) {
+    const std::uint16_t checksum = record.U16();
+    record.U8();
+    if (record.Failed() || record.Remaining() == 0)
+        return std::nullopt;
+    std::string_view text = record.Bytes(record.Remaining());
+    checksumWrong = Crc16(text) != checksum;
+    if (checksumWrong || text.back() != '\0')
+        return std::nullopt;
+    text.remove_suffix(1);
+    return FromCodePage(text);
+}
+
+Outcome DamagedString(std::size_t number, bool checksumWrong) {
+    const std::string name = "string " + std::to_string(number);
+    return checksumWrong ? Failure(resultCrcError, "the checksum of " + name + " is wrong")
+                         : Failure(resultErrorAddingResource, name + " is damaged");
+}
+
+}  // namespace
+
+Outcome ReadLanguageFile(std::string_view bytes, LanguageFile& file) {
+    file = {};
+    ResourceFileView view;
+    if (Outcome opened = ResourceFileView::Open(bytes, ResourceKind::language, view); !opened.Ok())
+        return opened;
+    file.header = view.Header();
+    if (file.header.formatVersion != kFormat)
+        return Failure(resultErrorSettingVersion, "language files of this format version are not known");
+
+    ByteReader fields = view.KindFields();
+    const std::string_view letters = fields.Bytes(4);
+    file.language = letters.substr(0, letters.find('\0'));
+    const std::uint32_t count = fields.U24();
+    const std::uint32_t deleted = fields.U24();
+    const std::vector<std::uint32_t> table = ResourceFileView::Table(fields, count);
+    if (!view.EndsWithTables(fields))
+        return Failure(resultErrorSettingHeader, "the number of strings does not fit the size of the header");
+    if (static_cast<std::size_t>(std::count(table.begin(), table.end(), 0U)) != deleted)
+        return Failure(resultErrorSettingHeader, "the number of deleted strings is wrong");
+
+    file.strings.resize(count);
+    std::size_t total = 0;
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        if (table[i] == 0)
+            continue;
+        const ByteReader record = view.Record(table[i], 3, static_cast<std::uint32_t>(i + 1));
+        total += record.Remaining();
+        bool checksumWrong = false;
+        file.strings[i] = total > view.DataLength() ? std::nullopt : ReadString(record, checksumWrong);
+        if (!file.strings[i])
+            return DamagedString(i + 1, checksumWrong);
+    }
+    return {};
+}
+
+Outcome WriteLanguageFile(const LanguageFile& file, std::string& bytes) {
+    if (file.language.size() != 3)
+        return Failure(resultErrorSettingLocale, "a language has three letters");
+    if (file.strings.size() > kMostStrings)
+        return Failure(resultErrorAddingResource, "there are more than 16,777,215 strings");
+
+    ByteWriter records;
+    std::vector<std::uint32_t> table;
+    table.reserve(file.strings.size());
+    std::uint32_t deleted = 0;
+    for (const std::optional<std::string>& string : file.strings) {
+        if (!string) {
+            table.push_back(kDeletedRecord);
+            ++deleted;
+            continue;
+        }
+        std::string text = ToCodePage(*string);
+        if (text.size() > kLongestString)
+            return Failure(resultErrorAddingResource, "a string has more than 65,531 bytes");
+        text.push_back('\0');
+        table.push_back(static_cast<std::uint32_t>(records.Size()));
+        records.U24(static_cast<std::uint32_t>(table.size()));
+        records.U16(static_cast<std::uint32_t>(text.size() + kStringOverhead));
+        records.U16(Crc16(text));
+        records.U8(0);
+        records.Append(text);
+    }
+
+    ByteWriter fields;
+    fields.Append(file.language);
+    fields.U8(0);
+    fields.U24(static_cast<std::uint32_t>(file.strings.size()));
+    fields.U24(deleted);
+    return AssembleResourceFile(file.header, kFormat, {fields.Take(), {std::move(table)}, records.Take()},
+                                bytes);
+}
+
+std::string_view LanguageOfLocale(std::int32_t localeId) {
+    for (const LocaleLanguage& entry : kLanguages) {
+        if (entry.localeId == localeId)
+            return entry.language;
+    }
+    return {};
+}
+
+bool IsLanguageExtension(std::string_view extension) {
+    std::string lower(extension);
+    std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
+    return std::any_of(kLanguages.begin(), kLanguages.end(),
+                       [&lower](const LocaleLanguage& entry) { return entry.language == lower; });
+}
+
+}  // namespace tovarek

@@ -1,0 +1,379 @@
+#include "control/ResourceCreator.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "control/TypeDescriptionCodec.h"
+#include "support/Error.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::int32_t kCreatorText = 2;
+constexpr std::size_t kMostEntries = 65535;
+constexpr std::size_t kLongestName = 255;
+constexpr std::size_t kLongestRecord = 65535;
+constexpr std::size_t kTextBlock = 255;
+constexpr std::size_t kRecordHead = 4;
+constexpr std::size_t kTypeHead = 5;  // two reserved fields and the size
+
+// The number that a creation call names a kind by; it is also that of the string that describes the file.
+std::int32_t DescriptionText(ResourceKind kind) {
+    switch (kind) {
+        case ResourceKind::language:
+            return 1;
+        case ResourceKind::profile:
+            return 3;
+        default:
+            return 4;
+    }
+}
+
+// "90000106" to four bytes; nothing when a character is no hexadecimal digit or one is missing.
+std::optional<std::string> FromHex(std::string_view hex) {
+    if (hex.size() % 2 != 0)
+        return std::nullopt;
+    std::string bytes;
+    bytes.reserve(hex.size() / 2);
+    unsigned value = 0;
+    for (std::size_t i = 0; i < hex.size(); ++i) {
+        if (!IsHexDigit(hex[i]))
+            return std::nullopt;
+        const char digit = AsciiUpper(hex[i]);
+        value = value * 16 + static_cast<unsigned>(IsDigit(digit) ? digit - '0' : digit - 'A' + 10);
+        if (i % 2 == 1) {
+            bytes.push_back(static_cast<char>(value));
+            value = 0;
+        }
+    }
+    return bytes;
+}
+
+std::size_t LastSeparator(const std::string& path) {
+    return path.find_last_of("\\/");
+}
+
+// The folder must be there already, and the path must not be a folder itself.
+bool IsUsablePath(const std::string& path) {
+    const std::size_t separator = LastSeparator(path);
+    if (path.empty() || separator == path.size() - 1 || FolderExists(path))
+        return false;
+    return separator == std::string::npos || FolderExists(path.substr(0, separator + 1));
+}
+
+// The file that declares a set's enumerations: the set's base name and ".h".
+std::string EnumerationFile(const std::string& path) {
+    const std::size_t separator = LastSeparator(path);
+    const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
+    return name.substr(0, name.rfind('.')) + ".h";
+}
+
+bool HasControlCharacter(const std::string& text) {
+    return std::any_of(text.begin(), text.end(), [](char c) { return c >= 0 && c < ' '; });
+}
+
+bool IsName(const std::string& name) {
+    const std::size_t length = ToCodePage(name).size();
+    return length >= 1 && length <= kLongestName;
+}
+
+bool IsTextNumber(std::int32_t number) {
+    return number >= 0 && number <= 0xFFFFFF;
+}
+
+}  // namespace
+
+ResourceCreator::ResourceCreator()
+    : clock_(SystemClock()),
+      opener_([](const std::string& path) { return std::make_unique<OutputFile>(path); }) {}
+
+std::int32_t ResourceCreator::BeginSet() {
+    file_.reset();
+    builder_ = {};
+    scope_ = -1;
+    handle_ = handle_ == 0x7FFFFFFF ? 1 : handle_ + 1;
+    return handle_;
+}
+
+Outcome ResourceCreator::SetScope(std::int32_t scope) {
+    if (scope < 0 || scope > 6) {
+        scope_ = -1;
+        return Failure(resultBadScope, "a scope is 0 to 6");
+    }
+    scope_ = scope;
+    return {};
+}
+
+Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
+    if (file_)
+        return Failure(resultFileAlreadyOpened, "\"" + file_->path + "\" is open");
+    if (handle_ == 0 || request.handle != handle_)
+        return Failure(resultBadParam, "the handle is not that of the current resource set");
+    if (request.reserved != -1 || request.descriptionText != DescriptionText(request.kind) ||
+        request.creatorText != kCreatorText)
+        return Failure(resultBadParam, "the kind of the file or the number of the creator's text is wrong");
+    if (scope_ < 0)
+        return Failure(resultBadScope, "no scope of 0 to 6 is set");
+    if (request.programId.size() != 16 || !FromHex(request.programId))
+        return Failure(resultBadProgramId, "a program ID has 16 hexadecimal digits");
+    if (!IsUsablePath(request.path))
+        return Failure(resultErrorOpenFile, "\"" + request.path + "\" cannot be created there");
+    if (request.majorVersion < 0 || request.majorVersion > 65535 || request.minorVersion < 0 ||
+        request.minorVersion > 255)
+        return Failure(resultErrorSettingVersion, "versions are 0 to 65535 and 0 to 255");
+    if (request.kind == ResourceKind::language && LanguageOfLocale(request.localeId).empty())
+        return Failure(resultErrorSettingLocale, "no language is known for the locale");
+    for (const std::string* text : {&request.creator, &request.phone, &request.email, &request.webPage}) {
+        if (HasControlCharacter(*text)) {
+            return Failure(resultErrorSettingInformation,
+                           "creator, phone, e-mail and web page are single lines");
+        }
+    }
+    const std::string contact = ContactText(request.creator, request.phone, request.email);
+    if (CharacterCount(contact) > kTextBlock || CharacterCount(request.webPage) > kTextBlock) {
+        return Failure(resultErrorSettingHeader,
+                       "creator, phone and e-mail together, or the web page, do not fit 255 characters");
+    }
+    return {};
+}
+
+ResourceHeader ResourceCreator::HeaderOf(const CreationRequest& request) const {
+    ResourceHeader header;
+    header.title = TitleText(request.kind, request.majorVersion, request.minorVersion);
+    header.contact = ContactText(request.creator, request.phone, request.email);
+    header.webPage = request.webPage;
+    header.scope = static_cast<std::uint8_t>(scope_);
+    header.description = {header.scope, static_cast<std::uint32_t>(request.descriptionText)};
+    header.creator = {header.scope, static_cast<std::uint32_t>(request.creatorText)};
+    header.majorVersion = static_cast<std::uint16_t>(request.majorVersion);
+    header.minorVersion = static_cast<std::uint8_t>(request.minorVersion);
+    header.saved = clock_->UtcTime();
+    const std::string id = *FromHex(request.programId);
+    std::transform(id.begin(), id.end(), header.programId.begin(),
+                   [](char byte) { return static_cast<std::uint8_t>(byte); });
+    return header;
+}
+
+Outcome ResourceCreator::Create(const CreationRequest& request) {
+    if (Outcome check = CheckRequest(request); !check.Ok())
+        return check;
+    auto file = std::make_unique<OpenFile>();
+    file->kind = request.kind;
+    file->path = request.path;
+    file->header = HeaderOf(request);
+    file->language.language = LanguageOfLocale(request.localeId);
+    file->enumerationFile = EnumerationFile(request.path);
+    builder_ = {};
+    file_ = std::move(file);
+    return {};
+}
+
+Outcome ResourceCreator::Editing(ResourceKind kind) const {
+    if (!file_ || !file_->editing)
+        return Failure(resultFileIsNotOpened, "no resource file is open");
+    if (file_->kind != kind) {
+        return Failure(resultInvalidForCurrentFile,
+                       "the open file \"" + file_->path + "\" is of another kind");
+    }
+    return {};
+}
+
+Outcome ResourceCreator::AddString(const std::string& text, std::int32_t& number, std::int32_t& scope) {
+    if (Outcome editing = Editing(ResourceKind::language); !editing.Ok())
+        return editing;
+    std::vector<std::optional<std::string>>& strings = file_->language.strings;
+    if (CharacterCount(text) > kLongestString || text.find('\0') != std::string::npos)
+        return Failure(resultErrorAddingResource, "a text has at most 65,531 characters and no NUL");
+    if (strings.size() >= kMostStrings)
+        return Failure(resultErrorAddingResource, "the language file has 16,777,215 strings already");
+    strings.emplace_back(text);
+    number = static_cast<std::int32_t>(strings.size());
+    scope = file_->header.scope;
+    return {};
+}
+
+Outcome ResourceCreator::CreateEnumeration(const std::string& name, std::int32_t& number) {
+    if (Outcome editing = Editing(ResourceKind::type); !editing.Ok())
+        return editing;
+    std::vector<std::optional<Enumeration>>& enumerations = file_->types.enumerations;
+    if (!IsName(name) || !IsName(file_->enumerationFile)) {
+        return Failure(resultErrorAddingEnum,
+                       "names of an enumeration and its file have 1 to 255 characters: \"" + name + '"');
+    }
+    if (enumerations.size() >= kMostEntries)
+        return Failure(resultErrorAddingEnum, "the type file has 65535 enumerations already");
+    enumerations.emplace_back(Enumeration{name, file_->enumerationFile, {}});
+    file_->enumerationLengths.push_back(RecordLength(*enumerations.back()));
+    number = static_cast<std::int32_t>(enumerations.size());
+    return {};
+}
+
+bool ResourceCreator::HasEnumeration(std::int32_t number) const {
+    return number >= 1 && static_cast<std::size_t>(number) <= file_->types.enumerations.size();
+}
+
+Outcome ResourceCreator::AddEnumerationValue(std::int32_t number, const std::string& name, std::int32_t value,
+                                             std::int32_t descriptionText) {
+    if (Outcome editing = Editing(ResourceKind::type); !editing.Ok())
+        return editing;
+    if (!HasEnumeration(number))
+        return Failure(resultErrorAddingEnumValue, "there is no enumeration " + std::to_string(number));
+    if (!IsName(name))
+        return Failure(resultErrorAddingEnumValue, "a value's name has 1 to 255 characters: \"" + name + '"');
+    if (value < -128 || value > 127)
+        return Failure(resultErrorAddingEnumValue, "the value of \"" + name + "\" is not -128 to 127");
+    if (!IsTextNumber(descriptionText))
+        return Failure(resultErrorAddingEnumValue, "a text number is 0 to 16777215");
+
+    // Seven bytes for the entry, then the name; the name's place must be told in 16 bits as well.
+    const auto index = static_cast<std::size_t>(number) - 1;
+    const std::size_t nameLength = ToCodePage(name).size() + 1;
+    const std::size_t length = file_->enumerationLengths[index] + 7 + nameLength;
+    if (length > kLongestRecord || kRecordHead + length - nameLength > kLongestRecord) {
+        return Failure(
+            resultErrorAddingEnumValue,
+            "the values of an enumeration take 65535 bytes at most, \"" + name + "\" does not fit");
+    }
+    file_->enumerationLengths[index] = length;
+    file_->types.enumerations[index]->values.push_back(
+        {static_cast<std::int8_t>(value),
+         name,
+         {file_->header.scope, static_cast<std::uint32_t>(descriptionText)}});
+    return {};
+}
+
+Outcome ResourceCreator::StartType(const std::string& name) {
+    Outcome editing = Editing(ResourceKind::type);
+    return editing.Ok() ? builder_.Start(name, file_->header.scope) : editing;
+}
+
+Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t registered,
+                                           const std::unordered_set<std::string>& names) const {
+    if (Outcome editing = Editing(ResourceKind::type); !editing.Ok())
+        return editing;
+    if (builder_.CurrentState() == TypeBuilder::State::none)
+        return Failure(resultNoCurrentType, "no type is started");
+    if (builder_.CurrentState() != TypeBuilder::State::complete)
+        return Failure(resultTypeIsNotComplete, "type \"" + builder_.Name() + "\" is not complete");
+    if (number < 1 || static_cast<std::size_t>(number) != registered + 1 || registered >= kMostEntries) {
+        return Failure(resultErrorAddingType, "types are numbered 1 to 65535 in order; the next number is " +
+                                                  std::to_string(registered + 1));
+    }
+    if (names.contains(builder_.Name()))
+        return Failure(resultErrorAddingType, "the name \"" + builder_.Name() + "\" is taken");
+    return {};
+}
+
+namespace {
+
+// The record's length but for the raw values of a CP type.
+std::size_t TypeRecordLength(const NvType& type) {
+    ByteWriter record;
+    WriteDescription(type.type, record);
+    return kTypeHead + 1 + ToCodePage(type.name).size() + 12 + record.Size();
+}
+
+}  // namespace
+
+Outcome ResourceCreator::RegisterNv(std::int32_t number) {
+    const std::size_t registered = file_ ? file_->types.nvTypes.size() : 0;
+    static const std::unordered_set<std::string> kNoNames;
+    if (Outcome check = CheckRegistration(number, registered, file_ ? file_->nvNames : kNoNames); !check.Ok())
+        return check;
+    NvType type = builder_.Take();
+    const std::uint32_t size = SizeOf(type.type);
+    if (size > 65535)
+        return Failure(resultErrorAddingType, "type \"" + type.name + "\" is larger than 65535 bytes");
+    type.size = static_cast<std::uint16_t>(size);
+    if (TypeRecordLength(type) > kLongestRecord)
+        return Failure(resultErrorAddingType, "the description of \"" + type.name + "\" exceeds 65535 bytes");
+    file_->nvNames.insert(type.name);
+    file_->types.nvTypes.emplace_back(std::move(type));
+    return {};
+}
+
+Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, const std::string& rawInitial,
+                                    const std::string& rawMinimum, const std::string& rawMaximum) {
+    const std::size_t registered = file_ ? file_->types.cpTypes.size() : 0;
+    static const std::unordered_set<std::string> kNoNames;
+    if (Outcome check = CheckRegistration(number, registered, file_ ? file_->cpNames : kNoNames); !check.Ok())
+        return check;
+    if (length < 1 || length > 65535)
+        return Failure(resultBadParam, "the length of a configuration property is 1 to 65535 bytes");
+    const auto raw = [length](const std::string& hex, std::string& bytes) {
+        std::optional<std::string> value = FromHex(hex);
+        const bool fits = value && value->size() == static_cast<std::size_t>(length);
+        bytes = fits ? std::move(*value) : std::string();
+        return fits;
+    };
+    const std::string expected = " value needs two hexadecimal digits for each of its bytes";
+    CpType type;
+    if (!raw(rawInitial, type.initial))
+        return Failure(resultBadInitial, "the initial" + expected);
+    if (!raw(rawMinimum, type.minimum.emplace()))
+        return Failure(resultBadMinimum, "the minimum" + expected);
+    if (!raw(rawMaximum, type.maximum.emplace()))
+        return Failure(resultBadMaximum, "the maximum" + expected);
+    static_cast<NvType&>(type) = builder_.Take();
+    type.size = static_cast<std::uint16_t>(length);
+    if (TypeRecordLength(type) + 1 + 3 * static_cast<std::size_t>(length) > kLongestRecord)
+        return Failure(resultErrorAddingType, "the record of \"" + type.name + "\" exceeds 65535 bytes");
+    file_->cpNames.insert(type.name);
+    file_->types.cpTypes.emplace_back(std::move(type));
+    return {};
+}
+
+Outcome ResourceCreator::EndEdits() {
+    if (!file_)
+        return Failure(resultFileIsNotOpened, "no resource file is open");
+    file_->editing = false;
+    return {};
+}
+
+Outcome ResourceCreator::Bytes(std::string& bytes) const {
+    switch (file_->kind) {
+        case ResourceKind::language:
+            file_->language.header = file_->header;
+            return WriteLanguageFile(file_->language, bytes);
+        case ResourceKind::type:
+            file_->types.header = file_->header;
+            return WriteTypeFile(file_->types, bytes);
+        default: {
+            ProfileFile profiles;
+            profiles.header = file_->header;
+            return WriteProfileFile(profiles, bytes);
+        }
+    }
+}
+
+Outcome ResourceCreator::WriteOut(const std::string& bytes) {
+    try {
+        const std::unique_ptr<FileSink> sink = opener_(file_->path);
+        sink->Append(bytes);
+        sink->Close();
+        lastRuntimeError_ = 0;
+        return {};
+    } catch (const Error& error) {
+        lastRuntimeError_ = error.Number();
+        return Failure(resultSaveFailed, "\"" + file_->path + "\" cannot be written: " + error.Description());
+    }
+}
+
+Outcome ResourceCreator::Save() {
+    if (!file_)
+        return Failure(resultFileIsNotOpened, "no resource file is open");
+    Outcome outcome;
+    if (builder_.CurrentState() != TypeBuilder::State::none)
+        outcome = Failure(resultTypeIsNotComplete, "type \"" + builder_.Name() + "\" is not registered");
+    std::string bytes;
+    if (outcome.Ok())
+        outcome = Bytes(bytes);
+    if (outcome.Ok())
+        outcome = WriteOut(bytes);
+    file_.reset();
+    builder_ = {};
+    return outcome;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,106 @@
+// Creates resource files: the one file that is open, its strings, enumerations and types, and saving it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "control/LanguageFile.h"
+#include "control/Outcome.h"
+#include "control/ProfileFile.h"
+#include "control/TypeBuilder.h"
+#include "control/TypeFile.h"
+#include "support/Clock.h"
+#include "support/Files.h"
+
+namespace tovarek {
+
+// What every creation call is given; the integers as they arrive.
+struct CreationRequest {
+    ResourceKind kind = ResourceKind::language;
+    std::string path;
+    std::int32_t reserved = -1;
+    std::int32_t handle = 0;
+    std::string programId;
+    std::string creator;
+    std::string phone;
+    std::string email;
+    std::string webPage;
+    std::int32_t localeId = 0;  // language files only
+    std::int32_t majorVersion = 0;
+    std::int32_t minorVersion = 0;
+    std::int32_t descriptionText = 0;  // 1 language, 3 profile, 4 type file
+    std::int32_t creatorText = 0;
+};
+
+class ResourceCreator {
+  public:
+    ResourceCreator();
+
+    void SetClock(std::shared_ptr<const Clock> clock) { clock_ = std::move(clock); }
+    void SetFileOpener(std::function<std::unique_ptr<FileSink>(const std::string&)> opener) {
+        opener_ = std::move(opener);
+    }
+
+    // Begins a new set: an unsaved file of an earlier one, left by a failure, is forgotten, and so is the
+    // scope.
+    std::int32_t BeginSet();
+    Outcome SetScope(std::int32_t scope);
+    Outcome Create(const CreationRequest& request);
+    Outcome AddString(const std::string& text, std::int32_t& number, std::int32_t& scope);
+    Outcome CreateEnumeration(const std::string& name, std::int32_t& number);
+    Outcome AddEnumerationValue(std::int32_t number, const std::string& name, std::int32_t value,
+                                std::int32_t descriptionText);
+
+    // The builder of the open type file's types. Codes of Editing: 11 nothing is open, 12 another kind of
+    // file.
+    Outcome Editing(ResourceKind kind) const;
+    TypeBuilder& Builder() { return builder_; }
+    bool HasEnumeration(std::int32_t number) const;
+    std::uint8_t Scope() const { return file_->header.scope; }
+
+    Outcome StartType(const std::string& name);
+    Outcome RegisterNv(std::int32_t number);
+    Outcome RegisterCp(std::int32_t number, std::int32_t length, const std::string& rawInitial,
+                       const std::string& rawMinimum, const std::string& rawMaximum);
+
+    Outcome EndEdits();
+    Outcome Save();
+    // The runtime's number of the last failed write, 0 when there was none.
+    std::int32_t LastRuntimeError() const { return lastRuntimeError_; }
+
+  private:
+    struct OpenFile {
+        ResourceKind kind = ResourceKind::language;
+        std::string path;
+        bool editing = true;
+        ResourceHeader header;
+        LanguageFile language;
+        TypeFile types;
+        std::string enumerationFile;                  // file name that its enumerations are declared in
+        std::vector<std::size_t> enumerationLengths;  // of the records, so far
+        std::unordered_set<std::string> nvNames;
+        std::unordered_set<std::string> cpNames;
+    };
+
+    Outcome CheckRequest(const CreationRequest& request) const;
+    ResourceHeader HeaderOf(const CreationRequest& request) const;
+    Outcome CheckRegistration(std::int32_t number, std::size_t registered,
+                              const std::unordered_set<std::string>& names) const;
+    Outcome Bytes(std::string& bytes) const;
+    Outcome WriteOut(const std::string& bytes);
+
+    std::shared_ptr<const Clock> clock_;
+    std::function<std::unique_ptr<FileSink>(const std::string&)> opener_;
+    std::int32_t handle_ = 0;
+    std::int32_t scope_ = -1;  // none chosen
+    std::unique_ptr<OpenFile> file_;
+    TypeBuilder builder_;
+    std::int32_t lastRuntimeError_ = 0;
+};
+
+}  // namespace tovarek

@@ -1,0 +1,52 @@
+#include "control/ResourceSet.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "control/LanguageFile.h"
+#include "support/Files.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+std::string Lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), AsciiLower);
+    return text;
+}
+
+// Where the extension's dot stands, or the end of the name.
+std::size_t Dot(const std::string& name) {
+    return std::min(name.rfind('.'), name.size());
+}
+
+}  // namespace
+
+ResourceSetFiles FindResourceSet(const std::string& path) {
+    const std::size_t separator = path.find_last_of("\\/");
+    const std::string folder = separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
+    const std::string own = path.substr(folder.size());
+    const std::string stem = Lower(own.substr(0, Dot(own)));
+
+    std::vector<std::string> names = DirectoryEntries(folder.empty() ? "." : folder);
+    std::sort(names.begin(), names.end());  // folders are listed in no order
+    ResourceSetFiles files;
+    for (const std::string& name : names) {
+        const std::size_t dot = Dot(name);
+        if (dot == name.size() || Lower(name.substr(0, dot)) != stem)
+            continue;
+        const std::string extension = Lower(name.substr(dot + 1));
+        if (extension == "typ") {
+            files.types = folder + name;
+        } else if (extension == "fpt") {
+            files.profiles = folder + name;
+        } else if (extension == "fmt") {
+            files.formats = folder + name;
+        } else if (IsLanguageExtension(extension) && (files.language.empty() || extension == "enu")) {
+            files.language = folder + name;
+        }
+    }
+    return files;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,429 @@
+#include "control/StandardCatalog.h"
+
+#include <algorithm>
+#include <functional>
+#include <unordered_map>
+
+#include "control/LanguageFile.h"
+#include "control/TypeFileView.h"
+#include "support/Error.h"
+#include "support/Files.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+// The first line of a catalog of ours; the following ones name folders, "#" begins a comment.
+constexpr std::string_view kCatalogMark = "# Tovarek resource catalog 1";
+constexpr std::uint64_t kLongestCatalog = 1U << 20U;
+
+constexpr std::size_t kMostFields = 100'000;
+constexpr int kDeepestField = 64;
+
+std::string Lower(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
+    return lower;
+}
+
+// The part of a path up to its last separator, that included.
+std::string FolderOf(const std::string& path) {
+    const std::size_t separator = path.find_last_of("\\/");
+    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
+}
+
+bool IsAbsolute(std::string_view path) {
+    return path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
+}
+
+// Reads a file or says why it cannot be read.
+Outcome ReadWhole(const std::string& path, std::string& bytes, std::uint64_t limit = kLargestFile) {
+    try {
+        bytes = ReadFile(path, limit);
+        return {};
+    } catch (const Error& error) {
+        return Failure(resultErrorOpenFile, "\"" + path + "\" cannot be read: " + error.Description());
+    }
+}
+
+// The folders that a catalog names, each with its final separator. A foreign catalog names none that we could
+// read; its own folder then is where a standard set is normally installed.
+std::vector<std::string> FoldersOf(const std::string& path, std::string_view catalog) {
+    const std::string own = FolderOf(path);
+    const std::string_view first = catalog.substr(0, catalog.find_first_of("\r\n"));
+    if (TrimBlanks(first) != kCatalogMark)
+        return {own};
+    std::vector<std::string> folders;
+    while (!catalog.empty()) {
+        const std::size_t end = catalog.find_first_of("\r\n");
+        const std::string_view line = TrimBlanks(catalog.substr(0, end));
+        catalog = end == std::string_view::npos ? std::string_view() : catalog.substr(end + 1);
+        if (line.empty() || line.starts_with('#'))
+            continue;
+        std::string folder = (IsAbsolute(line) ? std::string() : own) + std::string(line);
+        if (folder.back() != '/' && folder.back() != '\\')
+            folder += '\\';
+        folders.push_back(std::move(folder));
+    }
+    return folders;
+}
+
+// The file of this name in a folder, whatever its letter case; empty when there is none.
+std::string FindFile(const std::string& folder, std::string_view name) {
+    std::string exact = folder + std::string(name);
+    if (FileExists(exact))
+        return exact;
+    for (const std::string& entry : DirectoryEntries(folder.empty() ? "." : folder)) {
+        if (Lower(entry) == name && FileExists(folder + entry))
+            return folder + entry;
+    }
+    return {};
+}
+
+const char* ConversionOf(const TypeDescription& type) {
+    switch (type.kind) {
+        case TypeKind::enumeration:
+            return "%m";
+        case TypeKind::floatingPoint:
+            return "%f";
+        case TypeKind::array:
+            return "%s";
+        default:
+            return type.a == 1 && type.b == 0 ? "%d" : "%f";
+    }
+}
+
+std::string Joined(const std::string& path, const std::string& member) {
+    return path.empty() ? member : path + '.' + member;
+}
+
+}  // namespace
+
+class StandardCatalog::Impl {
+  public:
+    Outcome OpenTypes(const std::string& path);
+
+    const NvType* Nv(std::int32_t index) {
+        return Decoded(index, view.NvTypes(), nvs_, &TypeFileView::DecodeNv);
+    }
+    const CpType* Cp(std::int32_t index) {
+        return Decoded(index, view.CpTypes(), cps_, &TypeFileView::DecodeCp);
+    }
+    const Enumeration* EnumerationSet(std::int32_t number);
+
+    const LanguageFile& Texts();
+    const std::vector<DisplayFormat>& Formats(std::string_view typeName);
+    std::string Text(const StringRef& string) {
+        const std::string* text = string.scope == 0 ? Texts().Find(string.number) : nullptr;
+        return text == nullptr ? std::string() : *text;
+    }
+
+    using Entries = std::vector<TypeFileView::Entry>;
+    static const TypeFileView::Entry* Find(const Entries& entries, std::int32_t index) {
+        if (index < 1 || static_cast<std::size_t>(index) > entries.size())
+            return nullptr;
+        const TypeFileView::Entry& entry = entries[static_cast<std::size_t>(index) - 1];
+        return entry.exists ? &entry : nullptr;
+    }
+    static std::vector<CatalogEntry> List(const Entries& entries, const char* prefix);
+    static std::int32_t IndexOf(const Entries& entries, std::string_view prefix, std::string_view name,
+                                std::unordered_map<std::string, std::int32_t>& names);
+
+    std::string path;
+    TypeFileView view;
+    std::unordered_map<std::string, std::int32_t> nvNames;
+    std::unordered_map<std::string, std::int32_t> cpNames;
+    std::string textProblem;
+    std::string formatProblem;
+
+  private:
+    // The decoded type, remembered; a damaged one is remembered as nothing.
+    template <class Type, class Decoder>
+    static const Type* Decoded(std::int32_t index, const Entries& entries,
+                               std::unordered_map<std::int32_t, std::unique_ptr<Type>>& cache,
+                               Decoder decode) {
+        const TypeFileView::Entry* entry = Find(entries, index);
+        if (entry == nullptr)
+            return nullptr;
+        const auto [place, isNew] = cache.try_emplace(index);
+        if (isNew) {
+            auto type = std::make_unique<Type>();
+            if (decode(*entry, *type))
+                place->second = std::move(type);
+        }
+        return place->second.get();
+    }
+    void LoadFormats();
+
+    std::string bytes_;
+    std::unordered_map<std::int32_t, std::unique_ptr<NvType>> nvs_;
+    std::unordered_map<std::int32_t, std::unique_ptr<CpType>> cps_;
+    std::unordered_map<std::int32_t, std::unique_ptr<Enumeration>> enumerations_;
+    std::unique_ptr<LanguageFile> texts_;
+    std::unique_ptr<std::unordered_map<std::string, std::vector<DisplayFormat>>> formats_;
+};
+
+Outcome StandardCatalog::Impl::OpenTypes(const std::string& typePath) {
+    path = typePath;
+    if (Outcome read = ReadWhole(path, bytes_); !read.Ok())
+        return read;
+    Outcome opened = TypeFileView::Open(bytes_, view);
+    if (opened.Ok() && view.Header().scope != 0)
+        opened = Failure(resultBadScope, "its scope is not 0");
+    if (!opened.Ok())
+        opened.reason = "\"" + path + "\" is no standard set: " + opened.reason;
+    return opened;
+}
+
+const Enumeration* StandardCatalog::Impl::EnumerationSet(std::int32_t number) {
+    if (number < 1 || static_cast<std::size_t>(number) > view.EnumerationCount() ||
+        !view.HasEnumeration(static_cast<std::size_t>(number)))
+        return nullptr;
+    const auto [place, isNew] = enumerations_.try_emplace(number);
+    if (isNew) {
+        auto enumeration = std::make_unique<Enumeration>();
+        if (view.DecodeEnumeration(static_cast<std::size_t>(number), *enumeration))
+            place->second = std::move(enumeration);
+    }
+    return place->second.get();
+}
+
+const LanguageFile& StandardCatalog::Impl::Texts() {
+    if (texts_)
+        return *texts_;
+    texts_ = std::make_unique<LanguageFile>();
+    const std::string file = FindFile(FolderOf(path), "standard.enu");
+    std::string bytes;
+    Outcome read = ReadWhole(file.empty() ? FolderOf(path) + "standard.enu" : file, bytes);
+    if (read.Ok())
+        read = ReadLanguageFile(bytes, *texts_);
+    if (!read.Ok()) {
+        *texts_ = {};
+        textProblem = read.reason;
+    }
+    return *texts_;
+}
+
+void StandardCatalog::Impl::LoadFormats() {
+    formats_ = std::make_unique<std::unordered_map<std::string, std::vector<DisplayFormat>>>();
+    const std::string file = FindFile(FolderOf(path), "standard.fmt");
+    std::string bytes;
+    FormatFile formats;
+    Outcome read = ReadWhole(file.empty() ? FolderOf(path) + "standard.fmt" : file, bytes);
+    if (read.Ok())
+        read = ReadFormatFile(bytes, formats);
+    if (!read.Ok()) {
+        formatProblem = read.reason;
+        return;
+    }
+    for (DisplayFormat& format : formats.formats) {
+        for (FormatParameter& parameter : format.parameters) {
+            if (parameter.unit.empty() && parameter.unitText.number != 0)
+                parameter.unit = Text(parameter.unitText);
+        }
+        (*formats_)[format.type].push_back(std::move(format));
+    }
+}
+
+const std::vector<DisplayFormat>& StandardCatalog::Impl::Formats(std::string_view typeName) {
+    static const std::vector<DisplayFormat> kNone;
+    if (!formats_)
+        LoadFormats();
+    const auto found = formats_->find(std::string(typeName));
+    return found == formats_->end() ? kNone : found->second;
+}
+
+std::vector<CatalogEntry> StandardCatalog::Impl::List(const Entries& entries, const char* prefix) {
+    std::vector<CatalogEntry> list;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (entries[i].exists) {
+            list.push_back(
+                {static_cast<std::uint16_t>(i + 1), prefix + FromCodePage(entries[i].name), entries[i].size});
+        }
+    }
+    return list;
+}
+
+std::int32_t StandardCatalog::Impl::IndexOf(const Entries& entries, std::string_view prefix,
+                                            std::string_view name,
+                                            std::unordered_map<std::string, std::int32_t>& names) {
+    if (names.empty()) {
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            if (entries[i].exists)
+                names.try_emplace(FromCodePage(entries[i].name), static_cast<std::int32_t>(i + 1));
+        }
+    }
+    if (!name.starts_with(prefix))
+        return 0;
+    const auto found = names.find(std::string(name.substr(prefix.size())));
+    return found == names.end() ? 0 : found->second;
+}
+
+StandardCatalog::StandardCatalog() : impl_(std::make_unique<Impl>()) {}
+StandardCatalog::~StandardCatalog() = default;
+
+Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardCatalog>& catalog) {
+    catalog.reset();
+    std::string bytes;
+    if (Outcome read = ReadWhole(path, bytes, kLongestCatalog); !read.Ok())
+        return read;
+    Outcome failure =
+        Failure(resultErrorOpenFile, "no folder of the catalog \"" + path + "\" holds standard.typ");
+    for (const std::string& folder : FoldersOf(path, bytes)) {
+        const std::string types = FindFile(folder, "standard.typ");
+        if (types.empty())
+            continue;
+        std::unique_ptr<StandardCatalog> candidate(new StandardCatalog);
+        Outcome opened = candidate->impl_->OpenTypes(types);
+        if (opened.Ok()) {
+            catalog = std::move(candidate);
+            return opened;
+        }
+        failure = std::move(opened);
+    }
+    return failure;
+}
+
+const std::string& StandardCatalog::TypeFilePath() const {
+    return impl_->path;
+}
+const ResourceHeader& StandardCatalog::Header() const {
+    return impl_->view.Header();
+}
+
+std::vector<CatalogEntry> StandardCatalog::NvTypes() const {
+    return Impl::List(impl_->view.NvTypes(), "SNVT");
+}
+std::vector<CatalogEntry> StandardCatalog::CpTypes() const {
+    return Impl::List(impl_->view.CpTypes(), "SCPT");
+}
+
+bool StandardCatalog::HasNv(std::int32_t index) const {
+    return Impl::Find(impl_->view.NvTypes(), index) != nullptr;
+}
+bool StandardCatalog::HasCp(std::int32_t index) const {
+    return Impl::Find(impl_->view.CpTypes(), index) != nullptr;
+}
+
+std::uint16_t StandardCatalog::NvSize(std::int32_t index) const {
+    const auto* entry = Impl::Find(impl_->view.NvTypes(), index);
+    return entry == nullptr ? std::uint16_t{0} : entry->size;
+}
+std::uint16_t StandardCatalog::CpSize(std::int32_t index) const {
+    const auto* entry = Impl::Find(impl_->view.CpTypes(), index);
+    return entry == nullptr ? std::uint16_t{0} : entry->size;
+}
+
+std::string StandardCatalog::NvName(std::int32_t index) const {
+    const auto* entry = Impl::Find(impl_->view.NvTypes(), index);
+    return entry == nullptr ? std::string() : "SNVT" + FromCodePage(entry->name);
+}
+std::string StandardCatalog::CpName(std::int32_t index) const {
+    const auto* entry = Impl::Find(impl_->view.CpTypes(), index);
+    return entry == nullptr ? std::string() : "SCPT" + FromCodePage(entry->name);
+}
+
+std::int32_t StandardCatalog::NvIndex(std::string_view name) const {
+    return Impl::IndexOf(impl_->view.NvTypes(), "SNVT", name, impl_->nvNames);
+}
+std::int32_t StandardCatalog::CpIndex(std::string_view name) const {
+    return Impl::IndexOf(impl_->view.CpTypes(), "SCPT", name, impl_->cpNames);
+}
+
+const NvType* StandardCatalog::Nv(std::int32_t index) const {
+    return impl_->Nv(index);
+}
+const CpType* StandardCatalog::Cp(std::int32_t index) const {
+    return impl_->Cp(index);
+}
+const Enumeration* StandardCatalog::EnumerationSet(std::int32_t number) const {
+    return impl_->EnumerationSet(number);
+}
+std::string StandardCatalog::Text(const StringRef& string) const {
+    return impl_->Text(string);
+}
+
+namespace {
+
+// Lists the values inside a type. References may lead in a circle in a set that is not sound, so depth,
+// values and steps are bounded.
+class FieldLister {
+  public:
+    FieldLister(const StandardCatalog& catalog, std::vector<CatalogField>& fields)
+        : catalog_(catalog), fields_(fields) {}
+
+    // `unit` is the nearest one known on the way to `type`.
+    void List(const TypeDescription& type, const std::string& path, const StringRef& unit, int depth) {
+        if (depth > kDeepestField || fields_.size() >= kMostFields || ++steps_ > 2 * kMostFields)
+            return;
+        if (type.kind == TypeKind::reference) {
+            const NvType* target = type.target.scope == 0 ? catalog_.Nv(type.target.index) : nullptr;
+            if (target != nullptr)
+                List(target->type, path, Nearest(unit, target->unit), depth + 1);
+        } else if (HasMembers(type.kind)) {
+            for (const TypeMember& member : type.members)
+                List(member.type, Joined(path, member.name), member.unit, depth + 1);
+        } else if (type.kind == TypeKind::array && !IsText(type)) {
+            ListElements(type, path, unit, depth);
+        } else {
+            fields_.push_back({path, ConversionOf(type), catalog_.Text(unit), type});
+        }
+    }
+
+  private:
+    void ListElements(const TypeDescription& type, const std::string& path, const StringRef& unit,
+                      int depth) {
+        const TypeMember& element = type.members[0];
+        for (std::size_t i = 0; i < type.count && fields_.size() < kMostFields && steps_ <= 2 * kMostFields;
+             ++i)
+            List(element.type, path + '[' + std::to_string(i) + ']', Nearest(element.unit, unit), depth + 1);
+    }
+
+    static const StringRef& Nearest(const StringRef& inner, const StringRef& outer) {
+        return inner.number != 0 ? inner : outer;
+    }
+
+    const StandardCatalog& catalog_;
+    std::vector<CatalogField>& fields_;
+    std::size_t steps_ = 0;
+};
+
+std::vector<CatalogField> FieldsOf(const StandardCatalog& catalog, const NvType* type) {
+    std::vector<CatalogField> fields;
+    if (type != nullptr)
+        FieldLister(catalog, fields).List(type->type, "", type->unit, 0);
+    return fields;
+}
+
+}  // namespace
+
+std::vector<CatalogField> StandardCatalog::NvFields(std::int32_t index) const {
+    return FieldsOf(*this, Nv(index));
+}
+std::vector<CatalogField> StandardCatalog::CpFields(std::int32_t index) const {
+    return FieldsOf(*this, Cp(index));
+}
+
+const std::vector<DisplayFormat>& StandardCatalog::Formats(std::string_view typeName) const {
+    return impl_->Formats(typeName);
+}
+
+std::vector<FormatParameter> StandardCatalog::DefaultParameters(std::int32_t nvIndex) const {
+    for (const DisplayFormat& format : Formats(NvName(nvIndex))) {
+        if (format.name.empty() && !format.parameters.empty() && !format.parameters[0].conversion.empty())
+            return format.parameters;
+    }
+    std::vector<FormatParameter> parameters;
+    for (const CatalogField& field : NvFields(nvIndex))
+        parameters.push_back({.conversion = field.conversion, .expression = field.path});
+    return parameters;
+}
+
+const std::string& StandardCatalog::TextProblem() const {
+    return impl_->textProblem;
+}
+const std::string& StandardCatalog::FormatProblem() const {
+    return impl_->formatProblem;
+}
+
+}  // namespace tovarek

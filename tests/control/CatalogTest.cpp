@@ -1,0 +1,227 @@
+// Opening the standard catalog and what it answers. The catalog is the one that the build wrote from the
+// facts.
+#include <algorithm>
+
+#include "Fixtures.h"
+#include "control/StandardCatalog.h"
+
+namespace tovarek {
+namespace {
+
+const std::string kFolder = TOVAREK_CATALOG;
+
+std::unique_ptr<StandardCatalog> OpenBuilt() {
+    std::unique_ptr<StandardCatalog> catalog;
+    EXPECT_EQ(StandardCatalog::Open(kFolder + "/ldrf.cat", catalog).reason, "");
+    return catalog;
+}
+
+std::int32_t OpenIn(const std::string& folder, const std::string& file = "ldrf.cat") {
+    QVxTypes types;
+    types.CatalogDirectory(folder);
+    types.CatalogFileName(file);
+    types.OpenCatalog();
+    EXPECT_EQ(types.ResultCode() == 0, types.Catalog() != nullptr);
+    EXPECT_EQ(types.ResultCode() == 0, types.ResultReason().empty());
+    return types.ResultCode();
+}
+
+TEST(Catalog, SelectionAnswersSizeAndNamedFormats) {
+    QVxTypes types;
+    types.CatalogDirectory(kFolder);
+    types.CatalogFileName("ldrf.cat");
+    types.SelectedTypeIndex(105);
+    EXPECT_EQ(types.ResultCode(), 1) << "not open yet";
+    types.OpenCatalog();
+    ASSERT_EQ(types.ResultCode(), 0) << types.ResultReason();
+    types.SelectedTypeIndex(39);
+    EXPECT_EQ(types.ResultCode(), 0);
+    EXPECT_EQ(types.SelectedTypeSize(), 2);
+    ASSERT_EQ(types.SelectedTypeFormatCount(), 3);
+    TypeFormat format;
+    ASSERT_EQ(types.SelectedTypeFormat(2, format), 0);
+    EXPECT_EQ(format.name, "US");
+    EXPECT_EQ(format.factor, 1.8);
+    EXPECT_EQ(format.offset, 32);
+    EXPECT_EQ(format.unit, "degrees F");
+    EXPECT_EQ(types.SelectedTypeFormat(0, format), 16);
+    EXPECT_EQ(types.SelectedTypeFormat(4, format), 16);
+    types.SelectedTypeIndex(112);
+    EXPECT_EQ(types.SelectedTypeSize(), 12);
+    EXPECT_EQ(types.SelectedTypeFormatCount(), 0) << "only a default format";
+    types.ClearTypeSelection();
+    EXPECT_EQ(types.ResultCode(), 0);
+    EXPECT_EQ(types.SelectedTypeSize(), 0);
+}
+
+TEST(Catalog, FormatWithSeveralParametersGivesThoseOfTheFirst) {
+    QVxTypes types;
+    types.CatalogDirectory(kFolder);
+    types.CatalogFileName("ldrf.cat");
+    types.OpenCatalog();
+    types.SelectedTypeIndex(types.Catalog()->NvIndex("SNVT_hvac_overid"));
+    ASSERT_EQ(types.SelectedTypeFormatCount(), 4);
+    TypeFormat format;
+    ASSERT_EQ(types.SelectedTypeFormat(3, format), 0);
+    EXPECT_EQ(format.name, "US");
+    EXPECT_EQ(format.factor, 1);
+    EXPECT_EQ(format.unit, "");
+}
+
+TEST(Catalog, NumbersWithoutATypeAreNotInIt) {
+    const auto catalog = OpenBuilt();
+    for (const int index : {-1, 0, 140, 141, 142, 167, 216, 225, 226, 65535, 65536}) {
+        EXPECT_FALSE(catalog->HasNv(index)) << index;
+    }
+    EXPECT_FALSE(catalog->HasCp(381));
+    EXPECT_TRUE(catalog->HasCp(384));
+    EXPECT_EQ(catalog->NvTypes().size(), 214U);
+    EXPECT_EQ(catalog->CpTypes().size(), 359U);
+    EXPECT_EQ(catalog->NvIndex("SNVT_nothing"), 0);
+    EXPECT_EQ(catalog->NvIndex("UNVT_temp"), 0);
+}
+
+TEST(Catalog, TypesAreDescribedCompletely) {
+    const auto catalog = OpenBuilt();
+    for (const CatalogEntry& entry : catalog->NvTypes()) {
+        const NvType* type = catalog->Nv(entry.index);
+        ASSERT_NE(type, nullptr) << entry.name;
+        EXPECT_EQ(SizeOf(type->type), entry.size) << entry.name;
+        EXPECT_EQ(catalog->NvIndex(entry.name), entry.index);
+        EXPECT_FALSE(catalog->NvFields(entry.index).empty()) << entry.name;
+    }
+    for (const CatalogEntry& entry : catalog->CpTypes()) {
+        ASSERT_NE(catalog->Cp(entry.index), nullptr) << entry.name;
+    }
+    const NvType& temperature = *catalog->Nv(105);
+    EXPECT_EQ(temperature.type.kind, TypeKind::signedLong);
+    EXPECT_EQ(temperature.type.minimum, -27317);
+    EXPECT_EQ(temperature.type.invalid, 32767);
+    EXPECT_EQ(temperature.type.b, -2);
+    EXPECT_EQ(catalog->Text(temperature.unit), "degrees Celsius");
+    EXPECT_EQ(catalog->Text({0, 854}), "degrees C");
+    const Enumeration* days = catalog->EnumerationSet(catalog->Nv(11)->type.target.index);
+    ASSERT_NE(days, nullptr);
+    EXPECT_EQ(days->name, "days_of_week_t");
+    EXPECT_EQ(catalog->Cp(1)->maximum, std::string("\0\0\0\0\x3B\x03\xE7", 7));
+    EXPECT_EQ(catalog->TextProblem() + catalog->FormatProblem(), "");
+}
+
+std::string Shown(const std::vector<FormatParameter>& parameters) {
+    std::string text;
+    for (const FormatParameter& parameter : parameters) {
+        text += parameter.conversion + ' ' + parameter.expression + ';';
+    }
+    return text;
+}
+
+TEST(Catalog, DefaultParametersFollowKindScalingAndMembers) {
+    const auto catalog = OpenBuilt();
+    EXPECT_EQ(Shown(catalog->DefaultParameters(95)), "%f value;%d state;");
+    EXPECT_EQ(Shown(catalog->DefaultParameters(105)), "%f ;") << "only named formats: from the type";
+    EXPECT_EQ(Shown(catalog->DefaultParameters(8)), "%d ;");
+    EXPECT_EQ(Shown(catalog->DefaultParameters(11)), "%m ;");
+    EXPECT_EQ(Shown(catalog->DefaultParameters(36)), "%s ascii;");
+    EXPECT_EQ(Shown(catalog->DefaultParameters(140)), "");
+    const auto table = catalog->NvFields(catalog->NvIndex("SNVT_trans_table"));
+    ASSERT_GE(table.size(), 7U);
+    EXPECT_EQ(table[6].path, "point[6]");
+    EXPECT_EQ(table[6].conversion, "%f");
+}
+
+TEST(Catalog, FormatFileAndTypeFileShowTheSameValues) {
+    const auto catalog = OpenBuilt();
+    for (const CatalogEntry& entry : catalog->NvTypes()) {
+        const auto fields = catalog->NvFields(entry.index);
+        for (const DisplayFormat& format : catalog->Formats(entry.name)) {
+            for (const FormatParameter& parameter : format.parameters) {
+                const bool known = std::any_of(fields.begin(), fields.end(), [&](const CatalogField& field) {
+                    return field.path == parameter.expression || parameter.conversion == "%s";
+                });
+                EXPECT_TRUE(known) << entry.name << ' ' << parameter.expression;
+            }
+        }
+    }
+}
+
+TEST(Catalog, MissingFilesAreCodeFive) {
+    const TempFolder folder;
+    EXPECT_EQ(OpenIn(folder.Path()), 5) << "no catalog file";
+    EXPECT_EQ(OpenIn(folder / "none"), 5) << "no folder";
+    EXPECT_EQ(OpenIn("", ""), 5);
+    std::filesystem::create_directory(folder / "ldrf.cat");
+    EXPECT_EQ(OpenIn(folder.Path()), 5) << "a folder in its place";
+    std::filesystem::remove(folder / "ldrf.cat");
+    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\n.\nnowhere\n");
+    EXPECT_EQ(OpenIn(folder.Path()), 5) << "no standard set";
+}
+
+TEST(Catalog, OursNamesFoldersRelativeToItself) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder / "sets");
+    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "sets/standard.typ");
+    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\r\n\r\n# a comment\r\nmissing\r\n  sets  ");
+    EXPECT_EQ(OpenIn(folder.Path() + "\\"), 0);
+    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\n" + kFolder + "\n");
+    EXPECT_EQ(OpenIn(folder.Path()), 0) << "an absolute folder";
+}
+
+TEST(Catalog, ForeignCatalogLeadsToItsOwnFolderInAnyLetterCase) {
+    const TempFolder folder;
+    WriteFile(folder / "LDRF.CAT", std::string("UCAT\0\x01\x02", 7));
+    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "STANDARD.Typ");
+    EXPECT_EQ(OpenIn(folder.Path(), "LDRF.CAT"), 0);
+}
+
+TEST(Catalog, OpensWithoutTextsAndFormats) {
+    const TempFolder folder;
+    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "standard.typ");
+    WriteFile(folder / "ldrf.cat", "");
+    std::unique_ptr<StandardCatalog> catalog;
+    ASSERT_TRUE(StandardCatalog::Open(folder / "ldrf.cat", catalog).Ok());
+    EXPECT_EQ(catalog->NvSize(112), 12);
+    EXPECT_TRUE(catalog->Formats("SNVT_temp").empty());
+    EXPECT_EQ(catalog->Text({0, 854}), "");
+    EXPECT_NE(catalog->TextProblem(), "");
+    EXPECT_NE(catalog->FormatProblem(), "");
+}
+
+TEST(Catalog, DamagedStandardSetIsRefused) {
+    const TempFolder folder;
+    WriteFile(folder / "ldrf.cat", "");
+    std::string bytes = ReadFile(kFolder + "/standard.typ");
+    bytes[bytes.size() - 20] ^= 1;
+    WriteFile(folder / "standard.typ", bytes);
+    EXPECT_EQ(OpenIn(folder.Path()), 10);
+    WriteFile(folder / "standard.typ", ExampleBytes()[1]);
+    EXPECT_EQ(OpenIn(folder.Path()), 3) << "scope 3";
+    WriteFile(folder / "standard.typ", bytes.substr(0, 5000));
+    EXPECT_NE(OpenIn(folder.Path()), 0);
+    EXPECT_NE(OpenIn(folder.Path()), 1);
+}
+
+// A reference circle in a set that is sound by its checksums.
+TEST(Catalog, TypesThatReferToThemselvesEnd) {
+    TypeFile types;
+    types.header.title = TitleText(ResourceKind::type, 1, 0);
+    TypeDescription circle;
+    circle.kind = TypeKind::structure;
+    TypeDescription self;
+    self.kind = TypeKind::reference;
+    self.target = {0, 1};
+    for (const char* name : {"a", "b", "c"}) {
+        circle.members.push_back({name, {}, {}, {}, self});
+    }
+    types.nvTypes.emplace_back(NvType{"_circle", 3, {}, {}, {}, circle});
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    const TempFolder folder;
+    WriteFile(folder / "ldrf.cat", "");
+    WriteFile(folder / "standard.typ", bytes);
+    std::unique_ptr<StandardCatalog> catalog;
+    ASSERT_TRUE(StandardCatalog::Open(folder / "ldrf.cat", catalog).Ok());
+    EXPECT_TRUE(catalog->NvFields(1).empty());
+}
+
+}  // namespace
+}  // namespace tovarek

@@ -1,0 +1,97 @@
+// What the tests of the control share: a folder of their own, the sample sets, bytes written as hexadecimal.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "control/FormatFile.h"
+#include "control/LanguageFile.h"
+#include "control/ProfileFile.h"
+#include "control/QVxTypes.h"
+#include "control/TypeFile.h"
+#include "support/Files.h"
+
+namespace tovarek {
+
+class TempFolder {
+  public:
+    TempFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "tovarek-control-XXXXXX").string();
+        path_ = mkdtemp(pattern.data());
+    }
+    ~TempFolder() { std::filesystem::remove_all(path_); }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+    const std::string& Path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+inline std::string Bytes(std::string_view hex) {
+    std::string bytes;
+    int digits = 0;
+    int value = 0;
+    for (const char c : hex) {
+        if (c == ' ' || c == '\n') {
+            continue;
+        }
+        value = value * 16 + (c <= '9' ? c - '0' : c - 'A' + 10);
+        if (++digits % 2 == 0) {
+            bytes.push_back(static_cast<char>(value));
+            value = 0;
+        }
+    }
+    return bytes;
+}
+
+// Paths of all sample files with this extension, in either letter case.
+inline std::vector<std::string> Samples(const std::string& extension) {
+    std::vector<std::string> paths;
+    const std::filesystem::path root = std::filesystem::path(TOVAREK_SAMPLES) / "resources";
+    if (!std::filesystem::exists(root)) {
+        return paths;
+    }
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+        std::string found = entry.path().extension().string();
+        for (char& c : found) {
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        }
+        if (found == extension) {
+            paths.push_back(entry.path().string());
+        }
+    }
+    return paths;
+}
+
+// A file of each kind with the contents of the worked examples: scope 3, one structure with bit fields.
+struct ExampleSet {
+    LanguageFile language;
+    TypeFile types;
+    ProfileFile profiles;
+};
+ExampleSet MakeExampleSet();
+
+// The example files as bytes, in the order language, type, profile.
+std::vector<std::string> ExampleBytes();
+
+// The creation of files of the examples' set, through the control.
+class ExampleControl {
+  public:
+    ExampleControl();
+    std::int32_t CreateLanguage(const std::string& path, std::int32_t locale = 0x0409);
+    std::int32_t CreateProfile(const std::string& path);
+    std::int32_t CreateType(const std::string& path);
+    std::int32_t Save();
+
+    QVxTypes types;
+    std::int32_t handle = 0;
+};
+
+}  // namespace tovarek

@@ -1,0 +1,158 @@
+// The pieces of the format one by one: checksum, ranges, sizes, the order of sorted tables.
+#include <limits>
+
+#include "Fixtures.h"
+#include "control/Crc16.h"
+#include "control/TypeDescriptionCodec.h"
+
+namespace tovarek {
+namespace {
+
+std::string Encoded(const TypeDescription& type) {
+    ByteWriter record;
+    EXPECT_TRUE(WriteDescription(type, record));
+    return record.Take();
+}
+
+TypeDescription Ranged(TypeKind kind, std::int64_t minimum, std::int64_t maximum) {
+    TypeDescription type = NumberOfKind(kind);
+    type.minimum = minimum;
+    type.maximum = maximum;
+    return type;
+}
+
+TypeDescription Bits(int offset, int width, bool isSigned = false) {
+    TypeDescription type;
+    type.kind = TypeKind::bitField;
+    type.bitOffset = static_cast<std::uint8_t>(offset);
+    type.bitWidth = static_cast<std::uint8_t>(width);
+    type.bitSigned = isSigned;
+    type.minimum = SmallestRaw(type);
+    type.maximum = LargestRaw(type);
+    return type;
+}
+
+TypeDescription Group(TypeKind kind, const std::vector<TypeDescription>& members) {
+    TypeDescription type;
+    type.kind = kind;
+    for (const TypeDescription& member : members) {
+        type.members.push_back({"m", {}, {}, {}, member});
+    }
+    return type;
+}
+
+TEST(Layout, ChecksumVectors) {
+    EXPECT_EQ(Crc16(""), 0x0000);
+    EXPECT_EQ(Crc16(std::string(1, '\0')), 0x0000);
+    EXPECT_EQ(Crc16("123456789"), 0xBB3D);
+    EXPECT_EQ(Crc16(std::string("A\0", 2)), 0x5030);
+    EXPECT_EQ(Crc16(std::string("m/s\0", 4)), 0x5508);
+    EXPECT_EQ(Crc16("56789", Crc16("1234")), 0xBB3D) << "in pieces";
+}
+
+TEST(Layout, RangesTakeTheShortestForm) {
+    EXPECT_EQ(Encoded(Ranged(TypeKind::unsignedShort, 0, 255)), Bytes("04 90 00"));
+    EXPECT_EQ(Encoded(Ranged(TypeKind::signedShort, 0, 0)), Bytes("03 28 00"));
+    EXPECT_EQ(Encoded(Ranged(TypeKind::signedLong, -1, 5)), Bytes("05 40 00 05 00"));
+    EXPECT_EQ(Encoded(Ranged(TypeKind::unsignedShort, 0, 0)), Bytes("04 88 00")) << "the kind's limit wins";
+    EXPECT_EQ(Encoded(Ranged(TypeKind::signedQuad, 1, 2)), Bytes("0D 00 00 00 00 01 00 00 00 02 00"));
+    EXPECT_EQ(Encoded(Ranged(TypeKind::unsignedQuad, 0, 0xFFFFFFFE)), Bytes("0F 80 FF FF FF FE 00"));
+    TypeDescription scaled = Ranged(TypeKind::unsignedLong, 0, 65535);
+    scaled.c = -2740;
+    EXPECT_EQ(Encoded(scaled), Bytes("06 91 F5 4C 00"));
+    scaled.invalid = 65535;
+    EXPECT_EQ(Encoded(scaled), Bytes("06 91 F5 4C 01 FF FF"));
+    TypeDescription enumeration = Ranged(TypeKind::enumeration, -128, -1);
+    enumeration.target = {6, 258};
+    EXPECT_EQ(Encoded(enumeration), Bytes("07 06 01 02 80 FF"));
+}
+
+TEST(Layout, BitFieldsAndFloats) {
+    EXPECT_EQ(Encoded(Bits(4, 4)), Bytes("0B 44 90"));
+    EXPECT_EQ(Encoded(Bits(0, 8, true)), Bytes("0B 88 90"));
+    TypeDescription narrow = Bits(0, 3, true);
+    narrow.minimum = -1;
+    EXPECT_EQ(Encoded(narrow), Bytes("0B 83 50"));
+    EXPECT_EQ(Encoded(NumberOfKind(TypeKind::floatingPoint)), Bytes("0C 90 00"));
+    TypeDescription limited = NumberOfKind(TypeKind::floatingPoint);
+    limited.floatMinimum = 0;
+    limited.floatMaximum = 1.5F;
+    EXPECT_EQ(Encoded(limited), Bytes("0C 00 00 00 00 00 3F C0 00 00 00"));
+    EXPECT_EQ(Encoded(TextOf(20, 3)), Bytes("08 00 14 03 00 00 00 03 00 00 00 03 00 00 00 02 90 00"));
+}
+
+TEST(Layout, WhatDoesNotFitTheFormatIsNotWritten) {
+    ByteWriter record;
+    EXPECT_FALSE(WriteDescription(Ranged(TypeKind::signedShort, -129, 0), record));
+    EXPECT_FALSE(WriteDescription(Bits(0, 9), record));
+    TypeDescription deep = NumberOfKind(TypeKind::signedShort);
+    for (int i = 0; i <= kDeepestNesting; ++i) {
+        deep = Group(TypeKind::structure, {deep});
+    }
+    EXPECT_FALSE(WriteDescription(deep, record));
+    deep = deep.members[0].type;
+    ByteWriter deepest;
+    ASSERT_TRUE(WriteDescription(deep, deepest));
+    ByteReader reader(deepest.Bytes());
+    EXPECT_EQ(ReadDescription(reader), deep);
+    EXPECT_FALSE(reader.Failed());
+}
+
+TEST(Layout, SizesFollowTheRulesOfTheFormat) {
+    const TypeDescription byte = NumberOfKind(TypeKind::unsignedShort);
+    const TypeDescription quad = NumberOfKind(TypeKind::signedQuad);
+    EXPECT_EQ(SizeOf(Group(TypeKind::structure, {Bits(0, 1), Bits(1, 3), Bits(4, 4)})), 1U);
+    EXPECT_EQ(SizeOf(Group(TypeKind::structure, {Bits(0, 4), Bits(0, 4), Bits(4, 4)})), 2U) << "equal offset";
+    EXPECT_EQ(SizeOf(Group(TypeKind::structure, {Bits(4, 4), Bits(0, 4)})), 2U) << "smaller offset";
+    EXPECT_EQ(SizeOf(Group(TypeKind::structure, {Bits(0, 4), byte, Bits(4, 4)})), 3U) << "interrupted";
+    EXPECT_EQ(SizeOf(Group(TypeKind::unionKind, {byte, quad, Bits(0, 1)})), 4U);
+    EXPECT_EQ(SizeOf(ArrayOf(Group(TypeKind::structure, {byte, quad}), 3, 0)), 15U);
+    EXPECT_EQ(SizeOf(ArrayOf(quad, 65535, 0)), 65536U) << "answered as too large, not wrapped";
+    EXPECT_EQ(SizeOf(ArrayOf(ArrayOf(quad, 65535, 0), 65535, 0)), 65536U);
+}
+
+TEST(Layout, SortedTablesCompareBytesAndFileNamesWithoutCase) {
+    TypeFile file;
+    for (const char* name : {"b", "_a", "a", "Z", "\xC3\xA9"}) {  // the last one is byte E9
+        file.nvTypes.emplace_back(NvType{name, 1, {}, {}, {}, NumberOfKind(TypeKind::unsignedShort)});
+    }
+    for (const char* name : {"b.h", "C.h", "A.h", "a.h"}) {
+        file.enumerations.emplace_back(Enumeration{"e", name, {}});
+    }
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    const auto order = [&bytes](std::size_t table, std::size_t count) {
+        std::string numbers;
+        ByteReader entries(std::string_view(bytes).substr(table));
+        for (std::size_t i = 0; i < count; ++i) {
+            numbers += std::to_string(ByteReader(std::string_view(bytes).substr(entries.U32())).U16());
+        }
+        return numbers;
+    };
+    EXPECT_EQ(order(0x353 + 20, 5), "42315");
+    EXPECT_EQ(order(0x353 + 40 + 32, 4), "3412") << "equal names keep the order of their numbers";
+}
+
+TEST(Layout, ManyEntriesPushTheDataSectionBack) {
+    LanguageFile file;
+    file.header.title = TitleText(ResourceKind::language, 1, 0);
+    file.language = "enu";
+    for (int i = 0; i < 12; ++i) {
+        file.strings.emplace_back(i == 5 ? std::optional<std::string>() : "text");
+    }
+    std::string bytes;
+    ASSERT_TRUE(WriteLanguageFile(file, bytes).Ok());
+    EXPECT_EQ(bytes.substr(0x31A, 4), Bytes("00 00 03 65")) << "12 entries need 0x335 + 48";
+    LanguageFile again;
+    ASSERT_EQ(ReadLanguageFile(bytes, again).reason, "");
+    EXPECT_EQ(again.strings, file.strings) << "the sixth is deleted";
+}
+
+TEST(Layout, ContactWithoutPhoneAndEmailIsOneLine) {
+    EXPECT_EQ(ContactText("Acme", "", ""), "This file was created & is maintained by Acme.\n");
+    EXPECT_NE(ContactText("Acme", "1", "").find("Contact us at 1,\nor at  on"), std::string::npos);
+    EXPECT_NE(TitleText(ResourceKind::type, 16, 0).find("Data version 16.00."), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tovarek

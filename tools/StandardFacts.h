@@ -1,0 +1,25 @@
+// The facts of the standard types (catalog/standard-types.json) as the models of the resource files.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "control/FormatFile.h"
+#include "control/LanguageFile.h"
+#include "control/ProfileFile.h"
+#include "control/TypeFile.h"
+
+namespace tovarek {
+
+struct StandardSet {
+    LanguageFile language;
+    TypeFile types;
+    ProfileFile profiles;
+    FormatFile formats;
+};
+
+// Builds the whole set, saved at `saved` (UTC). Throws nlohmann::json::exception or std::runtime_error where
+// a fact contradicts another or does not fit the format.
+StandardSet BuildStandardSet(const nlohmann::json& facts, const CivilTime& saved);
+
+}  // namespace tovarek
