@@ -105,12 +105,12 @@ int ReportWritten(const std::vector<std::string>& files, OutputFormat format, St
     if (format == OutputFormat::json) {
         Json written = Json::array();
         for (const std::string& file : files)
-            written.push_back({{"file", file}, {"bytes", StampOf(file).size}});
+            written.push_back({{"file", SystemPath(file)}, {"bytes", StampOf(file).size}});
         streams.out << Dump({{"written", written}}) << '\n';
         return kDone;
     }
     for (const std::string& file : files)
-        streams.out << "wrote " << file << " (" << StampOf(file).size << " bytes)\n";
+        streams.out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
     if (files.empty())
         streams.out << "nothing to write: the template is in order\n";
     return kDone;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "component/FilesList.h"
 #include "component/XifWriter.h"
 
 namespace tovarek {
@@ -98,10 +99,8 @@ void Tovarek::Generate() {
 }
 
 void Tovarek::GenerateTypeFiles() {
-    RaiseRuntimeError(RuntimeError::actionNotSupported,
-                      {.field = "mustGenerateTypes",
-                       .value = "true",
-                       .reason = "resource files cannot be generated yet; set mustGenerateTypes to false"});
+    GenerateTypeFilesAndList(types_, template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_,
+                             userTypeFilePath_, writtenFiles_);
 }
 
 void Tovarek::GenerateXif() {

@@ -1,0 +1,128 @@
+#include "cli/InspectCommands.h"
+
+#include <ostream>
+
+#include "cli/Locations.h"
+#include "inspect/Inspect.h"
+#include "inspect/InspectText.h"
+#include "support/CErrorHandler.h"
+#include "support/CTools.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr const char* kUsualCatalog = "ldrf.cat";
+
+// Opens the catalog that names are looked up in. The shipped one is a help that may be missing; one that the
+// user names must be there.
+std::unique_ptr<StandardCatalog> OpenCatalog(const CatalogPlace& place) {
+    const bool isNamed = !place.folder.empty() || !place.file.empty();
+    const std::string folder = place.folder.empty() ? ShippedCatalogFolder() : place.folder;
+    const std::string path = (folder.empty() ? std::string() : WithFinalBackslash(folder)) +
+                             (place.file.empty() ? std::string(kUsualCatalog) : place.file);
+    std::unique_ptr<StandardCatalog> catalog;
+    const Outcome outcome = StandardCatalog::Open(path, catalog);
+    if (!outcome.Ok() && isNamed)
+        CErrorHandler().RaiseQVxTypesEditError(outcome.code, {.file = path, .reason = outcome.reason});
+    return catalog;
+}
+
+ErrorContext DamageContext(const std::string& path, const FileListing& file) {
+    return {.record = std::string(KindName(file.kind)), .file = path, .reason = file.damage};
+}
+
+// A damaged file is listed all the same: that is what listings are for.
+int DumpBytes(const std::string& path, OutputFormat format, Streams streams) {
+    const FileListing file = ListFile(path);
+    if (format == OutputFormat::json) {
+        streams.out << "{\"kind\": " << JsonString(KindName(file.kind)) << ", \"damage\": "
+                    << (file.code == resultOk ? std::string("null") : JsonString(file.damage))
+                    << ", \"rows\": " << ListingJson(file.listing, file.bytes) << "}\n";
+        return file.code == resultOk ? kDone : kFailed;
+    }
+    streams.out << ListingText(file.listing, file.bytes);
+    if (file.code != resultOk)
+        CErrorHandler().RaiseQVxTypesEditError(file.code, DamageContext(path, file));
+    return kDone;
+}
+
+void WriteValue(const InspectNode::Value& value, std::ostream& out) {
+    if (std::holds_alternative<std::monostate>(value))
+        out << "(none)";
+    else if (const auto* text = std::get_if<std::string>(&value))
+        out << '"' << Printable(Excerpt(*text)) << '"';
+    else
+        out << ValueText(value);
+}
+
+InspectNode DifferencesNode(const std::vector<Difference>& differences) {
+    InspectNode list = InspectNode::List("differences");
+    const auto valueNode = [](const char* name, const InspectNode::Value& value) {
+        InspectNode node;
+        node.name = name;
+        node.value = value;
+        return node;
+    };
+    for (const Difference& difference : differences) {
+        InspectNode item = InspectNode::Object("");
+        item.Text("path", difference.path);
+        item.Add(valueNode("old", difference.before));
+        item.Add(valueNode("new", difference.after));
+        list.Add(std::move(item));
+    }
+    return list;
+}
+
+void WriteDifferences(const std::vector<Difference>& differences, OutputFormat format, std::ostream& out) {
+    if (format == OutputFormat::json) {
+        InspectNode result = InspectNode::Object("");
+        result.Flag("same", differences.empty());
+        result.Add(DifferencesNode(differences));
+        out << JsonText(result) << '\n';
+        return;
+    }
+    for (const Difference& difference : differences) {
+        out << difference.path << ": ";
+        WriteValue(difference.before, out);
+        out << " -> ";
+        WriteValue(difference.after, out);
+        out << '\n';
+    }
+}
+
+}  // namespace
+
+int RunDump(const std::string& path, const DumpOptions& options, Streams streams) {
+    try {
+        if (options.bytes)
+            return DumpBytes(path, options.format, streams);
+        const std::unique_ptr<StandardCatalog> catalog = OpenCatalog(options.place);
+        const Inspection inspection = InspectFile(path, catalog.get());
+        if (options.format == OutputFormat::json)
+            streams.out << JsonText(inspection.tree) << '\n';
+        else
+            streams.out << TreeText(inspection.tree);
+        return kDone;
+    } catch (const Error& error) {
+        return ReportError(error, options.format, streams);
+    }
+}
+
+int RunDiff(const std::string& before, const std::string& after, OutputFormat format, Streams streams) {
+    try {
+        const Inspection old = InspectAlone(before);
+        const Inspection now = InspectAlone(after);
+        if (old.kind != now.kind)
+            return ReportWrongUse("cannot compare a " + std::string(KindName(old.kind)) + " with a " +
+                                      std::string(KindName(now.kind)),
+                                  streams);
+        const std::vector<Difference> differences = Compare(old.tree, now.tree);
+        WriteDifferences(differences, format, streams.out);
+        return differences.empty() ? kDone : kDifferent;
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
+}
+
+}  // namespace tovarek

@@ -1,0 +1,23 @@
+// tovarek dump and tovarek diff: what is in a file, and where two files differ.
+#pragma once
+
+#include <string>
+
+#include "cli/CatalogCommand.h"
+
+namespace tovarek {
+
+struct DumpOptions {
+    OutputFormat format = OutputFormat::text;
+    bool bytes = false;  // every byte in file order instead of the content
+    CatalogPlace place;  // the shipped catalog when empty; that one may be missing
+};
+
+// Shows a language, type, profile, format or XIF file, or a catalog. A damaged file is kFailed.
+int RunDump(const std::string& path, const DumpOptions& options, Streams streams);
+
+// Compares two files of one kind by content: dates and unreferenced bytes do not count. One line per
+// difference. kDone when there is none, kDifferent when there are some, kWrongUse for files of two kinds.
+int RunDiff(const std::string& before, const std::string& after, OutputFormat format, Streams streams);
+
+}  // namespace tovarek

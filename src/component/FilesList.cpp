@@ -1,0 +1,81 @@
+#include "component/FilesList.h"
+
+#include <string_view>
+
+#include "support/CTools.h"
+#include "support/Numbers.h"
+#include "support/TextWriter.h"
+#include "types/TypeFilesDriver.h"
+
+namespace tovarek {
+namespace {
+
+// Scopes that resource files are written for; types of any other one are not.
+constexpr std::int32_t kFirstScope = 1;
+constexpr std::int32_t kLastScope = 6;
+
+constexpr std::string_view kHeader[] = {
+    "' List of the generated files",
+    "' Format is :",
+    "'       <fileType>,<fileName>,<programId>,<scope>,<locale>",
+    "'        With :",
+    "'            <fileType>  2:lang, 3:type, 4:fpt, 5:format",
+    "'            <fileName>  Name of the file without path",
+    "'            <programId> Complete programID",
+    "'            <scope>     Scope from 1 to 6",
+    "'            <locale>    Lang locale id. Zero if the file is not a lang file.",
+    "",
+};
+
+void AddTypesOfScope(const CTypes::Types& types, std::int32_t scope, const std::string& keyPrefix,
+                     ScopeTypes& ofScope) {
+    for (const auto& type : types)
+        if (type->scope == scope)
+            ofScope.Add(keyPrefix + std::to_string(type->indexInScope), type.get());
+}
+
+}  // namespace
+
+void WriteFilesListText(FileSink& sink, const std::vector<CResFile>& files) {
+    TextWriter out(sink);
+    for (const std::string_view line : kHeader)
+        out.Line(line);
+    std::string line;
+    for (const CResFile& file : files) {
+        line.clear();
+        AppendInteger(line, file.typeFile);
+        line.append(",").append(file.name).append(",").append(file.programID).append(",");
+        AppendInteger(line, file.scope);
+        line += ',';
+        AppendInteger(line, file.locale);
+        out.Line(line);
+    }
+}
+
+void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
+                              const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
+                              const std::string& formatFile, const std::string& userTypeFilePath,
+                              std::vector<std::string>& writtenFiles) {
+    types.deviceTemplate = &deviceTemplate;
+    types.errorHandler = &errorHandler;
+    types.catalog = &catalog;
+    types.LoadTypes(formatFile, WithFinalBackslash(userTypeFilePath) + deviceTemplate.userTypeFile);
+
+    std::vector<CResFile> files;
+    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
+        ScopeTypes ofScope;
+        AddTypesOfScope(types.unvtTypes, scope, "NV_", ofScope);
+        AddTypesOfScope(types.ucptTypes, scope, "CP_", ofScope);
+        if (!ofScope.empty())
+            GenerateTypeFiles(ofScope, scope, settings, deviceTemplate.programID, catalog, errorHandler,
+                              files, writtenFiles);
+    }
+
+    const std::string path = WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
+    OutputFile list(path);
+    WriteFilesListText(list, files);
+    list.Close();
+    writtenFiles.push_back(path);
+}
+
+}  // namespace tovarek

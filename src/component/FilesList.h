@@ -1,0 +1,30 @@
+// The type step of a generation: loads the user types, has the resource files of every scope written, and
+// lists them in files.lst for installers and build tools.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "support/CErrorHandler.h"
+#include "support/Files.h"
+#include "template/CTemplate.h"
+#include "types/CResFile.h"
+#include "types/CTypes.h"
+#include "types/TypeFilesSettings.h"
+#include "types/catalog/CCatalog.h"
+
+namespace tovarek {
+
+// `formatFile` defines the types; the template's user type file is looked for in `userTypeFilePath`. The
+// template is loaded and checked already. Paths of finished files are appended to `writtenFiles`, files.lst
+// last. Raises the errors of CTypes::LoadTypes and GenerateTypeFiles, and file errors for files.lst; files
+// that were finished before an error stay.
+void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
+                              const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
+                              const std::string& formatFile, const std::string& userTypeFilePath,
+                              std::vector<std::string>& writtenFiles);
+
+// The text of files.lst into any sink, which is not closed.
+void WriteFilesListText(FileSink& sink, const std::vector<CResFile>& files);
+
+}  // namespace tovarek

@@ -1,0 +1,164 @@
+// A type of the device's own, or a member of one: how it is described, checked, measured and written into the
+// resource files.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "support/CErrorHandler.h"
+#include "support/KeyedList.h"
+#include "types/catalog/CCatalog.h"
+
+namespace tovarek {
+
+class FormatLines;      // types/FormatLines.h
+class StandardFormats;  // types/FormatLines.h
+struct CParam;          // types/FormatLines.h
+
+// What a type is made of; numbered as the generator always did.
+enum ElementType : std::int32_t {
+    elementNone = 0,
+    elementSigned = 1,
+    elementUnsigned = 2,
+    elementBits = 3,
+    elementEnum = 4,
+    elementTextual = 5,
+    elementStruct = 6,
+    elementUnion = 7,
+    elementFloat = 8,
+    elementBitfield = 9,  // deliberate: has the name of a bit field and none of its rules; see elementBits
+};
+
+// Format numbers from 1 to this one are the indexes of standard types.
+inline constexpr std::int32_t kLargestStandardIndex = 255;
+
+struct CEnumValue {
+    std::string name;
+    std::int32_t value = 0;  // of a signed byte, -128 to 127
+    std::string description;
+    std::int32_t res_description = 0;  // string number of the description in the language file; 0 = none
+};
+
+// An alternative unit of display: shown = format_a_coef x scaled value + format_c_coef.
+struct CFormat {
+    std::string name;
+    std::string unit;
+    double format_a_coef = 1.0;
+    double format_c_coef = 0.0;
+};
+using CFormats = KeyedList<CFormat>;
+
+// Numbers of the enumerations that a type file holds already, by name.
+using CreatedEnums = std::unordered_map<std::string, std::int32_t>;
+
+// A type may hold up to a million members, nested up to a thousand deep: what many members have in common is
+// shared between them, and the operations that descend keep their frames small.
+class CType {
+  public:
+    bool isUnvt = false;   // a network-variable type; else a configuration-property type
+    bool isField = false;  // a member of a structure or union
+    bool hasMin = false;   // whether minValue and maxValue count
+    bool hasMax = false;
+    bool inheritable = false;
+    bool bitfieldSigned = false;
+    std::int32_t typeIndex = 0;  // format number of the definition
+    std::int32_t scope = 0;      // resource scope, 0 to 6
+    ElementType elementType = elementNone;
+    std::int32_t a_coef = 1;  // scaled value = a_coef x 10^b_coef x (raw value + c_coef)
+    std::int32_t b_coef = 0;
+    std::int32_t c_coef = 0;
+    std::int32_t length = 0;          // bytes
+    std::int32_t arraySize = 0;       // elements; 0 = not an array
+    std::int32_t indexInScope = 0;    // number of the type in its scope
+    std::int32_t bitfieldSize = 0;    // bits
+    std::int32_t bitfieldOffset = 0;  // bits from the start of the byte
+    std::int32_t enumIndex = 0;       // number of the enumeration in the type file, once created
+    std::int32_t res_longname = 0;    // string numbers in the language file; 0 = none
+    std::int32_t res_unit = 0;
+    std::int32_t res_description = 0;
+    int line = 0;         // of the type element, for error messages; 0 = unknown
+    double minValue = 0;  // limits in scaled units
+    double maxValue = 0;
+    std::string name;
+    std::string longname;
+    std::string unit;
+    std::string description;
+    std::string rawInitValue;  // hexadecimal, two digits a byte; configuration-property types only
+    std::string rawMinValue;
+    std::string rawMaxValue;
+    std::string enumName;
+    std::shared_ptr<std::vector<CEnumValue>>
+        enumValues;  // shared by all types of one type element; none: no values
+    std::shared_ptr<const CFormats> availableFormats;  // shared likewise; none until the first one
+    std::vector<CType> elements;                       // members of a structure or union
+    std::vector<std::string>
+        formats;  // names of the display formats of the type and its members, by AnalyseFormat
+
+    // Whether the type stands for a standard one.
+    bool isReference() const { return typeIndex > 0 && typeIndex <= kLargestStandardIndex; }
+    bool HasMembers() const { return elementType == elementStruct || elementType == elementUnion; }
+
+    // Sets elementType from the word of a type element; letter case does not matter. Raises error 91.
+    void ConvertType(std::string_view t, const CErrorHandler& errorHandler);
+
+    // Raises the first fault of the type or its members. The context names the field, not the type: the
+    // caller knows what the type is called.
+    void VerifyData(const CErrorHandler& errorHandler) const;
+
+    // The limits as raw integers, halves to even. Runtime error 6 when one does not fit 32 bits.
+    std::int32_t minValueToLong() const { return RawValue(minValue); }
+    std::int32_t maxValueToLong() const { return RawValue(maxValue); }
+
+    // Lengths of references, from the catalog; 0 for a type that it lacks.
+    void ComputeReferenceLength(CCatalog& catalog);
+    // Gives `mainType` the named display formats of the standard types that this type is made of. One whose
+    // name is there already, letter case aside, is left out.
+    void VerifyReferenceFormats(CType& mainType, CCatalog& catalog) const;
+    // Adds the length to `total`. Deliberate: a union counts the sum of its members, not the largest.
+    void ComputeLength(std::int32_t& total) const;
+    // Computes the length of a structure or union from its members.
+    void AnalyseLength();
+
+    // Adds the texts to the open language file and keeps their numbers. `resNumber` counts the strings of the
+    // file.
+    void AddToLangFile(CCatalog& catalog, std::int32_t& resNumber, const CErrorHandler& errorHandler);
+    // Creates the enumeration in the open type file, unless one of its name is there already.
+    void CreateEnum(CCatalog& catalog, const CErrorHandler& errorHandler, CreatedEnums& alreadyCreated);
+    // CreateEnum for the type or for its members.
+    void CreateEnums(CCatalog& catalog, const CErrorHandler& errorHandler, CreatedEnums& alreadyCreated);
+    // Describes the type in the open type file. The main type (`isFirst`) is started before and registered
+    // behind.
+    void CreateType(CCatalog& catalog, const CErrorHandler& errorHandler, bool isFirst) const;
+
+    // Gathers the names of the display formats of this type in `mainType`, each once.
+    void AnalyseFormat(CType& mainType) const;
+    // Appends what the display format `formatName` (empty: the default one) shows of this type. `prefix` is
+    // the path of the type inside the main type (`isFirst`); it comes back unchanged.
+    void AnalyseFormatLine(const std::string& formatName, std::vector<CParam>& params, std::string& prefix,
+                           StandardFormats& catalog, bool isFirst) const;
+    // Writes the lines of all display formats.
+    void AddToFormatFile(FormatLines& file) const;
+
+  private:
+    std::int32_t RawValue(double value) const;
+
+    void VerifyIdentity(const CErrorHandler& errorHandler) const;
+    void VerifyDefinition(const CErrorHandler& errorHandler) const;
+    void VerifyNumber(const CErrorHandler& errorHandler) const;
+    void VerifyBitField(const CErrorHandler& errorHandler) const;
+
+    void AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
+                 const CErrorHandler& errorHandler) const;
+    std::int32_t Describe(QVxTypes& control) const;
+    void StartType(CCatalog& catalog, const CErrorHandler& errorHandler) const;
+    void Register(CCatalog& catalog, const CErrorHandler& errorHandler) const;
+};
+
+// Adds to `error`, which arose in `member`, what the member is called and where it is defined.
+void AddMemberContext(Error& error, const CType& member);
+
+}  // namespace tovarek

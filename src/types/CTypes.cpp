@@ -1,0 +1,140 @@
+#include "types/CTypes.h"
+
+#include <utility>
+
+#include "support/Numbers.h"
+#include "template/TemplateFields.h"
+#include "types/FormatDefinitions.h"
+
+namespace tovarek {
+namespace {
+
+// The scope of types that a device defines for itself alone.
+constexpr std::int32_t kOwnScope = 6;
+
+// Characters of absent raw values that are completed with zeros in one load. A LENGTH of a few digits may ask
+// for gigabytes; what no device can hold ends as "out of memory" before memory does.
+constexpr std::int64_t kMostZeros = std::int64_t{64} * 1024 * 1024;
+
+std::string Key(std::int32_t scope, std::int32_t indexInScope) {
+    return std::to_string(scope) + '_' + std::to_string(indexInScope);
+}
+
+}  // namespace
+
+void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile) {
+    catalog->types.ClearTypeSelection();
+    unvtTypes = {};
+    ucptTypes = {};
+    FormatDefinitions definitions(xmlFileFormat, prefixTypes, *errorHandler);
+    nextIndex_.fill(1);
+    zeros_ = 0;
+    AddTemplateTypes(definitions);
+    ReadUserTypeFile(userTypeFile, deviceTemplate->programID, *errorHandler,
+                     [&](const TypeRequest& request) { AddType(definitions, request); });
+}
+
+void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
+    const auto add = [&](const TypeRequest& request, const auto& record, std::size_t position) {
+        try {
+            AddType(definitions, request);
+        } catch (Error& error) {
+            error.AddContext({.record = RecordTitle(record, position)});
+            throw;
+        }
+    };
+    for (std::size_t i = 0; i < deviceTemplate->nvs.size(); ++i) {
+        const CNv& nv = deviceTemplate->nvs[i];
+        if (nv.unvtType >= 1 && nv.typeIndex == 0)
+            add({.formatNumber = nv.unvtType, .isUnvt = true, .scope = kOwnScope, .onlyScope6 = true}, nv, i);
+    }
+    for (std::size_t i = 0; i < deviceTemplate->cps.size(); ++i) {
+        const CCp& cp = deviceTemplate->cps[i];
+        if (cp.scope != kOwnScope || cp.typeIndex < 1)
+            continue;
+        add({.name = "UCPT_" + std::to_string(cp.typeIndexInScope) + '_' + cp.name,
+             .formatNumber = cp.typeIndex,
+             .typeNumber = cp.typeIndexInScope,
+             .scope = cp.scope,
+             .rawMinValue = cp.minValue,
+             .rawMaxValue = cp.maxValue,
+             .rawInitValue = cp.initValue,
+             .onlyScope6 = true},
+            cp, i);
+    }
+}
+
+void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request) {
+    // The first definition of a property type wins.
+    if (!request.isUnvt && FindType(false, request.typeNumber, request.scope) != nullptr)
+        return;
+    // Only a network-variable type of the template may choose its scope.
+    const TypeDefinition& definition =
+        definitions.Get(request.formatNumber, request.isUnvt && !request.fromUserTypeFile);
+    auto type = std::make_unique<CType>();
+    definition.Instantiate(*type, request.isUnvt, request.scope);
+    type->name = request.name;
+    if (type->name.empty() && definition.name)
+        type->name = (request.isUnvt ? "UNVT__" : "UCPT__") + *definition.name;
+    try {
+        if (!Complete(*type, request))
+            return;
+        if (!request.isUnvt)
+            FillRawValues(*type, request);
+    } catch (Error& error) {
+        error.AddContext({.record = "type element " + definitions.ElementName(request.formatNumber) +
+                                    (type->name.empty() ? "" : " '" + type->name + "'"),
+                          .file = definitions.Path(),
+                          .line = definition.content.line});
+        throw;
+    }
+    const std::string key = Key(type->scope, type->indexInScope);
+    ListOf(request.isUnvt).Add(key, std::move(type));
+}
+
+// Numbers, measures and checks a new type. False when it is not wanted after all.
+bool CTypes::Complete(CType& type, const TypeRequest& request) {
+    if (type.isUnvt && (type.scope < 0 || type.scope >= static_cast<std::int32_t>(nextIndex_.size())))
+        RaiseRuntimeError(
+            RuntimeError::subscriptOutOfRange,
+            {.field = "SCOPE", .value = std::to_string(type.scope), .reason = "accepted: 0 to 6"});
+    std::int32_t* const next = type.isUnvt ? &nextIndex_[static_cast<std::size_t>(type.scope)] : nullptr;
+    type.indexInScope = next != nullptr ? *next : request.typeNumber;
+    if (type.isUnvt && FindType(true, type.indexInScope, type.scope) != nullptr)
+        return false;
+    if (request.onlyScope6 && type.scope != kOwnScope)
+        return false;
+    type.ComputeReferenceLength(*catalog);
+    if (useReferenceUnits)
+        type.VerifyReferenceFormats(type, *catalog);
+    type.AnalyseLength();
+    if (next != nullptr)
+        ++*next;
+    type.VerifyData(*errorHandler);
+    return true;
+}
+
+// Absent raw values are all zeros, two digits a byte.
+void CTypes::FillRawValues(CType& type, const TypeRequest& request) {
+    type.rawInitValue = request.rawInitValue;
+    type.rawMinValue = request.rawMinValue;
+    type.rawMaxValue = request.rawMaxValue;
+    for (std::string CType::*value : {&CType::rawInitValue, &CType::rawMinValue, &CType::rawMaxValue}) {
+        if (!(type.*value).empty())
+            continue;
+        const std::int32_t characters = MultiplyChecked(2, type.length);
+        zeros_ += characters;
+        if (zeros_ > kMostZeros)
+            RaiseRuntimeError(RuntimeError::outOfMemory, {.field = "LENGTH",
+                                                          .value = std::to_string(type.length),
+                                                          .reason = "the length is beyond any device"});
+        (type.*value).assign(static_cast<std::size_t>(characters), '0');
+    }
+}
+
+const CType* CTypes::FindType(bool isUnvt, std::int32_t indexInScope, std::int32_t scope) {
+    const std::unique_ptr<CType>* const found = ListOf(isUnvt).Find(Key(scope, indexInScope));
+    return found == nullptr ? nullptr : found->get();
+}
+
+}  // namespace tovarek

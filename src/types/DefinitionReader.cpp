@@ -1,0 +1,332 @@
+#include "types/DefinitionReader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <variant>
+
+#include "support/Numbers.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+// Prefixes of type names that NAME may carry; another one stands in the name that is made of it.
+constexpr std::string_view kNamePrefixes[] = {"UNVT", "UCPT", "SNVT", "SCPT"};
+// Those that the short name of a type element goes without.
+constexpr std::string_view kElementPrefixes[] = {"SNVT", "SCPT"};
+
+// `name` without the first of `prefixes` that it begins with, and without one "_" behind it. Any letter case.
+template <std::size_t N>
+std::string_view WithoutPrefix(std::string_view name, const std::string_view (&prefixes)[N]) {
+    for (const std::string_view prefix : prefixes) {
+        const bool begins = name.size() >= prefix.size() &&
+                            std::equal(prefix.begin(), prefix.end(), name.begin(),
+                                       [](char wanted, char c) { return AsciiUpper(c) == wanted; });
+        if (!begins)
+            continue;
+        name.remove_prefix(prefix.size());
+        if (name.starts_with('_'))
+            name.remove_prefix(1);
+        break;
+    }
+    return name;
+}
+
+XmlNode FirstElement(XmlNode node) {
+    while (node && !node.IsElement())
+        node = node.NextSibling();
+    return node;
+}
+
+// A value of an enumeration is a signed byte.
+constexpr std::int32_t kLargestEnumValue = 127;
+std::int32_t AsSignedByte(std::int32_t value) {
+    return value > kLargestEnumValue ? value - 256 : value;
+}
+
+// Limits of an enumeration without values: no value lies between them.
+constexpr std::int32_t kNoMinimum = 65535;
+constexpr std::int32_t kNoMaximum = -65535;
+
+// A chain of more definitions is shown by its ends.
+constexpr std::size_t kLongestChain = 12;
+
+}  // namespace
+
+// Child elements of a type element and what they set.
+struct DefinitionReader::ChildRule {
+    std::string_view name;
+    std::variant<std::int32_t CType::*, std::string CType::*, bool CType::*,
+                 void (DefinitionReader::*)(const XmlNode&)>
+        target;
+};
+const DefinitionReader::ChildRule DefinitionReader::kChildRules[] = {
+    {"TYPE", &DefinitionReader::ReadType},
+    {"NAME", &DefinitionReader::ReadName},
+    {"SCOPE", &DefinitionReader::ReadScope},
+    {"MIN", &DefinitionReader::ReadMin},
+    {"MAX", &DefinitionReader::ReadMax},
+    {"A_COEF", &CType::a_coef},
+    {"B_COEF", &CType::b_coef},
+    {"C_COEF", &CType::c_coef},
+    {"LENGTH", &CType::length},
+    {"UNIT", &CType::unit},
+    {"DESC", &CType::description},
+    {"LONGNAME", &CType::longname},
+    {"BFSIZE", &CType::bitfieldSize},
+    {"BFOFFSET", &CType::bitfieldOffset},
+    {"BFSIGNED", &CType::bitfieldSigned},
+    {"INHERIT", &CType::inheritable},
+    {"ARRAY", &CType::arraySize},
+    {"FIELDS", &DefinitionReader::ReadFields},
+    {"ENUMS", &DefinitionReader::ReadEnums},
+    {"UNITS", &DefinitionReader::ReadUnits},
+};
+
+const TypeDefinition& DefinitionReader::Read(std::int32_t number) {
+    Enter(number, {});
+    const TypeDefinition& first = *Top().definition;
+    while (!levels_.empty()) {
+        Level& level = Top();
+        if (level.member) {
+            ReadMember();
+        } else if (level.child) {
+            const XmlNode node = std::exchange(level.child, FirstElement(level.child.NextSibling()));
+            ReadChild(node);
+        } else {
+            Leave();
+        }
+    }
+    return first;
+}
+
+// `origin`: the member that asks for the definition; nothing for a type of its own.
+void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
+    const auto element = file_.elements_.find(file_.ElementName(number));
+    if (element == file_.elements_.end()) {
+        ErrorContext context = origin ? Place(origin) : ErrorContext{.file = file_.path_};
+        context.value = std::to_string(number);
+        context.reason = "the format file has no element <" + file_.ElementName(number) + ">";
+        file_.errorHandler_.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
+    }
+    if (levels_.size() > kDeepestMember)
+        RefuseNesting(origin, number, "members are nested more than 1000 levels deep");
+
+    auto definition = std::make_unique<TypeDefinition>();
+    definition->content.typeIndex = number;
+    definition->content.line = element->second.Line();
+    Level level{.number = number,
+                .definition = definition.get(),
+                .child = FirstElement(element->second.FirstChild()),
+                .shortName = std::string(WithoutPrefix(element->second.Name(), kElementPrefixes))};
+    file_.definitions_[readsScope_ ? 1 : 0][number] = std::move(definition);
+    levels_.push_back(std::move(level));
+}
+
+void DefinitionReader::ReadMember() {
+    Level& level = Top();
+    const XmlNode node = std::exchange(level.member, FirstElement(level.member.NextSibling()));
+    const std::int32_t number = Integer(node);
+    const auto& known = file_.definitions_[readsScope_ ? 1 : 0];
+    const auto found = known.find(number);
+    if (found == known.end()) {
+        pendingNames_.push_back(node.Name());
+        Enter(number, node);
+        return;
+    }
+    const TypeDefinition& definition = *found->second;
+    if (!definition.complete)
+        RefuseNesting(node, number, "the type contains itself");
+    if (levels_.size() + definition.memberDepth > kDeepestMember)
+        RefuseNesting(node, number, "members are nested more than 1000 levels deep");
+    AddMember(node.Name(), definition);
+}
+
+void DefinitionReader::AddMember(std::string name, const TypeDefinition& definition) {
+    TypeDefinition& owner = *Top().definition;
+    owner.members.push_back({std::move(name), &definition, owner.scope});
+    owner.memberCount += 1 + definition.memberCount;
+    owner.memberDepth = std::max(owner.memberDepth, 1 + definition.memberDepth);
+    if (owner.memberCount > kMostMembers)
+        RefuseNesting({}, definition.content.typeIndex,
+                      "the type has more than 1000000 members at all levels");
+}
+
+void DefinitionReader::Leave() {
+    TypeDefinition& finished = *Top().definition;
+    finished.complete = true;
+    levels_.pop_back();
+    if (levels_.empty())
+        return;
+    std::string name = std::move(pendingNames_.back());
+    pendingNames_.pop_back();
+    AddMember(std::move(name), finished);
+}
+
+void DefinitionReader::RefuseNesting(const XmlNode& origin, std::int32_t next,
+                                     std::string_view reason) const {
+    std::vector<std::string> chain;
+    for (const Level& level : levels_)
+        chain.push_back(file_.ElementName(level.number));
+    chain.push_back(file_.ElementName(next));
+    std::string text;
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        if (chain.size() > kLongestChain && i == kLongestChain / 2) {
+            i = chain.size() - kLongestChain / 2;
+            text += " > ...";
+        }
+        text += (i == 0 ? "" : " > ") + chain[i];
+    }
+    RaiseRuntimeError(RuntimeError::outOfStackSpace,
+                      {.record = "type element " + file_.ElementName(levels_.back().number),
+                       .field = "FIELDS",
+                       .file = file_.path_,
+                       .line = origin ? origin.Line() : levels_.back().definition->content.line,
+                       .reason = std::string(reason) + ": " + text});
+}
+
+void DefinitionReader::ReadChild(const XmlNode& node) {
+    const std::string name = UpperCase(node.Name());
+    for (const ChildRule& rule : kChildRules) {
+        if (rule.name == name) {
+            std::visit([&](auto target) { ReadInto(target, node); }, rule.target);
+            return;
+        }
+    }
+}
+
+void DefinitionReader::ReadInto(std::int32_t CType::*field, const XmlNode& node) {
+    Content().*field = Integer(node);
+}
+void DefinitionReader::ReadInto(std::string CType::*field, const XmlNode& node) {
+    Content().*field = tools_.nodeTextValue(node);
+}
+void DefinitionReader::ReadInto(bool CType::*field, const XmlNode& node) {
+    Content().*field = LeadingNumber(tools_.nodeTextValue(node)) != 0;
+}
+void DefinitionReader::ReadInto(void (DefinitionReader::*read)(const XmlNode&), const XmlNode& node) {
+    (this->*read)(node);
+}
+
+void DefinitionReader::ReadType(const XmlNode& node) {
+    try {
+        Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler_);
+    } catch (Error& error) {
+        error.AddContext(Place(node));
+        throw;
+    }
+    if (Content().elementType == elementEnum)
+        Content().length = 1;
+}
+
+void DefinitionReader::ReadName(const XmlNode& node) {
+    const std::string cleaned = tools_.ReplaceBadCharInType(tools_.nodeTextValue(node));
+    const std::string_view name = WithoutPrefix(cleaned, kNamePrefixes);
+    // The first NAME names the type, the latest one its enumeration.
+    if (!Top().definition->name)
+        Top().definition->name = name;
+    Top().enumName = Top().shortName + "_";
+    Top().enumName += name;
+}
+
+void DefinitionReader::ReadScope(const XmlNode& node) {
+    if (readsScope_)
+        Top().definition->scope = Integer(node);
+}
+
+void DefinitionReader::ReadMin(const XmlNode& node) {
+    Content().minValue = Number(node, tools_.nodeTextValue(node));
+    Content().hasMin = true;
+}
+
+void DefinitionReader::ReadMax(const XmlNode& node) {
+    Content().maxValue = Number(node, tools_.nodeTextValue(node));
+    Content().hasMax = true;
+}
+
+void DefinitionReader::ReadFields(const XmlNode& node) {
+    if (!Content().isReference() && Content().HasMembers())
+        Top().member = FirstElement(node.FirstChild());
+}
+
+void DefinitionReader::ReadEnums(const XmlNode& node) {
+    CType& type = Content();
+    if (type.elementType != elementEnum || type.isReference())
+        return;
+    type.enumName = "ENUM_" + (Top().enumName.empty() ? Top().shortName : Top().enumName);
+    if (!type.enumValues)
+        type.enumValues = std::make_shared<std::vector<CEnumValue>>();
+    std::int32_t smallest = kNoMinimum;
+    std::int32_t largest = kNoMaximum;
+    for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling())) {
+        CEnumValue& value = type.enumValues->emplace_back();
+        value.name = child.Name();
+        value.value = AsSignedByte(Integer(child));
+        smallest = std::min(smallest, value.value);
+        largest = std::max(largest, value.value);
+    }
+    type.minValue = smallest;
+    type.maxValue = largest;
+    type.hasMin = true;
+    type.hasMax = true;
+}
+
+void DefinitionReader::ReadUnits(const XmlNode& node) {
+    if (Content().isReference())
+        return;
+    if (!Top().formats) {
+        Top().formats = std::make_shared<CFormats>();
+        Content().availableFormats = Top().formats;
+    }
+    for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling())) {
+        CFormat format = ReadFormat(child);
+        const std::string name = format.name;
+        Top().formats->Add(name, std::move(format));
+    }
+}
+
+CFormat DefinitionReader::ReadFormat(const XmlNode& node) const {
+    CFormat format{.name = node.Name()};
+    for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling()))
+        if (UpperCase(child.Name()) == "UNIT")
+            format.unit = tools_.nodeTextValue(child);
+    for (const auto& [attribute, value] : node.Attributes()) {
+        const std::string name = UpperCase(attribute);
+        if (name == "A_COEF")
+            format.format_a_coef = Number(node, value);
+        else if (name == "C_COEF")
+            format.format_c_coef = Number(node, value);
+    }
+    return format;
+}
+
+std::int32_t DefinitionReader::Integer(const XmlNode& node) const {
+    const std::string text = tools_.nodeTextValue(node);
+    try {
+        return LeadingInt32(text);
+    } catch (Error& error) {
+        error.AddContext({.value = Excerpt(text), .reason = "accepted: numbers of 32 bits"});
+        error.AddContext(Place(node));
+        throw;
+    }
+}
+
+double DefinitionReader::Number(const XmlNode& node, const std::string& text) const {
+    const double number = LeadingNumber(text);
+    if (std::isfinite(number))
+        return number;
+    ErrorContext context = Place(node);
+    context.value = Excerpt(text);
+    context.reason = "the number is beyond the range of a 64-bit float";
+    RaiseRuntimeError(RuntimeError::overflow, std::move(context));
+}
+
+ErrorContext DefinitionReader::Place(const XmlNode& node) const {
+    return {.record = "type element " + file_.ElementName(levels_.back().number),
+            .field = node.Name(),
+            .file = file_.path_,
+            .line = node.Line()};
+}
+
+}  // namespace tovarek

@@ -1,0 +1,73 @@
+// Reads type elements of the XML format file, one after the other and those of members on the way.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/CTools.h"
+#include "types/FormatDefinitions.h"
+
+namespace tovarek {
+
+// Members lead from definition to definition, so the reader keeps a stack of those that it is in the middle
+// of: however deep a file nests, the program's own stack stays as it is.
+class DefinitionReader {
+  public:
+    DefinitionReader(FormatDefinitions& definitions, bool readsScope)
+        : file_(definitions), readsScope_(readsScope) {}
+
+    // Reads the definition with this format number and all that it needs.
+    const TypeDefinition& Read(std::int32_t number);
+
+  private:
+    // A definition that is being read.
+    struct Level {
+        std::int32_t number = 0;
+        TypeDefinition* definition = nullptr;
+        XmlNode child;          // next child of the type element
+        XmlNode member;         // next child of the FIELDS element that is being read, or nothing
+        std::string shortName;  // of the type element: its name without a standard prefix
+        std::string enumName;   // shortName and the latest NAME; empty before the first
+        std::shared_ptr<CFormats> formats;
+    };
+    struct ChildRule;
+    static const ChildRule kChildRules[];
+
+    void Enter(std::int32_t number, const XmlNode& origin);
+    void ReadMember();
+    void AddMember(std::string name, const TypeDefinition& definition);
+    void Leave();
+
+    void ReadChild(const XmlNode& node);
+    void ReadInto(std::int32_t CType::*field, const XmlNode& node);
+    void ReadInto(std::string CType::*field, const XmlNode& node);
+    void ReadInto(bool CType::*field, const XmlNode& node);
+    void ReadInto(void (DefinitionReader::*read)(const XmlNode&), const XmlNode& node);
+    void ReadType(const XmlNode& node);
+    void ReadName(const XmlNode& node);
+    void ReadScope(const XmlNode& node);
+    void ReadMin(const XmlNode& node);
+    void ReadMax(const XmlNode& node);
+    void ReadFields(const XmlNode& node);
+    void ReadEnums(const XmlNode& node);
+    void ReadUnits(const XmlNode& node);
+    CFormat ReadFormat(const XmlNode& node) const;
+
+    std::int32_t Integer(const XmlNode& node) const;
+    double Number(const XmlNode& node, const std::string& text) const;
+    ErrorContext Place(const XmlNode& node) const;
+    [[noreturn]] void RefuseNesting(const XmlNode& origin, std::int32_t next, std::string_view reason) const;
+
+    Level& Top() { return levels_.back(); }
+    CType& Content() { return levels_.back().definition->content; }
+
+    FormatDefinitions& file_;
+    bool readsScope_;
+    CTools tools_;
+    std::vector<Level> levels_;
+    std::vector<std::string> pendingNames_;  // of the members that the levels above the first are read for
+};
+
+}  // namespace tovarek

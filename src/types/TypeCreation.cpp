@@ -1,0 +1,188 @@
+// Writing a type into the open resource files: its texts, its enumerations, its description.
+#include "support/Numbers.h"
+#include "support/Text.h"
+#include "types/CType.h"
+#include "types/ControlResult.h"
+
+namespace tovarek {
+namespace {
+
+// A raw limit of the number `type`, or none where the type element gives none: the limit of its kind. What
+// leads to no 32-bit number is told from the limit as it stands in the file.
+std::optional<std::int32_t> RawLimit(const CType& type, bool isGiven, std::int32_t (CType::*raw)() const,
+                                     double scaled, const char* field) {
+    if (!isGiven)
+        return std::nullopt;
+    try {
+        return (type.*raw)();
+    } catch (Error& error) {
+        error.AddContext({.field = field,
+                          .value = DoubleToText(scaled),
+                          .reason = "with A_COEF, B_COEF and C_COEF the raw value exceeds 32 bits"});
+        throw;
+    }
+}
+
+NumberRange RangeOf(const CType& type) {
+    NumberRange range{.a = type.a_coef, .b = type.b_coef, .c = type.c_coef};
+    // Deliberate: a BITFIELD has the limits of its kind, whatever MIN and MAX say.
+    if (type.elementType != elementBitfield) {
+        range.minimum = RawLimit(type, type.hasMin, &CType::minValueToLong, type.minValue, "MIN");
+        range.maximum = RawLimit(type, type.hasMax, &CType::maxValueToLong, type.maxValue, "MAX");
+    }
+    return range;
+}
+
+std::optional<double> FloatLimit(bool isGiven, double limit) {
+    return isGiven ? std::optional<double>(limit) : std::nullopt;
+}
+
+}  // namespace
+
+void CType::AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
+                    const CErrorHandler& errorHandler) const {
+    if (text.empty())
+        return;
+    std::int32_t stringScope = 0;
+    const std::int32_t code = catalog.types.AddLanguageString(text, 0, number, stringScope);
+    if (code != resultOk) {
+        try {
+            RaiseControlError(code, "string " + std::to_string(resNumber), catalog.types, errorHandler);
+        } catch (Error& error) {
+            error.AddContext({.value = Excerpt(text)});
+            throw;
+        }
+    }
+    ++resNumber;
+}
+
+void CType::AddToLangFile(CCatalog& catalog, std::int32_t& resNumber, const CErrorHandler& errorHandler) {
+    if (isReference())
+        return;
+    AddText(longname, res_longname, catalog, resNumber, errorHandler);
+    AddText(description, res_description, catalog, resNumber, errorHandler);
+    AddText(unit, res_unit, catalog, resNumber, errorHandler);
+    if (elementType == elementEnum && enumValues)
+        for (CEnumValue& value : *enumValues)
+            AddText(value.description, value.res_description, catalog, resNumber, errorHandler);
+    if (!HasMembers())
+        return;
+    for (CType& member : elements) {
+        try {
+            member.AddToLangFile(catalog, resNumber, errorHandler);
+        } catch (Error& error) {
+            AddMemberContext(error, member);
+            throw;
+        }
+    }
+}
+
+void CType::CreateEnum(CCatalog& catalog, const CErrorHandler& errorHandler, CreatedEnums& alreadyCreated) {
+    const auto known = alreadyCreated.find(enumName);
+    if (known != alreadyCreated.end()) {
+        enumIndex = known->second;
+        return;
+    }
+    QVxTypes& control = catalog.types;
+    CheckControl(control.CreateEnumeration(enumName, enumIndex), "ENUMS", control, errorHandler);
+    for (const CEnumValue& value : *enumValues) {
+        const std::int32_t code =
+            control.AddEnumerationValue(enumIndex, value.name, value.value, value.res_description);
+        if (code == resultOk)
+            continue;
+        try {
+            RaiseControlError(code, "ENUMS, value " + value.name, control, errorHandler);
+        } catch (Error& error) {
+            error.AddContext({.value = std::to_string(value.value)});
+            throw;
+        }
+    }
+    alreadyCreated.emplace(enumName, enumIndex);
+}
+
+void CType::CreateEnums(CCatalog& catalog, const CErrorHandler& errorHandler, CreatedEnums& alreadyCreated) {
+    if (isReference())
+        return;
+    if (elementType == elementEnum)
+        CreateEnum(catalog, errorHandler, alreadyCreated);
+    if (!HasMembers())
+        return;
+    for (CType& member : elements) {
+        try {
+            member.CreateEnums(catalog, errorHandler, alreadyCreated);
+        } catch (Error& error) {
+            AddMemberContext(error, member);
+            throw;
+        }
+    }
+}
+
+void CType::CreateType(CCatalog& catalog, const CErrorHandler& errorHandler, bool isFirst) const {
+    if (isFirst)
+        StartType(catalog, errorHandler);
+    CheckControl(Describe(catalog.types), {}, catalog.types, errorHandler);
+    if (!isReference() && HasMembers()) {
+        for (const CType& member : elements) {
+            try {
+                member.CreateType(catalog, errorHandler, false);
+            } catch (Error& error) {
+                AddMemberContext(error, member);
+                throw;
+            }
+        }
+    }
+    if (isFirst)
+        Register(catalog, errorHandler);
+}
+
+void CType::StartType(CCatalog& catalog, const CErrorHandler& errorHandler) const {
+    CheckControl(catalog.types.StartType(name), "NAME", catalog.types, errorHandler);
+}
+
+// One call for the type itself, members aside.
+std::int32_t CType::Describe(QVxTypes& control) const {
+    const TypeElement element{.name = name,
+                              .nameText = res_longname,
+                              .descriptionText = res_description,
+                              .unitText = res_unit,
+                              .arraySize = arraySize > 0 ? arraySize : 0};
+    if (isReference())
+        return control.DescribeReference(element, typeIndex, length);
+    switch (elementType) {
+        case elementSigned:
+            return control.DescribeSigned(element, length, RangeOf(*this));
+        case elementUnsigned:
+        case elementBitfield:
+            return control.DescribeUnsigned(element, length, RangeOf(*this));
+        case elementBits:
+            return control.DescribeBitField(element, bitfieldSize, bitfieldOffset, bitfieldSigned,
+                                            RangeOf(*this));
+        case elementEnum:
+            return control.DescribeEnumeration(element, enumIndex, RoundToInt32(minValue),
+                                               RoundToInt32(maxValue));
+        case elementTextual:
+            return control.DescribeText(element, length);
+        case elementFloat:
+            return control.DescribeFloat(element, FloatLimit(hasMin, minValue), FloatLimit(hasMax, maxValue));
+        case elementStruct:
+            return control.DescribeStructure(element, static_cast<std::int32_t>(elements.size()));
+        case elementUnion:
+            return control.DescribeUnion(element, static_cast<std::int32_t>(elements.size()));
+        case elementNone:
+            break;
+    }
+    return resultBadParam;
+}
+
+void CType::Register(CCatalog& catalog, const CErrorHandler& errorHandler) const {
+    QVxTypes& control = catalog.types;
+    // Success is a code of its own here.
+    if (const std::int32_t code = control.CompleteType(); code != resultTypeComplete)
+        RaiseControlError(code, {}, control, errorHandler);
+    const std::int32_t code = isUnvt ? control.RegisterNetworkVariableType(indexInScope)
+                                     : control.RegisterConfigurationPropertyType(
+                                           indexInScope, length, rawInitValue, rawMinValue, rawMaxValue);
+    CheckControl(code, "index in scope " + std::to_string(indexInScope), control, errorHandler);
+}
+
+}  // namespace tovarek

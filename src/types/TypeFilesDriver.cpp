@@ -1,0 +1,226 @@
+#include "types/TypeFilesDriver.h"
+
+#include <string_view>
+
+#include "support/CTools.h"
+#include "support/Files.h"
+#include "support/TextWriter.h"
+#include "types/ControlResult.h"
+#include "types/FormatLines.h"
+
+namespace tovarek {
+namespace {
+
+// Arguments of the control's creation calls that never vary.
+constexpr std::int32_t kReserved = -1;
+constexpr std::int32_t kLanguageText = 1;  // the kind of the file, and the string that describes it
+constexpr std::int32_t kProfileText = 3;
+constexpr std::int32_t kTypeText = 4;
+constexpr std::int32_t kCreatorText = 2;
+
+// The control numbers the types of a kind up to this one; what lies beyond is not created.
+constexpr std::int32_t kLastIndex = 65535;
+
+// Which parts of a program ID select a device for the formats of a scope.
+constexpr std::string_view kSelectors[] = {
+    "",
+    "set selector DEVICE_CLASS;",
+    "set selector DEVICE_CLASS and SUB_CLASS;",
+    "set selector MANUFACTURER;",
+    "set selector MANUFACTURER and DEVICE_CLASS;",
+    "set selector MANUFACTURER and DEVICE_CLASS and SUB_CLASS;",
+    "set selector MANUFACTURER and DEVICE_CLASS and SUB_CLASS and MODEL;",
+};
+
+// How the two kinds of types are told apart here.
+struct TypeKindRule {
+    std::string_view keyPrefix;
+    std::string_view title;
+    eErrors missingIndex;
+};
+constexpr TypeKindRule kNetworkVariables = {"NV_", "network-variable type",
+                                            eQVXIFerr_QVX_editResult_missingunvttypeindex};
+constexpr TypeKindRule kProperties = {"CP_", "configuration-property type",
+                                      eQVXIFerr_QVX_editResult_missingucpttypeindex};
+
+// "set program_id 90:00:01:0A:0B:04:01:00;"
+std::string ProgramIdLine(std::string_view programID) {
+    std::string line = "set program_id ";
+    for (std::size_t start = 0; start + 1 < programID.size(); start += 2) {
+        if (start > 0)
+            line += ':';
+        line += programID.substr(start, 2);
+    }
+    return line + ';';
+}
+
+class TypeFilesDriver {
+  public:
+    TypeFilesDriver(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
+                    const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
+                    std::vector<CResFile>& result, std::vector<std::string>& writtenFiles)
+        : types_(types),
+          scope_(scope),
+          settings_(settings),
+          programID_(programID),
+          catalog_(catalog),
+          control_(catalog.types),
+          errorHandler_(errorHandler),
+          result_(result),
+          writtenFiles_(writtenFiles) {}
+
+    void Generate() {
+        CTools().CreateDirectory(settings_.typeFilesDirectory);
+        folder_ = WithFinalBackslash(settings_.typeFilesDirectory);
+        control_.GetResourceSetHandle(handle_);
+        // The creation calls carry no scope.
+        Check(control_.SetResourceScope(scope_), "scope");
+        WriteFile("." + settings_.langExtension, fileLanguage, [&] { LanguageFile(); });
+        WriteFile(".fpt", fileProfiles, [&] { ProfileFile(); });
+        WriteFile(".typ", fileTypes, [&] { TypeFile(); });
+        WriteFile(".fmt", fileFormats, [&] { FormatFile(); });
+    }
+
+  private:
+    // Records the file with this ending, and has `write` write it.
+    template <class Write>
+    void WriteFile(const std::string& ending, ResourceFileKind kind, const Write& write) {
+        const std::string name = settings_.typeFilesBaseName + '_' + std::to_string(scope_) + ending;
+        result_.push_back({name, kind, scope_, programID_, kind == fileLanguage ? settings_.localeID : 0});
+        path_ = folder_ + name;
+        try {
+            write();
+        } catch (Error& error) {
+            error.AddContext({.record = name, .file = path_});
+            throw;
+        }
+        writtenFiles_.push_back(path_);
+    }
+
+    void LanguageFile() {
+        const TypeFilesSettings& s = settings_;
+        Check(control_.CreateLanguageFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
+                                          s.webPage, s.localeID, s.majorVersion, s.minorVersion,
+                                          kLanguageText, kCreatorText));
+        std::int32_t strings = 1;
+        // The other files name these four by their numbers, so their order is fixed.
+        for (const std::string* text :
+             {&s.langFileDescription, &s.creatorDescription, &s.fptFileDescription, &s.typeFileDescription}) {
+            std::int32_t number = 0;
+            std::int32_t stringScope = 0;
+            Check(control_.AddLanguageString(*text, 0, number, stringScope), "description");
+            ++strings;
+        }
+        for (CType* type : types_)
+            OfType(*type, [&] { type->AddToLangFile(catalog_, strings, errorHandler_); });
+        Save();
+    }
+
+    void ProfileFile() {
+        const TypeFilesSettings& s = settings_;
+        Check(control_.CreateFunctionalProfileFile(path_, kReserved, handle_, programID_, s.creator, s.phone,
+                                                   s.email, s.webPage, s.majorVersion, s.minorVersion,
+                                                   kProfileText, kCreatorText));
+        Save();
+    }
+
+    void TypeFile() {
+        const TypeFilesSettings& s = settings_;
+        Check(control_.CreateTypeFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
+                                      s.webPage, s.majorVersion, s.minorVersion, kTypeText, kCreatorText));
+        CreatedEnums enums;
+        for (CType* type : types_)
+            OfType(*type, [&] { type->CreateEnums(catalog_, errorHandler_, enums); });
+        CreateTypes(kNetworkVariables);
+        CreateTypes(kProperties);
+        Save();
+    }
+
+    // By index from 1. One missing index with the next one present is a fault; two in a row end the types.
+    void CreateTypes(const TypeKindRule& kind) {
+        CType* const* next = Find(kind, 1);
+        for (std::int32_t index = 1; index <= kLastIndex; ++index) {
+            CType* const* const type = next;
+            next = Find(kind, index + 1);
+            if (type != nullptr)
+                OfType(**type, [&] { (*type)->CreateType(catalog_, errorHandler_, true); });
+            else if (next == nullptr)
+                return;
+            else
+                errorHandler_.RaiseError(kind.missingIndex,
+                                         {.field = "index in scope",
+                                          .value = std::to_string(index),
+                                          .reason = "there is a " + std::string(kind.title) + " " +
+                                                    std::to_string(index + 1) + " and none with this index"});
+        }
+    }
+
+    CType* const* Find(const TypeKindRule& kind, std::int32_t index) const {
+        std::string key(kind.keyPrefix);
+        key += std::to_string(index);
+        return types_.Find(key);
+    }
+
+    void FormatFile() {
+        OutputFile file(path_);
+        TextWriter out(file);
+        out.Line(ProgramIdLine(programID_));
+        const auto scope = static_cast<std::size_t>(scope_);
+        if (scope < std::size(kSelectors) && !kSelectors[scope].empty())
+            out.Line(kSelectors[scope]);
+        out.Line();
+        control_.ClearTypeSelection();
+        FormatLines lines(file, control_.Catalog());
+        for (CType* type : types_) {
+            type->AnalyseFormat(*type);
+            type->AddToFormatFile(lines);
+        }
+        file.Close();
+    }
+
+    void Save() {
+        control_.CloseResourceFile();
+        Check(control_.SaveResourceFile(0, 0));
+    }
+
+    void Check(std::int32_t code, std::string_view field = {}) {
+        CheckControl(code, field, control_, errorHandler_);
+    }
+
+    // Adds to errors of `operation` which type they are about.
+    template <class Operation>
+    void OfType(const CType& type, const Operation& operation) {
+        try {
+            operation();
+        } catch (Error& error) {
+            error.AddContext(
+                {.record = std::string(type.isUnvt ? kNetworkVariables.title : kProperties.title) + " " +
+                           std::to_string(type.indexInScope) + " '" + type.name + "'"});
+            throw;
+        }
+    }
+
+    const ScopeTypes& types_;
+    std::int32_t scope_;
+    const TypeFilesSettings& settings_;
+    const std::string& programID_;
+    CCatalog& catalog_;
+    QVxTypes& control_;
+    const CErrorHandler& errorHandler_;
+    std::vector<CResFile>& result_;
+    std::vector<std::string>& writtenFiles_;
+    std::string folder_;
+    std::string path_;  // of the file that is being written
+    std::int32_t handle_ = 0;
+};
+
+}  // namespace
+
+void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
+                       const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
+                       std::vector<CResFile>& result, std::vector<std::string>& writtenFiles) {
+    TypeFilesDriver(types, scope, settings, programID, catalog, errorHandler, result, writtenFiles)
+        .Generate();
+}
+
+}  // namespace tovarek

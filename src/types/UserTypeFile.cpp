@@ -1,0 +1,162 @@
+#include "types/UserTypeFile.h"
+
+#include <algorithm>
+
+#include "support/CTools.h"
+#include "support/Numbers.h"
+#include "support/Text.h"
+#include "support/Xml.h"
+
+namespace tovarek {
+namespace {
+
+// The element of a scope, and the part of a program ID that devices of one such scope have in common: the
+// position of its first character, from 0, and the number of characters.
+struct ScopeRule {
+    std::string_view element;
+    std::int32_t scope;
+    std::size_t position;
+    std::size_t count;
+};
+constexpr ScopeRule kScopeRules[] = {
+    {"_1", 1, 6, 4},   // device class
+    {"_2", 2, 6, 8},   // device class, usage and channel type
+    {"_3", 3, 1, 5},   // manufacturer
+    {"_4", 4, 1, 9},   // manufacturer and device class
+    {"_5", 5, 1, 13},  // manufacturer, device class, usage and channel type
+};
+
+// Where the raw values of a type are found.
+struct RawValueRule {
+    std::string_view element;
+    std::string TypeRequest::*value;
+};
+constexpr RawValueRule kRawValueRules[] = {
+    {"MINRAWVAL", &TypeRequest::rawMinValue},
+    {"MAXRAWVAL", &TypeRequest::rawMaxValue},
+    {"INITRAWVAL", &TypeRequest::rawInitValue},
+};
+
+// Letters in front of a type's number.
+constexpr std::size_t kTypePrefix = 4;
+
+std::string_view WithoutCharacters(std::string_view text, std::size_t count) {
+    return text.substr(FirstCharacters(text, count).size());
+}
+
+std::string_view WithoutUnderscore(std::string_view text) {
+    return text.starts_with('_') ? text.substr(1) : text;
+}
+
+std::string Part(std::string_view programID, const ScopeRule& rule) {
+    return UpperCase(FirstCharacters(WithoutCharacters(programID, rule.position), rule.count));
+}
+
+template <class Operation>
+void ForEachElement(const XmlNode& parent, const Operation& operation) {
+    for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
+        if (child.IsElement())
+            operation(child);
+}
+
+class UserTypeFileReader {
+  public:
+    UserTypeFileReader(const std::string& programID, const CErrorHandler& errorHandler,
+                       const std::function<void(const TypeRequest&)>& add)
+        : programID_(programID), errorHandler_(errorHandler), add_(add) {}
+
+    void ReadTypes(const XmlNode& root, bool isUnvt) {
+        ForEachElement(root, [&](const XmlNode& scope) {
+            const std::string name = scope.Name();
+            for (const ScopeRule& rule : kScopeRules)
+                if (rule.element == name)
+                    ReadScope(scope, rule, isUnvt);
+        });
+    }
+
+  private:
+    void ReadScope(const XmlNode& scope, const ScopeRule& rule, bool isUnvt) {
+        const std::string wanted = Part(programID_, rule);
+        ForEachElement(scope, [&](const XmlNode& device) {
+            const std::string name = device.Name();
+            if (Part(WithoutUnderscore(name), rule) == wanted)
+                ForEachElement(device, [&](const XmlNode& type) { ReadType(type, rule.scope, isUnvt); });
+        });
+    }
+
+    void ReadType(const XmlNode& node, std::int32_t scope, bool isUnvt) {
+        const std::string name = node.Name();
+        // What the first four letters are does not matter: the list that a type stands in tells its kind.
+        const std::int32_t number = Integer(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
+        if (number <= 0)
+            return;
+        TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
+        ReadChildren(node, request);
+        request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
+        try {
+            add_(request);
+        } catch (Error& error) {
+            error.AddContext({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
+            throw;
+        }
+    }
+
+    void ReadChildren(const XmlNode& node, TypeRequest& request) {
+        bool hasDefinition = false;
+        ForEachElement(node, [&](const XmlNode& child) {
+            const std::string name = UpperCase(child.Name());
+            if (name == "NAME") {
+                request.name = tools_.nodeTextValue(child);
+            } else if (name == "SNVTTYPE") {
+                request.formatNumber = Integer(child, tools_.nodeTextValue(child));
+                hasDefinition = true;
+            }
+            for (const RawValueRule& rule : kRawValueRules)
+                if (rule.element == name)
+                    request.*rule.value = tools_.nodeTextValue(child);
+        });
+        if (request.name.empty() || !hasDefinition)
+            errorHandler_.RaiseError(eQVXIFerr_errorloadingusertypefile,
+                                     {.record = "type <" + node.Name() + ">",
+                                      .field = request.name.empty() ? "NAME" : "SNVTTYPE",
+                                      .file = node.File(),
+                                      .line = node.Line(),
+                                      .reason = "a type needs a NAME with a text and a SNVTTYPE"});
+    }
+
+    std::int32_t Integer(const XmlNode& node, std::string_view text) const {
+        try {
+            return LeadingInt32(text);
+        } catch (Error& error) {
+            error.AddContext({.field = node.Name(),
+                              .value = Excerpt(text),
+                              .file = node.File(),
+                              .line = node.Line(),
+                              .reason = "accepted: numbers of 32 bits"});
+            throw;
+        }
+    }
+
+    const std::string& programID_;
+    const CErrorHandler& errorHandler_;
+    const std::function<void(const TypeRequest&)>& add_;
+    CTools tools_;
+};
+
+}  // namespace
+
+void ReadUserTypeFile(const std::string& path, const std::string& programID,
+                      const CErrorHandler& errorHandler, const std::function<void(const TypeRequest&)>& add) {
+    const XmlDocument document(path);
+    if (!document.IsLoaded())
+        errorHandler.RaiseError(eQVXIFerr_errorloadingusertypefile,
+                                {.file = path, .line = document.Line(), .reason = document.Reason()});
+    UserTypeFileReader reader(programID, errorHandler, add);
+    for (XmlNode node = document.FirstNode(); node; node = node.NextSibling()) {
+        const std::string name = UpperCase(node.Name());
+        if (name == "UNVTS" || name == "UCPTS")
+            reader.ReadTypes(node, name == "UNVTS");
+    }
+}
+
+}  // namespace tovarek

@@ -1,0 +1,32 @@
+// The user type file: further types that the resource files define, by scope and program ID.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "support/CErrorHandler.h"
+
+namespace tovarek {
+
+// A type that is wanted, and where its definition is.
+struct TypeRequest {
+    std::string name;               // empty: the definition names the type
+    std::int32_t formatNumber = 0;  // of the definition in the XML format file
+    std::int32_t typeNumber = 0;    // of a configuration-property type in its scope
+    bool isUnvt = false;            // a network-variable type; else a configuration-property type
+    std::int32_t scope = 0;
+    std::string rawMinValue;
+    std::string rawMaxValue;
+    std::string rawInitValue;
+    bool onlyScope6 = false;  // dropped when its definition puts it into another scope
+    bool fromUserTypeFile = false;
+};
+
+// Reads the file and gives `add` each type that applies to the device with this program ID, in the order of
+// the file. Raises error 128 when the file cannot be loaded or a type lacks its name or definition, and what
+// `add` raises.
+void ReadUserTypeFile(const std::string& path, const std::string& programID,
+                      const CErrorHandler& errorHandler, const std::function<void(const TypeRequest&)>& add);
+
+}  // namespace tovarek

@@ -1,0 +1,305 @@
+// The resource files of a device, from its two XML files to what readers find in them.
+#include <algorithm>
+#include <filesystem>
+
+#include "Device.h"
+#include "component/FilesList.h"
+#include "control/LanguageFile.h"
+#include "control/TypeFile.h"
+#include "types/TypeFilesDriver.h"
+
+namespace tovarek::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+// Every kind of type once; 320 uses most of the others.
+constexpr const char* kElements =
+    "<SNVT_105><TYPE>SIGNEDNUMERIC</TYPE></SNVT_105>"
+    "<SNVT_310><TYPE>USER</TYPE><NAME>level</NAME><LENGTH>2</LENGTH><B_COEF>-1</B_COEF><MIN>0.5</"
+    "MIN><MAX>100</MAX>"
+    "<LONGNAME>Level</LONGNAME><DESC>How full</DESC><UNIT>%</UNIT></SNVT_310>"
+    "<SNVT_311><TYPE>ENUM</TYPE><NAME>mode</NAME><ENUMS><OFF>0</OFF><ON>1</ON></ENUMS></SNVT_311>"
+    "<SNVT_312><TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>3</BFSIZE><BFOFFSET>2</BFOFFSET><BFSIGNED>1</"
+    "BFSIGNED></SNVT_312>"
+    "<SNVT_313><TYPE>FLOAT</TYPE><LENGTH>4</LENGTH><ARRAY>3</ARRAY><MAX>2.5</MAX></SNVT_313>"
+    "<SNVT_314><TYPE>TEXTUAL</TYPE><LENGTH>8</LENGTH></SNVT_314>"
+    "<SNVT_315><TYPE>BITFIELD</TYPE><LENGTH>4</LENGTH><MAX>7</MAX></SNVT_315>"
+    "<SNVT_316><TYPE>UNION</TYPE><FIELDS><a>310</a><b>314</b></FIELDS></SNVT_316>"
+    "<SNVT_320><TYPE>STRUCT</TYPE><NAME>all</NAME><FIELDS><level>310</level><mode>311</mode><bits>312</bits>"
+    "<floats>313</floats><text>314</text><quad>315</quad><either>316</either><temp>105</temp></FIELDS></"
+    "SNVT_320>";
+
+class DriverDevice : public Device {
+  public:
+    DriverDevice() {
+        settings.typeFilesDirectory = scratch.Path("out");
+        settings.typeFilesBaseName = "node";
+        catalog.types.SetClock(FixedClock(1700000000));
+        deviceTemplate.userTypeFile = "user.xml";
+    }
+
+    void Generate() {
+        written.clear();
+        GenerateTypeFilesAndList(types, deviceTemplate, catalog, errorHandler, settings,
+                                 scratch.Path("format.xml"), scratch.Folder(), written);
+    }
+    std::string Output(const std::string& name) const { return ReadFile(scratch.Path("out/" + name)); }
+    TypeFile OutputTypes(const std::string& name) const {
+        TypeFile file;
+        const Outcome outcome = ReadTypeFile(Output(name), file);
+        EXPECT_TRUE(outcome.Ok()) << outcome.reason;
+        return file;
+    }
+    // The names of the files that lie in the output folder.
+    Strings Files() const {
+        Strings names = DirectoryEntries(scratch.Path("out"));
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    TypeFilesSettings settings;
+    Strings written;
+};
+
+TEST(Driver, WithoutTypesThereIsTheListAlone) {
+    DriverDevice device;
+    device.WriteFiles("");
+    EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 76) << "nobody creates the folder";
+    std::filesystem::create_directory(device.scratch.Path("out"));
+    device.settings.typeFilesDirectory += "\\";
+    device.Generate();
+    EXPECT_EQ(device.Output("files.lst"),
+              "' List of the generated files\r\n' Format is :\r\n"
+              "'       <fileType>,<fileName>,<programId>,<scope>,<locale>\r\n'        With :\r\n"
+              "'            <fileType>  2:lang, 3:type, 4:fpt, 5:format\r\n"
+              "'            <fileName>  Name of the file without path\r\n"
+              "'            <programId> Complete programID\r\n"
+              "'            <scope>     Scope from 1 to 6\r\n"
+              "'            <locale>    Lang locale id. Zero if the file is not a lang file.\r\n\r\n");
+    EXPECT_EQ(device.Files(), Strings{"files.lst"});
+}
+
+TEST(Driver, FilesOfEveryScopeWithTypes) {
+    DriverDevice device;
+    device.AddNv(310);
+    device.AddCp(310, 1, "limit");
+    device.WriteFiles(kElements, UserTypes("UCPTS", "_3", "_F00001",
+                                           "<UCPT_1><NAME>a</NAME><SNVTTYPE>105</SNVTTYPE></UCPT_1>"));
+    device.Generate();
+    EXPECT_EQ(device.Files(), (Strings{"files.lst", "node_3.ENU", "node_3.fmt", "node_3.fpt", "node_3.typ",
+                                       "node_6.ENU", "node_6.fmt", "node_6.fpt", "node_6.typ"}));
+    const std::string list = device.Output("files.lst");
+    EXPECT_EQ(list.substr(list.find("\r\n\r\n") + 4),
+              "2,node_3.ENU,9000010A0B040100,3,1033\r\n4,node_3.fpt,9000010A0B040100,3,0\r\n"
+              "3,node_3.typ,9000010A0B040100,3,0\r\n5,node_3.fmt,9000010A0B040100,3,0\r\n"
+              "2,node_6.ENU,9000010A0B040100,6,1033\r\n4,node_6.fpt,9000010A0B040100,6,0\r\n"
+              "3,node_6.typ,9000010A0B040100,6,0\r\n5,node_6.fmt,9000010A0B040100,6,0\r\n");
+    EXPECT_EQ(device.written.size(), 9U);
+    EXPECT_EQ(device.Output("node_6.fmt"),
+              "set program_id 90:00:01:0A:0B:04:01:00;\r\n"
+              "set selector MANUFACTURER and DEVICE_CLASS and SUB_CLASS and MODEL;\r\n\r\n"
+              "UNVT__level: real;\r\nUCPT_1_limit: real;\r\n");
+
+    LanguageFile language;
+    ASSERT_TRUE(ReadLanguageFile(device.Output("node_6.ENU"), language).Ok());
+    Strings texts;
+    for (const auto& text : language.strings)
+        texts.push_back(text.value_or("(none)"));
+    EXPECT_EQ(texts, (Strings{"Lang file", "Tovarek utility", "Functional profile file", "Type file", "Level",
+                              "How full", "%", "Level", "How full", "%"}));
+    const TypeFile types = device.OutputTypes("node_6.typ");
+    EXPECT_EQ(types.nvTypes[0]->nameText.number, 5U);
+    EXPECT_EQ(types.nvTypes[0]->unit.number, 7U);
+    EXPECT_EQ(types.cpTypes[0]->description.number, 9U);
+    EXPECT_EQ(types.cpTypes[0]->nameText.scope, 6);
+}
+
+TEST(Driver, KindsInTheTypeFile) {
+    DriverDevice device;
+    device.AddNv(320);
+    device.AddNv(311);
+    device.AddCp(310, 1, "limit");
+    device.deviceTemplate.cps.back().maxValue = "0123";
+    device.WriteFiles(kElements);
+    device.Generate();
+    const TypeFile file = device.OutputTypes("node_6.typ");
+    ASSERT_EQ(file.nvTypes.size(), 2U);
+    ASSERT_EQ(file.enumerations.size(), 1U) << "an enumeration of two types is written once";
+    EXPECT_EQ(file.enumerations[0]->name, "ENUM_311_mode");
+    ASSERT_EQ(file.enumerations[0]->values.size(), 2U);
+    EXPECT_EQ(file.nvTypes[1]->type.target.index, 1);
+
+    const NvType& all = *file.nvTypes[0];
+    EXPECT_EQ(all.name, "__all");
+    EXPECT_EQ(all.size, 2 + 1 + 1 + 12 + 8 + 4 + 8 + 2);
+    std::string kinds;
+    for (const TypeMember& member : all.type.members)
+        kinds += member.name + " " + std::to_string(static_cast<int>(member.type.kind)) + ", ";
+    EXPECT_EQ(kinds, "level 6, mode 7, bits 11, floats 8, text 8, quad 15, either 10, temp 14, ");
+    const TypeDescription& level = all.type.members[0].type;
+    EXPECT_EQ(level.minimum, 5);
+    EXPECT_EQ(level.maximum, 1000);
+    EXPECT_EQ(level.b, -1);
+    const TypeDescription& bits = all.type.members[2].type;
+    EXPECT_EQ(std::tuple(bits.bitWidth, bits.bitOffset, bits.bitSigned, bits.minimum, bits.maximum),
+              std::tuple(3, 2, true, -4, 3));
+    EXPECT_EQ(all.type.members[3].type.members[0].type.floatMaximum, 2.5F);
+    EXPECT_EQ(all.type.members[4].type.count, 8);
+    EXPECT_EQ(all.type.members[5].type.maximum, 4294967295) << "MAX of a BITFIELD does not count";
+    EXPECT_EQ(all.type.members[7].type.target.index, 105);
+    EXPECT_EQ(all.type.members[7].type.referencedSize, 2);
+
+    const CpType& limit = *file.cpTypes[0];
+    EXPECT_EQ(limit.size, 2);
+    EXPECT_EQ(limit.maximum, std::string("\x01\x23"));
+    EXPECT_EQ(limit.initial, std::string(2, '\0'));
+}
+
+// The driver by itself, with types under chosen indexes.
+TEST(Driver, GapsInTheIndexes) {
+    struct Case {
+        std::vector<int> nv, cp;
+        int error;
+        std::size_t nvTypes, cpTypes;
+    };
+    for (const Case& c : std::vector<Case>{{{1, 2, 3}, {1}, 0, 3, 1},
+                                           {{}, {}, 0, 0, 0},
+                                           {{1, 2, 4}, {}, 1134, 0, 0},
+                                           {{2}, {}, 1134, 0, 0},
+                                           {{1}, {1, 3}, 1135, 0, 0},
+                                           {{1, 4}, {3}, 0, 1, 0}}) {
+        DriverDevice device;
+        device.settings.typeFilesDirectory = device.scratch.Path("out");
+        std::vector<std::unique_ptr<CType>> types;
+        ScopeTypes keyed;
+        for (const bool isUnvt : {true, false}) {
+            for (const int index : isUnvt ? c.nv : c.cp) {
+                CType& type = *types.emplace_back(std::make_unique<CType>());
+                type.isUnvt = isUnvt;
+                type.indexInScope = index;
+                type.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(index);
+                type.elementType = elementUnsigned;
+                type.length = 1;
+                type.rawInitValue = type.rawMinValue = type.rawMaxValue = "00";
+                keyed.Add((isUnvt ? "NV_" : "CP_") + std::to_string(index), &type);
+            }
+        }
+        std::vector<CResFile> records;
+        EXPECT_EQ(RaisedNumber([&] {
+                      GenerateTypeFiles(keyed, 3, device.settings, "9000010A0B040100", device.catalog,
+                                        device.errorHandler, records, device.written);
+                  }),
+                  c.error);
+        if (c.error != 0) {
+            EXPECT_EQ(records.size(), 3U);
+            EXPECT_EQ(device.Files(), (Strings{"node_3.ENU", "node_3.fpt"}));
+            EXPECT_EQ(device.written.size(), 2U);
+            continue;
+        }
+        EXPECT_EQ(device.OutputTypes("node_3.typ").nvTypes.size(), c.nvTypes);
+        EXPECT_EQ(device.OutputTypes("node_3.typ").cpTypes.size(), c.cpTypes);
+    }
+}
+
+TEST(Driver, SelectorOfTheScope) {
+    const std::vector<std::string> selectors = {
+        "",
+        "set selector DEVICE_CLASS;\r\n",
+        "set selector DEVICE_CLASS and SUB_CLASS;\r\n",
+        "set selector MANUFACTURER;\r\n",
+        "set selector MANUFACTURER and DEVICE_CLASS;\r\n",
+        "set selector MANUFACTURER and DEVICE_CLASS and SUB_CLASS;\r\n"};
+    for (std::size_t scope = 0; scope < selectors.size(); ++scope) {
+        DriverDevice device;
+        std::vector<CResFile> records;
+        GenerateTypeFiles({}, static_cast<std::int32_t>(scope), device.settings, "9000010A0B040100",
+                          device.catalog, device.errorHandler, records, device.written);
+        EXPECT_EQ(device.Output("node_" + std::to_string(scope) + ".fmt"),
+                  "set program_id 90:00:01:0A:0B:04:01:00;\r\n" + selectors[scope] + "\r\n");
+        EXPECT_EQ(records.size(), 4U);
+    }
+}
+
+TEST(Driver, FaultsOfTheControlNameTypeAndReason) {
+    const std::string start = "<SNVT_300><NAME>x</NAME>";
+    struct Case {
+        const char* what;
+        std::string elements;
+        eErrors error;
+    };
+    for (const Case& c : std::vector<Case>{
+             {"a value below a signed byte", start + "<TYPE>ENUM</TYPE><ENUMS><A>-129</A></ENUMS></SNVT_300>",
+              eQVXIFerr_QVX_editResult_erroraddingenumvalue},
+             {"an unsigned number of 3 bytes", start + "<TYPE>BITFIELD</TYPE><LENGTH>3</LENGTH></SNVT_300>",
+              eQVXIFerr_QVX_editResult_badparam},
+             {"a minimum outside the kind",
+              start + "<TYPE>USER</TYPE><LENGTH>1</LENGTH><MIN>-1</MIN></SNVT_300>",
+              eQVXIFerr_QVX_editResult_badminvalue},
+             {"a name that does not fit",
+              "<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>" + std::string(300, 'n') +
+                  "</NAME></SNVT_300>",
+              eQVXIFerr_QVX_editResult_erroraddingtype},
+             {"a standard type that the catalog lacks",
+              start + "<TYPE>STRUCT</TYPE><FIELDS><a>140</a><b>8</b></FIELDS></SNVT_300><SNVT_8><TYPE>USER</"
+                      "TYPE></SNVT_8>"
+                      "<SNVT_140><TYPE>USER</TYPE></SNVT_140>",
+              eQVXIFerr_QVX_editResult_badparam}}) {
+        DriverDevice device;
+        device.AddNv(300);
+        device.WriteFiles(c.elements);
+        const auto error = Raised([&] { device.Generate(); });
+        ASSERT_TRUE(error) << c.what;
+        EXPECT_EQ(error->Number(), c.error) << c.what << ": " << error->Description();
+        EXPECT_FALSE(error->Context().reason.empty()) << c.what;
+        EXPECT_FALSE(error->Context().record.empty()) << c.what;
+        EXPECT_EQ(error->Context().file, device.settings.typeFilesDirectory + "\\node_6.typ") << c.what;
+        // The control is ready for the next call.
+        device.WriteFiles(
+            kElements +
+            std::string("<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>y</NAME></SNVT_300>"));
+        EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 0) << c.what;
+    }
+}
+
+// A folder in the place of each output in turn.
+TEST(Driver, OutputsThatCannotBeWritten) {
+    struct Case {
+        const char* file;
+        int error;
+        std::size_t written;
+    };
+    for (const Case& c : std::vector<Case>{{"node_6.ENU", 1101, 0},
+                                           {"node_6.fpt", 1101, 1},
+                                           {"node_6.typ", 1101, 2},
+                                           {"node_6.fmt", 75, 3},
+                                           {"files.lst", 75, 4}}) {
+        DriverDevice device;
+        device.AddNv(310);
+        device.WriteFiles(kElements);
+        std::filesystem::create_directories(device.scratch.Path("out/" + std::string(c.file)));
+        EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), c.error) << c.file;
+        EXPECT_EQ(device.written.size(), c.written) << c.file;
+    }
+    DriverDevice device;
+    device.AddNv(310);
+    device.WriteFiles(kElements);
+    std::filesystem::create_directory(device.scratch.Path("out"));
+    std::filesystem::create_symlink("/dev/full", device.scratch.Path("out/node_6.typ"));
+    const auto error = Raised([&] { device.Generate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), eQVXIFerr_GenericErrorEditFile);
+    EXPECT_NE(error->Context().reason.find("runtime error 61"), std::string::npos) << error->Context().reason;
+}
+
+TEST(Driver, TwoVariablesMayShareAType) {
+    DriverDevice device;
+    device.AddNv(310);
+    device.AddNv(310);
+    device.WriteFiles(kElements);
+    EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 0);
+    EXPECT_EQ(device.OutputTypes("node_6.typ").nvTypes.size(), 2U);
+}
+
+}  // namespace
+}  // namespace tovarek::test

@@ -1,0 +1,256 @@
+// Loading: type elements of the format file, the types of a template, the user type file.
+#include "Device.h"
+
+namespace tovarek::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+constexpr const char* kByte =
+    "<SNVT_300><TYPE>USER</TYPE><NAME>SNVT_count</NAME><LENGTH>1</LENGTH></SNVT_300>";
+
+TEST(TypeLoading, ChildrenOfATypeElement) {
+    Device device;
+    device.AddNv(300);
+    device.Load(
+        "<!-- skipped "
+        "--><snvt_300><type>float</type><Name>temp-in</Name><LENGTH>4x</LENGTH><MIN>-1.5</MIN><MAX>1e2</MAX>"
+        "<A_COEF>2.5</A_COEF><B_COEF>-1</B_COEF><C_COEF>3.5</C_COEF><UNIT>bar</UNIT><DESC>a</DESC><DESC>b</"
+        "DESC>"
+        "<LONGNAME>Temperature</LONGNAME><BFSIZE>3</BFSIZE><BFOFFSET>2</BFOFFSET><BFSIGNED>0.4</BFSIGNED>"
+        "<INHERIT>0</INHERIT><ARRAY>2</ARRAY><OTHER>x</OTHER></snvt_300><SNVT_300><TYPE>nothing</TYPE></"
+        "SNVT_300>");
+    const CType& type = device.Unvt("6_1");
+    EXPECT_EQ(type.name, "UNVT__temp_in");
+    EXPECT_EQ(type.elementType, elementFloat);
+    EXPECT_TRUE(type.hasMin && type.hasMax && type.isUnvt && type.bitfieldSigned);
+    EXPECT_FALSE(type.inheritable || type.isField);
+    EXPECT_EQ(type.minValue, -1.5);
+    EXPECT_EQ(type.maxValue, 100);
+    EXPECT_EQ((std::vector{type.typeIndex, type.length, type.a_coef, type.b_coef, type.c_coef,
+                           type.bitfieldSize, type.bitfieldOffset, type.arraySize}),
+              (std::vector{300, 4, 2, -1, 4, 3, 2, 2}));
+    EXPECT_EQ((Strings{type.unit, type.description, type.longname}), (Strings{"bar", "b", "Temperature"}));
+}
+
+TEST(TypeLoading, Names) {
+    for (const auto& [text, name] : std::vector<std::pair<std::string, std::string>>{
+             {"speed", "UNVT__speed"},
+             {"unvt_speed", "UNVT__speed"},
+             {"SCPT__speed", "UNVT___speed"},
+             {"_speed", "UNVT___speed"},
+             {"SNVT-x", "UNVT__x"},  // cleaned before the prefix is looked for
+             {"", "UNVT__"},
+             {"t\xC3\xA9l", "UNVT__t_l"}}) {
+        Device device;
+        device.AddNv(300);
+        device.Load("<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>" + text +
+                    "</NAME><NAME>later</NAME></SNVT_300>");
+        EXPECT_EQ(device.Unvt("6_1").name, name) << text;
+    }
+}
+
+TEST(TypeLoading, Enumerations) {
+    Device device;
+    device.AddNv(300);
+    device.AddNv(301);
+    device.Load(
+        "<SNVT_300><ENUMS><lost>1</lost></ENUMS><TYPE>ENUM</TYPE><ENUMS><OFF>0</OFF><ON>1</ON></"
+        "ENUMS><NAME>mode</NAME>"
+        "<ENUMS><LOW>-3</LOW><NUL>255</NUL><OLD>-200</OLD></ENUMS></SNVT_300>"
+        "<SNVT_301><TYPE>ENUM</TYPE><NAME>b</NAME><ENUMS><A>127</A><B>128</B></ENUMS></SNVT_301>");
+    const CType& type = device.Unvt("6_1");
+    EXPECT_EQ(type.enumName, "ENUM_300_mode");
+    EXPECT_EQ(type.length, 1);
+    std::vector<std::pair<std::string, std::int32_t>> values;
+    for (const CEnumValue& value : *type.enumValues)
+        values.emplace_back(value.name, value.value);
+    EXPECT_EQ(values, (std::vector<std::pair<std::string, std::int32_t>>{
+                          {"OFF", 0}, {"ON", 1}, {"LOW", -3}, {"NUL", -1}, {"OLD", -200}}));
+    EXPECT_EQ(type.minValue, -200);
+    EXPECT_EQ(type.maxValue, -1) << "the limits are those of the last ENUMS";
+    EXPECT_EQ(device.Unvt("6_2").minValue, -128);
+    EXPECT_EQ(device.Unvt("6_2").maxValue, 127);
+
+    const std::string before = "<SNVT_300><NAME>a</NAME><TYPE>ENUM</TYPE>";
+    device.WriteFiles(before + "<ENUMS/></SNVT_300>");
+    EXPECT_EQ(Raised([&] { device.Load(); })->Number(), eQVXIFerr_typeelementwithmaxlesserthanmin)
+        << "no value lies between the limits of an empty ENUMS";
+    device.WriteFiles("<SNVT_300><NAME>a</NAME><ENUMS><A>1</A></ENUMS><TYPE>ENUM</TYPE></SNVT_300>");
+    EXPECT_EQ(Raised([&] { device.Load(); })->Number(), eQVXIFerr_typeenumwithnoenums);
+}
+
+TEST(TypeLoading, UnitsOfDisplay) {
+    Device device;
+    device.AddNv(300);
+    device.Load(
+        "<SNVT_300><TYPE>USER</TYPE><NAME>a</NAME><LENGTH>1</LENGTH><UNITS><US a_coef='1.8' "
+        "C_Coef='32'><unit>F</unit></US>"
+        "<SI/><US A_COEF='9'/></UNITS><UNITS><X A_COEF='none'/></UNITS></SNVT_300>");
+    std::string shown;
+    for (const CFormat& format : *device.Unvt("6_1").availableFormats)
+        shown += format.name + " " + std::to_string(format.format_a_coef) + " " +
+                 std::to_string(format.format_c_coef) + " " + format.unit + "|";
+    EXPECT_EQ(shown, "US 1.800000 32.000000 F|SI 1.000000 0.000000 |X 0.000000 0.000000 |");
+}
+
+TEST(TypeLoading, MembersNestAndTakeOverScopeAndKind) {
+    Device device;
+    device.AddNv(300);
+    device.Load(
+        "<SNVT_300><FIELDS><lost>999</lost></FIELDS><TYPE>STRUCT</TYPE><NAME>a</NAME><FIELDS><!-- "
+        "--><low>301</low></FIELDS>"
+        "<SCOPE>6</SCOPE><FIELDS><in>302</in><temp>105</temp></FIELDS></SNVT_300>"
+        "<SNVT_301><SCOPE>9</SCOPE><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>other</NAME></SNVT_301>"
+        "<SNVT_302><TYPE>UNION</TYPE><FIELDS><x>301</x><y>303</y></FIELDS></SNVT_302>"
+        "<SNVT_303><TYPE>ENUM</TYPE><ENUMS><A>1</A></ENUMS></SNVT_303>"
+        "<SNVT_105><TYPE>STRUCT</TYPE><FIELDS><lost>999</lost></FIELDS><UNITS><lost/></UNITS></SNVT_105>");
+    const CType& type = device.Unvt("6_1");
+    ASSERT_EQ(type.elements.size(), 3U);
+    EXPECT_EQ(type.elements[0].name, "low");
+    EXPECT_EQ(type.elements[0].scope, 9) << "a member's own scope has no consequence";
+    ASSERT_EQ(type.elements[1].elements.size(), 2U);
+    EXPECT_EQ(type.elements[1].elements[1].enumName, "ENUM_303");
+    EXPECT_TRUE(type.elements[1].elements[1].isField && type.elements[1].elements[1].isUnvt);
+    EXPECT_TRUE(type.elements[2].elements.empty()) << "a standard type is described by the catalog";
+    EXPECT_EQ(type.elements[2].length, 2);
+    EXPECT_EQ(type.length, 1 + 1 + 1)
+        << "what is called a structure counts its members, and this one has none here";
+}
+
+TEST(TypeLoading, TypesOfTheTemplate) {
+    Device device;
+    device.AddNv(300);
+    device.deviceTemplate.nvs.back().typeIndex = 8;
+    for (const int type : {0, 300, 301, 300, 302})
+        device.AddNv(type);
+    device.AddCp(300, 4, "delay");
+    device.AddCp(300, 4, "again");
+    device.AddCp(300, 5, "elsewhere", 3);
+    device.AddCp(0, 6, "none");
+    device.Load(std::string(kByte) +
+                "<SNVT_301><TYPE>USER</TYPE><NAME>b</NAME><LENGTH>2</LENGTH><SCOPE>3</SCOPE></SNVT_301>"
+                "<SNVT_302><TYPE>USER</TYPE><NAME>c</NAME><LENGTH>2</LENGTH><SCOPE>6</SCOPE></SNVT_302>");
+    EXPECT_EQ(Device::Names(device.types.unvtTypes),
+              (Strings{"6_1 UNVT__count", "6_2 UNVT__count", "6_3 UNVT__c"}))
+        << "a type that chooses another scope is dropped and takes no index";
+    EXPECT_EQ(Device::Names(device.types.ucptTypes), Strings{"6_4 UCPT_4_delay"});
+    EXPECT_EQ(device.Ucpt("6_4").rawInitValue, "00");
+    device.Load();
+    EXPECT_EQ(device.types.unvtTypes.size(), 3U) << "a second load starts anew";
+}
+
+TEST(TypeLoading, ProgramIdsOfTheUserTypeFile) {
+    // Device 90 00 01 0A 0B 04 01 00. Each scope compares its own part; the others may differ.
+    struct Case {
+        const char* scope;
+        const char* programID;
+        bool applies;
+    };
+    for (const Case& c : std::vector<Case>{{"_1", "_FFFFFF0A0BFFFFFF", true},
+                                           {"_1", "_9000010A0C040100", false},
+                                           {"_2", "_FFFFFF0a0b0401FF", true},
+                                           {"_2", "_FFFFFF0A0B0402FF", false},
+                                           {"_3", "_F00001FFFFFFFFFF", true},
+                                           {"_3", "_9000020A0B040100", false},
+                                           {"_4", "_F000010a0bFFFFFF", true},
+                                           {"_4", "_9000010A0C040100", false},
+                                           {"_5", "_F000010A0B0401FF", true},
+                                           {"_5", "_9000010A0B0402FF", false},
+                                           {"_6", "_9000010A0B040100", false},
+                                           {"_3", "__900001", false},
+                                           {"_3", "_90", false},
+                                           {"_3", "F00001", true}}) {
+        Device device;
+        device.Load(kByte, UserTypes("UNVTS", c.scope, c.programID,
+                                     "<UNVT_1><NAME>a</NAME><SNVTTYPE>300</SNVTTYPE></UNVT_1>"));
+        EXPECT_EQ(device.types.unvtTypes.size(), c.applies ? 1U : 0U) << c.scope << ' ' << c.programID;
+    }
+}
+
+TEST(TypeLoading, TypesOfTheUserTypeFile) {
+    const auto type = [](const std::string& element, const std::string& name) {
+        return "<" + element + "><NAME>" + name +
+               "</NAME><Snvttype>301</Snvttype><MINRAWVAL>0102</MINRAWVAL></" + element + ">";
+    };
+    const std::string all = type("UNVT_7", "a") + type("XXXX2x", "b") + type("UCPT_007", "c") +
+                            type("UNVT_0", "d") + type("UNVT_x", "e") + type("UNVT_7", "f");
+    const std::string definition =
+        "<SNVT_301><TYPE>USER</TYPE><NAME>other</NAME><LENGTH>2</LENGTH><SCOPE>9</SCOPE></SNVT_301>";
+    Device device;
+    device.Load(definition, "<?xml version='1.0'?><!-- -->" + UserTypes("unvts", "_3", "_F00001", all));
+    EXPECT_EQ(Device::Names(device.types.unvtTypes),
+              (Strings{"3_1 UNVT_7_a", "3_2 UNVT_2_b", "3_3 UNVT_7_c", "3_4 UNVT_7_f"}));
+    device.Load(definition, UserTypes("UCPTS", "_3", "_F00001", all));
+    EXPECT_EQ(Device::Names(device.types.ucptTypes), (Strings{"3_7 UCPT_7_a", "3_2 UCPT_2_b"}));
+    EXPECT_EQ(device.Ucpt("3_7").rawMinValue, "0102");
+    EXPECT_EQ(device.Ucpt("3_7").rawMaxValue, "0000");
+}
+
+TEST(TypeLoading, Faults) {
+    struct Case {
+        const char* what;
+        std::string elements;
+        int error;
+        const char* field;
+    };
+    const std::string start = "<SNVT_300><NAME>a</NAME>";
+    for (const Case& c : std::vector<Case>{
+             {"unknown number", "<SNVT_30/>", 1090, ""},
+             {"unknown member", start + "<TYPE>STRUCT</TYPE><FIELDS><m>999</m></FIELDS></SNVT_300>", 1090,
+              "m"},
+             {"unknown kind", start + "<TYPE>INT</TYPE></SNVT_300>", 1091, "TYPE"},
+             {"no kind", start + "</SNVT_300>", 1092, "TYPE"},
+             {"no name", "<SNVT_300><TYPE>FLOAT</TYPE></SNVT_300>", 1093, "NAME"},
+             {"length of 33 bits", start + "<LENGTH>4294967296</LENGTH></SNVT_300>", 6, "LENGTH"},
+             {"endless limit", start + "<MIN>1e999</MIN></SNVT_300>", 6, "MIN"},
+             {"scope", start + "<SCOPE>7</SCOPE></SNVT_300>", 9, "SCOPE"},
+             {"scope", start + "<SCOPE>-1</SCOPE></SNVT_300>", 9, "SCOPE"}}) {
+        Device device;
+        device.AddNv(300);
+        device.WriteFiles(c.elements);
+        const auto error = Raised([&] { device.Load(); });
+        EXPECT_EQ(RaisedNumber([&] { device.Load(); }), c.error) << c.what;
+        ASSERT_TRUE(error) << c.what;
+        EXPECT_EQ(error->Context().field, c.field) << c.what;
+        EXPECT_EQ(error->Context().file, device.scratch.Path("format.xml")) << c.what;
+    }
+}
+
+TEST(TypeLoading, FilesThatCannotBeLoaded) {
+    Device device;
+    device.WriteFiles("<SNVT_300>");
+    EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1089);
+    device.WriteFiles("", "<UNVTS>");
+    EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1128);
+    EXPECT_EQ(RaisedNumber([&] { device.types.LoadTypes(device.scratch.Path("format.xml"), "\\"); }), 1128);
+
+    // The first node of the document is the root, whatever it is.
+    device.AddNv(300);
+    for (const char* first : {"<?xml version='1.0'?>", "<!-- comment -->"}) {
+        device.WriteFiles("");
+        device.scratch.File("format.xml", first + std::string("<f>") + kByte + "</f>");
+        EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1090) << first;
+    }
+    for (const char* type :
+         {"<UNVT_1><NAME>a</NAME></UNVT_1>", "<UNVT_1><NAME/><SNVTTYPE>300</SNVTTYPE></UNVT_1>"}) {
+        device.WriteFiles(kByte, UserTypes("UNVTS", "_3", "_F00001", type));
+        EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1128) << type;
+    }
+    device.WriteFiles(kByte,
+                      UserTypes("UNVTS", "_3", "_F00001", "<UNVT_1><NAME>a</NAME><SNVTTYPE/></UNVT_1>"));
+    EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1090) << "SNVT_0";
+}
+
+TEST(TypeLoading, AbsentRawValuesBeyondMeasureAreOutOfMemory) {
+    const std::string text = "<SNVT_300><TYPE>TEXTUAL</TYPE><LENGTH>1000000000</LENGTH></SNVT_300>";
+    Device device;
+    device.AddCp(300, 1, "big");
+    device.WriteFiles(text);
+    EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 7);
+    device.WriteFiles("<SNVT_300><TYPE>TEXTUAL</TYPE><LENGTH>1073741824</LENGTH></SNVT_300>");
+    EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 6);
+}
+
+}  // namespace
+}  // namespace tovarek::test
