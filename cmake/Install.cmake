@@ -9,7 +9,7 @@ install(TARGETS tovarek EXPORT TovarekTargets
 install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 # Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does.
-foreach(room support control types/catalog profile template types component)
+foreach(room support control types/catalog profile template types component inspect)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.h ${PROJECT_SOURCE_DIR}/src/${room}/*.inc)
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room})
 endforeach()
@@ -26,4 +26,4 @@ install(FILES ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake ${PROJECT_BINARY_D
 install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/catalog)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/examples)
 install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)

@@ -7,6 +7,7 @@
 #include "cli/CatalogCommand.h"
 #include "cli/ErrorsCommand.h"
 #include "cli/GenerateCommand.h"
+#include "cli/InspectCommands.h"
 #include "cli/Locations.h"
 #include "component/PropertyTable.h"
 
@@ -28,14 +29,18 @@ void WriteHelp(const std::string& program, std::ostream& out) {
            "  tovarek errors                    list the errors of the generator\n"
            "  tovarek catalog list              list the standard types\n"
            "  tovarek catalog show NAME         show one, e.g. SNVT_temp_p\n"
-           "      --catalogDir DIR --catalogFile FILE   of another catalog than the shipped one\n"
+           "  tovarek dump FILE [--bytes]       show what is in a resource file, format file, catalog or XIF "
+           "file\n"
+           "  tovarek diff A B                  compare the content of two such files\n"
+           "      --catalogDir DIR --catalogFile FILE   another catalog than the shipped one\n"
            "\n"
            "  --format json                     results and errors as JSON on standard output\n"
            "  --help, --version\n"
            "\n"
            "Without --catalogDir the shipped catalog of standard types is used. SOURCE_DATE_EPOCH, in "
            "seconds,\n"
-           "fixes the date in the files. Exit status: 0 done, 1 an error was found, 2 wrong use.\n"
+           "fixes the date in the files. Exit status: 0 done, 1 an error or a difference was found, 2 wrong "
+           "use.\n"
            "\n"
            "Example:\n"
         << "  " << program << " generate --iniProfileFile " << folder << "/profile.ini \\\n"
@@ -83,11 +88,16 @@ struct Commands {
     CLI::App* catalog = app.add_subcommand("catalog");
     CLI::App* list = catalog->add_subcommand("list");
     CLI::App* show = catalog->add_subcommand("show");
+    CLI::App* dump = app.add_subcommand("dump");
+    CLI::App* diff = app.add_subcommand("diff");
 
     OutputFormat format = OutputFormat::text;
     bool version = false;
     CatalogPlace place;
     std::string typeName;
+    std::string file;       // of dump, and the first one of diff
+    std::string otherFile;  // the second one of diff
+    bool bytes = false;
     CLI::Option* pairs = nullptr;
     CLI::Option* jobs = nullptr;
 
@@ -95,7 +105,7 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, errors, catalog, list, show}) {
+        for (CLI::App* command : {generate, errors, catalog, list, show, dump, diff}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -103,11 +113,15 @@ struct Commands {
         jobs = AddSetting("--job");
         for (const Property& property : Properties())
             AddSetting("--" + std::string(property.name));
-        for (CLI::App* command : {catalog, list, show}) {
+        for (CLI::App* command : {catalog, list, show, dump}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
         show->add_option("NAME", typeName);
+        dump->add_option("FILE", file);
+        dump->add_flag("--bytes", bytes);
+        diff->add_option("A", file);
+        diff->add_option("B", otherFile);
     }
 
     CLI::Option* AddSetting(const std::string& name) {
@@ -162,6 +176,16 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
         if (commands.typeName.empty())
             return ReportWrongUse("catalog show wants the name of a type", streams);
         return RunCatalogShow(commands.place, commands.typeName, commands.format, streams);
+    }
+    if (commands.dump->parsed()) {
+        if (commands.file.empty())
+            return ReportWrongUse("dump wants a file", streams);
+        return RunDump(commands.file, {commands.format, commands.bytes, commands.place}, streams);
+    }
+    if (commands.diff->parsed()) {
+        if (commands.file.empty() || commands.otherFile.empty())
+            return ReportWrongUse("diff wants two files", streams);
+        return RunDiff(commands.file, commands.otherFile, commands.format, streams);
     }
     if (commands.catalog->parsed())
         return ReportWrongUse("catalog wants 'list' or 'show NAME'", streams);

@@ -196,8 +196,8 @@ class QVxTypes {
     std::int32_t CompleteType();
     // Stores the completed type under its number in the scope; numbers must come in order from 1. The control
     // computes a network-variable type's size by the format's rules (bit fields share bytes, a union is as
-    // large as its largest member). Codes: 11, 12, 21, 23, 20 (number out of order, size above 65535, name
-    // taken).
+    // large as its largest member). Codes: 11, 12, 21, 23, 20 (number out of order, size above 65535).
+    // Names may repeat.
     std::int32_t RegisterNetworkVariableType(std::int32_t number);
     // `length` in bytes; the raw values are hexadecimal, two digits a byte. Further codes: 16 bad length, 26,
     // 24, 25 the initial, minimum or maximum value does not have `length` bytes.

@@ -248,8 +248,8 @@ Outcome ResourceCreator::StartType(const std::string& name) {
     return editing.Ok() ? builder_.Start(name, file_->header.scope) : editing;
 }
 
-Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t registered,
-                                           const std::unordered_set<std::string>& names) const {
+// Names may repeat: a device has as many types of one name as it has variables of that type.
+Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t registered) const {
     if (Outcome editing = Editing(ResourceKind::type); !editing.Ok())
         return editing;
     if (builder_.CurrentState() == TypeBuilder::State::none)
@@ -260,8 +260,6 @@ Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t regi
         return Failure(resultErrorAddingType, "types are numbered 1 to 65535 in order; the next number is " +
                                                   std::to_string(registered + 1));
     }
-    if (names.contains(builder_.Name()))
-        return Failure(resultErrorAddingType, "the name \"" + builder_.Name() + "\" is taken");
     return {};
 }
 
@@ -278,8 +276,7 @@ std::size_t TypeRecordLength(const NvType& type) {
 
 Outcome ResourceCreator::RegisterNv(std::int32_t number) {
     const std::size_t registered = file_ ? file_->types.nvTypes.size() : 0;
-    static const std::unordered_set<std::string> kNoNames;
-    if (Outcome check = CheckRegistration(number, registered, file_ ? file_->nvNames : kNoNames); !check.Ok())
+    if (Outcome check = CheckRegistration(number, registered); !check.Ok())
         return check;
     NvType type = builder_.Take();
     const std::uint32_t size = SizeOf(type.type);
@@ -288,7 +285,6 @@ Outcome ResourceCreator::RegisterNv(std::int32_t number) {
     type.size = static_cast<std::uint16_t>(size);
     if (TypeRecordLength(type) > kLongestRecord)
         return Failure(resultErrorAddingType, "the description of \"" + type.name + "\" exceeds 65535 bytes");
-    file_->nvNames.insert(type.name);
     file_->types.nvTypes.emplace_back(std::move(type));
     return {};
 }
@@ -296,8 +292,7 @@ Outcome ResourceCreator::RegisterNv(std::int32_t number) {
 Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, const std::string& rawInitial,
                                     const std::string& rawMinimum, const std::string& rawMaximum) {
     const std::size_t registered = file_ ? file_->types.cpTypes.size() : 0;
-    static const std::unordered_set<std::string> kNoNames;
-    if (Outcome check = CheckRegistration(number, registered, file_ ? file_->cpNames : kNoNames); !check.Ok())
+    if (Outcome check = CheckRegistration(number, registered); !check.Ok())
         return check;
     if (length < 1 || length > 65535)
         return Failure(resultBadParam, "the length of a configuration property is 1 to 65535 bytes");
@@ -319,7 +314,6 @@ Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, co
     type.size = static_cast<std::uint16_t>(length);
     if (TypeRecordLength(type) + 1 + 3 * static_cast<std::size_t>(length) > kLongestRecord)
         return Failure(resultErrorAddingType, "the record of \"" + type.name + "\" exceeds 65535 bytes");
-    file_->cpNames.insert(type.name);
     file_->types.cpTypes.emplace_back(std::move(type));
     return {};
 }

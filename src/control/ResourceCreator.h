@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "control/LanguageFile.h"
@@ -83,14 +82,11 @@ class ResourceCreator {
         TypeFile types;
         std::string enumerationFile;                  // file name that its enumerations are declared in
         std::vector<std::size_t> enumerationLengths;  // of the records, so far
-        std::unordered_set<std::string> nvNames;
-        std::unordered_set<std::string> cpNames;
     };
 
     Outcome CheckRequest(const CreationRequest& request) const;
     ResourceHeader HeaderOf(const CreationRequest& request) const;
-    Outcome CheckRegistration(std::int32_t number, std::size_t registered,
-                              const std::unordered_set<std::string>& names) const;
+    Outcome CheckRegistration(std::int32_t number, std::size_t registered) const;
     Outcome Bytes(std::string& bytes) const;
     Outcome WriteOut(const std::string& bytes);
 

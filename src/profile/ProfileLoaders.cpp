@@ -46,13 +46,14 @@ class LineReader {
     int lines_ = 0;
 };
 
-// `line` cut behind its first `count` fields: what follows them is never looked at, however long it is.
-std::string_view FirstFields(std::string_view line, int count) {
+// `line` cut behind its first `count` fields: what follows them is never looked at, however long it is. A
+// mark stands for it, so that an empty last field is not trimmed away.
+std::string FirstFields(std::string_view line, int count) {
     line = TrimBlanks(line);
     std::size_t end = 0;
     for (int i = 0; i < count && end < line.size(); ++i)
         end = std::min(line.find(' ', end), line.size() - 1) + 1;
-    return line.substr(0, end);
+    return std::string(line.substr(0, end)) + (end < line.size() ? "." : "");
 }
 
 // The line context that an element outside of every line opens: 6 to 10, or 0.

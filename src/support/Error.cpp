@@ -23,7 +23,6 @@ constexpr RuntimeErrorRow kRuntimeErrors[] = {
     {RuntimeError::permissionDenied, "permissionDenied", "Permission denied"},
     {RuntimeError::pathFileAccessError, "pathFileAccessError", "Path/File access error"},
     {RuntimeError::pathNotFound, "pathNotFound", "Path not found"},
-    {RuntimeError::actionNotSupported, "actionNotSupported", "Object doesn't support this action"},
 };
 
 }  // namespace

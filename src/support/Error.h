@@ -36,7 +36,6 @@ enum class RuntimeError : std::int32_t {
     permissionDenied = 70,
     pathFileAccessError = 75,
     pathNotFound = 76,
-    actionNotSupported = 445,
 };
 
 // The source that every error names: the library.
@@ -63,7 +62,7 @@ class Error : public std::exception {
   public:
     Error(std::int32_t number, std::string description, ErrorContext context = {});
 
-    // One of eErrors (0x80040001 to 0x80040087) or a runtime error number (6 to 445).
+    // One of eErrors (0x80040001 to 0x80040087) or a runtime error number (6 to 76).
     std::int32_t Number() const { return number_; }
     const std::string& Description() const { return description_; }
     const char* Source() const { return kErrorSource; }

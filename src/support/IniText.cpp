@@ -43,7 +43,8 @@ std::int32_t WrappingInteger(std::string_view text) {
     if (negative || text.starts_with('+'))
         text.remove_prefix(1);
     int base = 10;
-    if (text.size() >= 2 && text[0] == '0' && AsciiUpper(text[1]) == 'X') {
+    // Only the small x makes a number hexadecimal; the platform reads 0X1F as 0.
+    if (text.starts_with("0x")) {
         base = 16;
         text.remove_prefix(2);
     }

@@ -38,9 +38,9 @@ struct CaselessEqual {
 // The keys of one section. Valid as long as the IniText that filled it.
 class IniSection {
   public:
-    // The integer that the value begins with: tabs and blanks, a sign, decimal digits or 0x and hexadecimal
-    // ones; it wraps beyond 32 bits as on the platform. 0 when there is no digit (an empty value included),
-    // `missing` when there is no such key.
+    // The integer that the value begins with: tabs and blanks, a sign, decimal digits or 0x (a small x) and
+    // hexadecimal ones; it wraps beyond 32 bits as on the platform. 0 when there is no digit (an empty value
+    // included), `missing` when there is no such key.
     std::int32_t LongValue(std::string_view key, std::int32_t missing) const;
 
     // The value, at most 999 characters of it, blanks trimmed at both ends (tabs are kept); `missing`,

@@ -35,11 +35,11 @@ void CCp::AnalyseCP() {
     arraySize = 0;
     std::string_view rest = declaration;
     std::string_view field;
-    // The first two fields say what the property applies to; they are passed over unread.
-    if (!TakeBefore(rest, ',', field) || !TakeBefore(rest, ',', field))
-        return;
-    if (!TakeBefore(rest, ',', field))
-        return;
+    // The first two fields say what the property applies to; they are passed over unread. The third is the
+    // scope.
+    for (int i = 0; i < 3; ++i)
+        if (!TakeBefore(rest, ',', field))
+            return;
     // The scope is a single digit; flags may follow it.
     scope = LeadingInt32(field.substr(0, 1));
     if (!TakeBefore(rest, ',', field))

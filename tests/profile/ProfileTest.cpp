@@ -185,6 +185,15 @@ TEST(Profile, XifLinesAreSplitAtEveryBlank) {
     EXPECT_EQ(profile.onChipRAM, 28);
 }
 
+TEST(Profile, AnEmptyLastXifTokenIsZero) {
+    const Scratch scratch;
+    CProfile profile = GoodProfile();
+    profile.xifFile = scratch.File("p.xif", XifText(8, "1 7 1 0 4 4 4 15 200  77"));
+    profile.Load();
+    EXPECT_EQ(profile.oscillatorWakeupTime, 0);
+    EXPECT_EQ(profile.oscillatorPrecision, 200);
+}
+
 TEST(Profile, XifFilesThatCannotServeSayWhy) {
     const Scratch scratch;
     const struct {

@@ -1,0 +1,81 @@
+#include "inspect/ByteListing.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "inspect/BinaryListing.h"
+#include "inspect/InspectNode.h"
+#include "inspect/InspectText.h"
+#include "inspect/TextListing.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::size_t kBytesInLine = 8;
+
+std::string OffsetText(std::size_t offset) {
+    std::array<char, 24> text{};
+    std::snprintf(text.data(), text.size(), "%08zX", offset);
+    return text.data();
+}
+
+std::string Heading(const ByteRow& row) {
+    std::string text = row.record.empty() ? std::string() : row.record + ": ";
+    text.append(2 * static_cast<std::size_t>(row.depth), ' ');
+    text += row.field;
+    return row.value.empty() ? text : text + " = " + row.value;
+}
+
+// Offset and bytes in columns of their own, the rest behind the first line.
+void AppendBinaryRow(const ByteRow& row, std::string_view bytes, std::string& text) {
+    for (std::size_t done = 0; done < row.length; done += kBytesInLine) {
+        const std::size_t size = std::min(kBytesInLine, row.length - done);
+        std::string hex = HexText(bytes.substr(row.offset + done, size));
+        text += OffsetText(row.offset + done) + "  " + hex;
+        if (done == 0) {
+            text.append(3 * kBytesInLine + 1 - hex.size(), ' ');
+            text += Heading(row);
+        }
+        text += '\n';
+    }
+}
+
+}  // namespace
+
+ByteListing ListBytes(std::string_view bytes, FileKind kind) {
+    if (IsTextKind(kind))
+        return {true, ListLines(bytes, kind)};
+    return {false, ListResourceFile(bytes, kind)};
+}
+
+std::string ListingText(const ByteListing& listing, std::string_view bytes) {
+    std::string text;
+    for (const ByteRow& row : listing.rows) {
+        if (!listing.isText || row.value == kNoText) {
+            AppendBinaryRow(row, bytes, text);
+            continue;
+        }
+        text += OffsetText(row.offset) + "  " + row.field + ": " + row.value + '\n';
+    }
+    return text;
+}
+
+std::string ListingJson(const ByteListing& listing, std::string_view bytes) {
+    std::string json = "[";
+    for (const ByteRow& row : listing.rows) {
+        json += json.size() == 1 ? "\n" : ",\n";
+        json += "  {\"offset\": " + std::to_string(row.offset) +
+                ", \"length\": " + std::to_string(row.length) +
+                ", \"bytes\": " + JsonString(HexText(bytes.substr(row.offset, row.length)));
+        if (!row.record.empty())
+            json += ", \"record\": " + JsonString(row.record);
+        if (row.depth != 0)
+            json += ", \"depth\": " + std::to_string(row.depth);
+        json += ", \"field\": " + JsonString(row.field) + ", \"value\": " + JsonString(row.value) + '}';
+    }
+    return json + "\n]";
+}
+
+}  // namespace tovarek

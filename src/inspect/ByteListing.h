@@ -1,0 +1,35 @@
+// Every byte of a file once, in the order of the file, with the field that it belongs to and what it says.
+// It is read by rules of its own, apart from the control's readers and writers, so that it can settle who is
+// wrong when two tools disagree; damaged files are listed as far as they can be understood.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "inspect/FileKind.h"
+
+namespace tovarek {
+
+struct ByteRow {
+    std::size_t offset = 0;
+    std::size_t length = 0;  // at least 1
+    int depth = 0;           // how deep the field is nested inside its record
+    std::string record;      // "NV type 3"; empty outside records
+    std::string field;
+    std::string value;
+};
+
+struct ByteListing {
+    bool isText = false;  // rows are lines
+    std::vector<ByteRow> rows;
+};
+
+ByteListing ListBytes(std::string_view bytes, FileKind kind);
+
+// The rows with their bytes, as text (hexadecimal, or the line itself in text files) and as a JSON list.
+std::string ListingText(const ByteListing& listing, std::string_view bytes);
+std::string ListingJson(const ByteListing& listing, std::string_view bytes);
+
+}  // namespace tovarek

@@ -1,0 +1,212 @@
+#include "inspect/InspectText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "support/Numbers.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::size_t kMostInOneLine = 4;
+
+void AppendHex(std::string& text, unsigned value, int digits) {
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+        text += "0123456789ABCDEF"[(value >> static_cast<unsigned>(shift)) & 0x0FU];
+}
+
+// A few values that belong together read better side by side.
+bool FitsOneLine(const InspectNode& node) {
+    return node.shape == InspectNode::Shape::object && node.children.size() <= kMostInOneLine &&
+           std::all_of(node.children.begin(), node.children.end(),
+                       [](const InspectNode& child) { return child.shape == InspectNode::Shape::value; });
+}
+
+class TreeWriter {
+  public:
+    void Children(const InspectNode& node, std::size_t depth) {
+        std::size_t position = 0;
+        for (const InspectNode& child : node.children) {
+            ++position;
+            text_.append(2 * depth, ' ');
+            Label(node, child, position);
+            Content(child, depth);
+        }
+    }
+    std::string Take() { return std::move(text_); }
+
+  private:
+    void Label(const InspectNode& parent, const InspectNode& child, std::size_t position) {
+        if (!parent.IsList())
+            text_ += child.name;
+        else if (child.name.empty())
+            text_ += '[' + std::to_string(position) + ']';
+        else
+            text_ += '[' + Printable(child.name) + ']';
+        text_ += ':';
+    }
+
+    void Content(const InspectNode& child, std::size_t depth) {
+        if (child.shape == InspectNode::Shape::value) {
+            const std::string value = ValueText(child.value);
+            text_ += value.empty() ? "\n" : ' ' + value + '\n';
+        } else if (child.children.empty()) {
+            text_ += " none\n";
+        } else if (FitsOneLine(child)) {
+            text_ += ' ' + OneLineText(child, false) + '\n';
+        } else {
+            text_ += '\n';
+            Children(child, depth + 1);
+        }
+    }
+
+    std::string text_;
+};
+
+class JsonWriter {
+  public:
+    void Node(const InspectNode& node, std::size_t depth) {
+        if (node.shape == InspectNode::Shape::value) {
+            Value(node.value);
+            return;
+        }
+        const bool isList = node.IsList();
+        text_ += isList ? '[' : '{';
+        bool first = true;
+        for (const InspectNode& child : node.children) {
+            if (!first)
+                text_ += ',';
+            first = false;
+            NewLine(depth + 1);
+            if (!isList)
+                text_ += JsonString(child.name) + ": ";
+            Node(child, depth + 1);
+        }
+        if (!first)
+            NewLine(depth);
+        text_ += isList ? ']' : '}';
+    }
+    std::string Take() { return std::move(text_); }
+
+  private:
+    void NewLine(std::size_t depth) {
+        text_ += '\n';
+        text_.append(2 * depth, ' ');
+    }
+
+    void Value(const InspectNode::Value& value) {
+        if (const auto* text = std::get_if<std::string>(&value))
+            text_ += JsonString(*text);
+        else if (const auto* number = std::get_if<std::int64_t>(&value))
+            AppendInteger(text_, *number);
+        else if (const auto* real = std::get_if<double>(&value))
+            Real(*real);
+        else if (const auto* flag = std::get_if<bool>(&value))
+            text_ += *flag ? "true" : "false";
+        else
+            text_ += "null";
+    }
+
+    // The shortest form that reads back as the same number.
+    void Real(double value) {
+        std::array<char, 32> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+        text_.append(digits.data(), end.ptr);
+    }
+
+    std::string text_;
+};
+
+void AppendOneLine(const InspectNode& node, bool comparedOnly, std::string& text) {
+    if (node.shape == InspectNode::Shape::value) {
+        text += ValueText(node.value);
+        return;
+    }
+    bool first = true;
+    for (const InspectNode& child : node.children) {
+        if (comparedOnly && child.derived)
+            continue;
+        if (!first)
+            text += ", ";
+        first = false;
+        const bool nested = child.shape != InspectNode::Shape::value;
+        if (!node.IsList())
+            text += child.name + ' ';
+        text += nested ? "(" : "";
+        AppendOneLine(child, comparedOnly, text);
+        text += nested ? ")" : "";
+    }
+}
+
+}  // namespace
+
+std::string TreeText(const InspectNode& node) {
+    TreeWriter writer;
+    writer.Children(node, 0);
+    return writer.Take();
+}
+
+std::string JsonText(const InspectNode& node) {
+    JsonWriter writer;
+    writer.Node(node, 0);
+    return writer.Take();
+}
+
+std::string ValueText(const InspectNode::Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value))
+        return Printable(*text);
+    if (const auto* number = std::get_if<std::int64_t>(&value))
+        return std::to_string(*number);
+    if (const auto* real = std::get_if<double>(&value))
+        return DoubleToText(*real);
+    if (const auto* flag = std::get_if<bool>(&value))
+        return *flag ? "yes" : "no";
+    return "none";
+}
+
+std::string OneLineText(const InspectNode& node, bool comparedOnly) {
+    std::string text;
+    AppendOneLine(node, comparedOnly, text);
+    return text;
+}
+
+std::string Printable(std::string_view text) {
+    std::string printable;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x20 && byte != 0x7F) {
+            printable += c;
+        } else if (c == '\r') {
+            printable += "\\r";
+        } else if (c == '\n') {
+            printable += "\\n";
+        } else if (c == '\t') {
+            printable += "\\t";
+        } else {
+            printable += "\\x";
+            AppendHex(printable, byte, 2);
+        }
+    }
+    return printable;
+}
+
+std::string JsonString(std::string_view text) {
+    std::string json = "\"";
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t c = NextCharacter(text, position);
+        if (c == U'"' || c == U'\\') {
+            json += '\\';
+            json += static_cast<char>(c);
+        } else if (c < 0x20 || c == 0x7F) {
+            json += "\\u";
+            AppendHex(json, static_cast<unsigned>(c), 4);
+        } else {
+            AppendUtf8(json, c);
+        }
+    }
+    return json += '"';
+}
+
+}  // namespace tovarek

@@ -1,0 +1,26 @@
+// Resource files and catalogs as trees: a header, then what the file holds, by number.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "control/FormatFile.h"
+#include "control/LanguageFile.h"
+#include "control/Outcome.h"
+#include "control/ProfileFile.h"
+#include "control/TypeFile.h"
+#include "inspect/InspectNode.h"
+#include "inspect/ResourceNames.h"
+
+namespace tovarek {
+
+InspectNode LanguageTree(const LanguageFile& file, const ResourceNames& names);
+InspectNode TypeTree(const TypeFile& file, const ResourceNames& names);
+InspectNode ProfileTree(const ProfileFile& file, const ResourceNames& names);
+InspectNode FormatTree(const FormatFile& file, const ResourceNames& names);
+
+// A catalog of ours: the folders that it names, and the type files that lie in them. `path` is where the
+// catalog lies.
+InspectNode CatalogTree(std::string_view bytes, const std::string& path);
+
+}  // namespace tovarek

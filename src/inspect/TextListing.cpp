@@ -1,0 +1,89 @@
+#include "inspect/TextListing.h"
+
+#include <algorithm>
+
+#include "inspect/InspectText.h"
+#include "inspect/XifFile.h"
+#include "support/Text.h"
+
+namespace tovarek {
+namespace {
+
+std::string_view Trim(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(" \t\r\n\x1A");
+    return first == std::string_view::npos
+               ? std::string_view()
+               : line.substr(first, line.find_last_not_of(" \t\r\n\x1A") - first + 1);
+}
+
+// What a line of a format file is by its looks: statements may take several lines.
+std::string FormatRole(std::string_view line) {
+    const std::string_view text = Trim(line);
+    if (text.empty())
+        return "empty";
+    if (text.starts_with('!'))
+        return "comment";
+    if (text.starts_with("set ") || text.starts_with("set\t"))
+        return "setting";
+    const std::string_view head = text.substr(0, text.find_first_of(":(\""));
+    if (head.size() < text.size() && text[head.size()] == ':')
+        return "format " + FromCodePage(Trim(head));
+    return "continued";
+}
+
+std::string CatalogRole(std::string_view line) {
+    const std::string_view text = Trim(line);
+    if (text.empty())
+        return "empty";
+    return text.starts_with('#') ? "comment" : "folder";
+}
+
+class LineLister {
+  public:
+    LineLister(std::string_view bytes, FileKind kind) : bytes_(bytes), kind_(kind), textEnd_(bytes.size()) {
+        if (kind == FileKind::xif) {
+            const bool isWhole = ReadXifFile(bytes, xif_).Ok();
+            if (isWhole && !xif_.attached.empty())
+                textEnd_ = xif_.attachedAt;
+        }
+    }
+
+    std::vector<ByteRow> List() {
+        std::size_t position = 0;
+        while (position < textEnd_) {
+            const std::size_t end = std::min(bytes_.find('\n', position), textEnd_ - 1) + 1;
+            const std::string_view line = bytes_.substr(position, end - position);
+            std::string role = Role(line, rows_.size());
+            rows_.push_back({position, line.size(), 0, "", std::move(role), Printable(FromCodePage(line))});
+            position = end;
+        }
+        if (position < bytes_.size())
+            rows_.push_back({position, bytes_.size() - position, 0, "", "attached", std::string(kNoText)});
+        return std::move(rows_);
+    }
+
+  private:
+    std::string Role(std::string_view line, std::size_t number) const {
+        if (kind_ == FileKind::format)
+            return FormatRole(line);
+        if (kind_ == FileKind::catalog)
+            return CatalogRole(line);
+        if (number < xif_.lineRoles.size())
+            return xif_.lineRoles[number];
+        return Trim(line).empty() ? "end of the text" : "not understood";
+    }
+
+    std::string_view bytes_;
+    FileKind kind_;
+    std::size_t textEnd_;
+    XifFile xif_;
+    std::vector<ByteRow> rows_;
+};
+
+}  // namespace
+
+std::vector<ByteRow> ListLines(std::string_view bytes, FileKind kind) {
+    return LineLister(bytes, kind).List();
+}
+
+}  // namespace tovarek

@@ -1,0 +1,318 @@
+#include "inspect/XifTree.h"
+
+#include <array>
+
+#include "inspect/XifParameterNames.h"
+
+namespace tovarek {
+namespace {
+
+// The 4-bit codes in which a file gives counts and sizes of buffers.
+constexpr std::array<int, 16> kBufferCounts = {0, 1, 1, 2, 3, 5, 7, 11, 15, 23, 31, 47, 63, 95, 127, 191};
+constexpr std::array<int, 16> kBufferSizes = {255, 20, 20, 21, 22, 24,  26,  30,
+                                              34,  42, 50, 66, 82, 114, 146, 210};
+
+constexpr std::array<std::string_view, 6> kElementTypes = {"character", "8-bit", "16-bit",
+                                                           "bit field", "union", "typeless"};
+constexpr std::array<std::string_view, 2> kDirections = {"input", "output"};
+constexpr std::array<std::string_view, 3> kServices = {"acknowledged", "repeated", "unacknowledged"};
+
+// The attributes of a variable that are flags, by their place on the line.
+struct AttributeRow {
+    std::string_view name;
+    std::size_t place;
+};
+constexpr std::array<AttributeRow, 9> kFlags = {{
+    {"offline", 0},
+    {"serviceCanBeChanged", 5},
+    {"authenticated", 6},
+    {"authenticationCanBeChanged", 7},
+    {"priority", 8},
+    {"priorityCanBeChanged", 9},
+    {"polled", 10},
+    {"synchronized", 11},
+    {"configuration", 12},
+}};
+constexpr std::size_t kDirection = 3;
+constexpr std::size_t kService = 4;
+constexpr std::size_t kConfiguration = 12;
+
+constexpr std::int64_t kTemplateType = 2;
+
+void AddNumber(InspectNode& node, std::string_view name, const XifNumber& number) {
+    if (number)
+        node.Number(name, *number);
+    else
+        node.Text(name, "default");
+}
+
+// Flags other than 0 and 1 are shown as the numbers that they are.
+void AddFlag(InspectNode& node, std::string_view name, const XifNumber& number) {
+    const std::int64_t value = number.value_or(-1);
+    if (value == 0 || value == 1)
+        node.Flag(name, value == 1);
+    else
+        AddNumber(node, name, number);
+}
+
+// A number that stands for a word.
+template <std::size_t count>
+void AddWord(InspectNode& node, std::string_view name, const XifNumber& number,
+             const std::array<std::string_view, count>& words) {
+    if (number && *number >= 0 && *number < static_cast<std::int64_t>(count))
+        node.Text(name, std::string(words.at(static_cast<std::size_t>(*number))));
+    else
+        AddNumber(node, name, number);
+}
+
+void AddDecoded(InspectNode& node, const XifParameterName& row, const XifNumber& number) {
+    const bool isCode = number && *number >= 0 && *number < 16;
+    if (!isCode || row.code == XifCode::none)
+        return;
+    const auto code = static_cast<std::size_t>(*number);
+    const std::string name = std::string(row.name) + "Decoded";
+    node.Number(name, row.code == XifCode::count ? kBufferCounts.at(code) : kBufferSizes.at(code)).derived =
+        true;
+}
+
+InspectNode ParametersNode(const XifParameters& parameters) {
+    InspectNode node = InspectNode::Object("line" + std::to_string(parameters.line));
+    const std::span<const XifParameterName> names = XifParameterNames(parameters.line);
+    for (std::size_t i = 0; i < parameters.numbers.size(); ++i) {
+        if (i >= names.size()) {
+            AddNumber(node, "number" + std::to_string(i + 1), parameters.numbers[i]);
+            continue;
+        }
+        AddNumber(node, names[i].name, parameters.numbers[i]);
+        AddDecoded(node, names[i], parameters.numbers[i]);
+    }
+    return node;
+}
+
+std::string NumbersText(const std::vector<XifNumber>& numbers) {
+    std::string text;
+    for (const XifNumber& number : numbers)
+        text += (text.empty() ? "" : " ") + (number ? std::to_string(*number) : "*");
+    return text;
+}
+
+InspectNode TagNode(const XifTag& tag) {
+    InspectNode node = InspectNode::Object(tag.name);
+    node.Text("name", tag.name);
+    AddNumber(node, "index", tag.numbers[0]);
+    AddNumber(node, "averageRate", tag.numbers[1]);
+    AddNumber(node, "maximumRate", tag.numbers[2]);
+    AddFlag(node, "bindable", tag.attributes[1]);
+    std::vector<XifNumber> others = tag.attributes;
+    others.erase(others.begin() + 1);
+    node.Text("otherAttributes", NumbersText(others));
+    return node;
+}
+
+InspectNode ElementNode(const XifElement& element) {
+    InspectNode node = InspectNode::Object("");
+    AddWord(node, "type", element.type, kElementTypes);
+    AddNumber(node, "bitOffset", element.offset);
+    AddNumber(node, "size", element.size);
+    AddFlag(node, "signed", element.isSigned);
+    AddNumber(node, "array", element.array);
+    return node;
+}
+
+InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names) {
+    InspectNode node = InspectNode::Object(variable.name);
+    node.Text("name", variable.name);
+    AddNumber(node, "index", variable.Number(0));
+    AddNumber(node, "averageRate", variable.Number(1));
+    AddNumber(node, "maximumRate", variable.Number(2));
+    AddNumber(node, "arraySize", variable.Number(3));
+    AddWord(node, "direction", variable.Attribute(kDirection), kDirections);
+    AddWord(node, "service", variable.Attribute(kService), kServices);
+    for (const AttributeRow& row : kFlags)
+        AddFlag(node, row.name, variable.Attribute(row.place));
+    // Two places are the same in every file.
+    const std::vector<XifNumber> constants(variable.attributes.begin() + 1, variable.attributes.begin() + 3);
+    if (constants != std::vector<XifNumber>{1, 63})
+        node.Text("otherAttributes", NumbersText(constants));
+    node.Text("selfDocumentation", variable.documentation);
+    AddNumber(node, "standardType", variable.standardType);
+    const std::int64_t type = variable.standardType.value_or(0);
+    if (type > 0 && type <= 0xFFFF)
+        if (std::string name = names.NvName({0, static_cast<std::uint16_t>(type)}); !name.empty())
+            node.Text("standardTypeName", std::move(name)).derived = true;
+    node.Number("bytes", variable.Size()).derived = true;
+    InspectNode elements = InspectNode::Sequence("elements");
+    for (const XifElement& element : variable.elements)
+        elements.Add(ElementNode(element));
+    node.Add(std::move(elements));
+    return node;
+}
+
+std::vector<std::string_view> Split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    while (true) {
+        const std::size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+// One record of a property template: "header,select,scope flags,type,length[,count[,range]]". The scope digit
+// and the flags byte stand together.
+InspectNode PropertyNode(std::string_view record, const ResourceNames& names) {
+    constexpr std::array<std::string_view, 3> kAppliesTo = {"device", "functional block", "network variable"};
+    InspectNode node = InspectNode::Object("");
+    const std::vector<std::string_view> parts = Split(record, ',');
+    if (parts.size() < 5) {
+        node.Text("record", std::string(record));
+        return node;
+    }
+    const bool isKnown = parts[0].size() == 1 && parts[0][0] >= '0' && parts[0][0] <= '2';
+    node.Text("appliesTo",
+              std::string(isKnown ? kAppliesTo.at(static_cast<std::size_t>(parts[0][0] - '0')) : parts[0]));
+    node.Text("select", std::string(parts[1]));
+    node.Text("scope", std::string(parts[2].substr(0, 1)));
+    node.Text("flags", std::string(parts[2].substr(std::min<std::size_t>(1, parts[2].size()))));
+    node.Text("type", std::string(parts[3]));
+    const int index = std::atoi(std::string(parts[3].substr(0, 6)).c_str());
+    if (parts[2].starts_with('0') && index > 0 && index <= 0xFFFF)
+        if (std::string name = names.CpName({0, static_cast<std::uint16_t>(index)}); !name.empty())
+            node.Text("typeName", std::move(name));
+    node.Text("length", std::string(parts[4]));
+    if (parts.size() > 5)
+        node.Text("count", std::string(parts[5]));
+    if (parts.size() > 6)
+        node.Text("range", std::string(parts[6]));
+    return node;
+}
+
+// "version;record;record;...".
+void AddTemplate(InspectNode& node, const std::string& text, const ResourceNames& names) {
+    std::vector<std::string_view> records = Split(text, ';');
+    node.Text("templateVersion", std::string(records.front())).derived = true;
+    InspectNode properties = InspectNode::Sequence("properties");
+    properties.derived = true;
+    for (std::size_t i = 1; i < records.size(); ++i)
+        if (!records[i].empty())
+            properties.Add(PropertyNode(records[i], names));
+    node.Add(std::move(properties));
+}
+
+void AddContent(InspectNode& node, const XifContent& content) {
+    if (!content.text.empty())
+        node.Text("text", content.text);
+    if (!content.bytes.empty() || content.text.empty())
+        node.Text("bytes", HexText(content.bytes));
+}
+
+InspectNode SectionNode(const XifSection& section, const ResourceNames& names) {
+    InspectNode node = InspectNode::Object(section.name);
+    node.Text("name", section.name);
+    AddNumber(node, "index", section.index);
+    AddNumber(node, "type", section.type);
+    if (section.length)
+        AddNumber(node, "length", *section.length);
+    AddContent(node, section.content);
+    if (section.type == kTemplateType && !section.content.text.empty())
+        AddTemplate(node, section.content.text, names);
+    return node;
+}
+
+// The default values variable by variable. Their lines do not tell which is whose, only the bytes in order
+// do, and only when their number is that of all configuration variables together.
+void AddDefaults(InspectNode& node, const XifFile& file) {
+    InspectNode defaults = InspectNode::Sequence("variables");
+    defaults.derived = true;
+    std::string_view rest = file.values->bytes;
+    for (const XifVariable& variable : file.variables) {
+        if (variable.Attribute(kConfiguration) != 1)
+            continue;
+        const std::int64_t count = std::max<std::int64_t>(1, variable.Number(3).value_or(0));
+        if (count > 0xFFFF || count * variable.Size() > static_cast<std::int64_t>(rest.size()))
+            return;
+        const auto size = static_cast<std::size_t>(count * variable.Size());
+        InspectNode item = InspectNode::Object(variable.name);
+        item.Text("name", variable.name);
+        item.Text("bytes", HexText(rest.substr(0, size)));
+        defaults.Add(std::move(item));
+        rest.remove_prefix(size);
+    }
+    if (rest.empty())
+        node.Add(std::move(defaults));
+}
+
+InspectNode HeaderNode(const XifFile& file) {
+    InspectNode node = InspectNode::Object("header");
+    node.Text("fileName", file.name);
+    node.Text("tool", file.tool);
+    node.Text("xifVersion", file.version);
+    node.Text("copyright", file.copyright);
+    node.Text("run", file.run).derived = true;
+    node.Text("programId", file.programId);
+    return node;
+}
+
+void AddRemains(InspectNode& tree, const XifFile& file) {
+    InspectNode unknown = InspectNode::Sequence("unknownRecords");
+    for (const XifUnknown& record : file.unknown) {
+        InspectNode lines = InspectNode::Sequence("");
+        for (const std::string& line : record.lines)
+            lines.Text("", line);
+        unknown.Add(std::move(lines));
+    }
+    if (!unknown.children.empty())
+        tree.Add(std::move(unknown));
+    if (!file.attached.empty()) {
+        InspectNode attached = InspectNode::Object("attached");
+        attached.Number("offset", static_cast<std::int64_t>(file.attachedAt)).derived = true;
+        attached.Number("length", static_cast<std::int64_t>(file.attached.size()));
+        attached.Text("bytes", HexText(file.attached));
+        tree.Add(std::move(attached));
+    }
+    InspectNode comments = InspectNode::List("comments");
+    comments.derived = true;
+    for (const XifComment& comment : file.comments) {
+        InspectNode item = InspectNode::Object("");
+        item.Number("line", static_cast<std::int64_t>(comment.line));
+        item.Text("text", comment.text);
+        comments.Add(std::move(item));
+    }
+    if (!comments.children.empty())
+        tree.Add(std::move(comments));
+}
+
+}  // namespace
+
+InspectNode XifTree(const XifFile& file, const ResourceNames& names) {
+    InspectNode tree = InspectNode::Object("");
+    tree.Add(HeaderNode(file));
+    InspectNode parameters = InspectNode::Object("parameters");
+    for (const XifParameters& line : file.parameters)
+        parameters.Add(ParametersNode(line));
+    tree.Add(std::move(parameters));
+    tree.Text("selfDocumentation", file.documentation);
+    InspectNode tags = InspectNode::List("messageTags");
+    for (const XifTag& tag : file.tags)
+        tags.Add(TagNode(tag));
+    tree.Add(std::move(tags));
+    InspectNode variables = InspectNode::List("networkVariables");
+    for (const XifVariable& variable : file.variables)
+        variables.Add(VariableNode(variable, names));
+    tree.Add(std::move(variables));
+    InspectNode sections = InspectNode::List("files");
+    for (const XifSection& section : file.sections)
+        sections.Add(SectionNode(section, names));
+    tree.Add(std::move(sections));
+    if (file.values) {
+        InspectNode values = InspectNode::Object("defaultValues");
+        AddContent(values, *file.values);
+        AddDefaults(values, file);
+        tree.Add(std::move(values));
+    }
+    AddRemains(tree, file);
+    return tree;
+}
+
+}  // namespace tovarek

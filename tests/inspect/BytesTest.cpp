@@ -1,0 +1,124 @@
+// Listings: every byte once, and right.
+#include <gtest/gtest.h>
+
+#include "Fixtures.h"
+
+namespace tovarek {
+namespace {
+
+// Where the rows leave a gap, overlap, or end too early or too late; the file's size when they do not.
+std::size_t CoveredUpTo(const ByteListing& listing) {
+    std::size_t position = 0;
+    for (const ByteRow& row : listing.rows) {
+        if (row.offset != position || row.length == 0)
+            break;
+        position += row.length;
+    }
+    return position;
+}
+
+ByteListing Listed(const std::string& bytes, FileKind kind) {
+    ByteListing listing = ListBytes(bytes, kind);
+    EXPECT_EQ(CoveredUpTo(listing), bytes.size());
+    return listing;
+}
+
+std::string ValueOf(const ByteListing& listing, const std::string& record, const std::string& field) {
+    for (const ByteRow& row : listing.rows)
+        if (row.record == record && row.field == field)
+            return row.value;
+    return "no such row";
+}
+
+TEST(Listing, NamesTheFieldsOfATypeFile) {
+    const std::string bytes = test::BytesOf(WriteTypeFile, test::SmallTypes());
+    const ByteListing listing = Listed(bytes, FileKind::type);
+    for (const auto& [record, field, value] : std::vector<std::tuple<std::string, std::string, std::string>>{
+             {"", "creator", "3-2"},
+             {"", "saved, year (UTC)", "2024"},
+             {"", "header checksum", "right"},
+             {"", "data checksum", "right"},
+             {"", "scope", "3"},
+             {"", "NV types", "3"},
+             {"", "deleted NV types", "1"},
+             {"", "NV types by number 2", "deleted"},
+             {"NV type 1", "name", "\"_beltSpeed\""},
+             {"NV type 1", "kind", "5 signed long"},
+             {"NV type 1", "minimum", "-500"},
+             {"NV type 1", "B", "-2"},
+             {"NV type 3", "member 2", "\"gear\""},
+             {"NV type 3", "place", "offset 1, width 3"},
+             {"CP type 1", "value flags", "minimum stored, maximum stored"},
+             {"CP type 1", "raw default", "0x0258"},
+             {"enumeration set 1", "value 1", "-1"},
+             {"enumeration set 1", "name 2", "\"BM_ON\""}})
+        EXPECT_EQ(ValueOf(listing, record, field), value) << record << ' ' << field;
+    for (const ByteRow& row : listing.rows)
+        EXPECT_TRUE(row.field != "unreferenced" && row.field != "left in the record") << row.offset;
+}
+
+TEST(Listing, ShowsWhatIsWrong) {
+    std::string bytes = test::BytesOf(WriteLanguageFile, test::SmallLanguage());
+    const std::size_t text = bytes.find("Belt speed");
+    bytes[text] = 'C';
+    bytes[0x308] = 7;
+    const ByteListing listing = Listed(bytes, FileKind::language);
+    for (const auto& [record, field] : std::vector<std::pair<std::string, std::string>>{
+             {"", "header checksum"}, {"", "data checksum"}, {"string 5", "checksum"}})
+        EXPECT_EQ(ValueOf(listing, record, field).substr(0, 5), "wrong") << field;
+    EXPECT_EQ(ValueOf(listing, "string 6", "checksum"), "right");
+    EXPECT_EQ(ValueOf(listing, "string 5", "text"), "\"Celt speed\"");
+}
+
+TEST(Listing, ShowsBytesThatNothingPointsTo) {
+    std::string bytes = test::BytesOf(WriteLanguageFile, test::SmallLanguage());
+    for (int i = 0; i < 4; ++i)
+        bytes[0x335 + 4 * 4 + static_cast<std::size_t>(i)] = 0;  // string 5
+    bytes += "old bytes";
+    const ByteListing listing = Listed(bytes, FileKind::language);
+    EXPECT_EQ(ValueOf(listing, "", "strings by number 5"), "deleted");
+    EXPECT_EQ(ValueOf(listing, "", "unreferenced"), "19 bytes");
+    EXPECT_EQ(ValueOf(listing, "", "behind the data section"), "10 bytes");
+}
+
+TEST(Listing, TextFilesLineByLine) {
+    const std::string xif = std::string(test::kSmallXif) + "\x1A" + std::string("\0\1", 2);
+    const ByteListing listing = Listed(xif, FileKind::xif);
+    EXPECT_TRUE(listing.isText);
+    EXPECT_EQ(ValueOf(listing, "", "VAR nciLimits"), "VAR nciLimits 1 0 0 2\\r\\n");
+    EXPECT_EQ(ValueOf(listing, "", "attached"), "no text");
+    const std::string format = "! c\nset x y;\nUNVT_a: text(\"%d:\",\n b);";
+    std::string roles;
+    for (const ByteRow& row : Listed(format, FileKind::format).rows)
+        roles += row.field + '|';
+    EXPECT_EQ(roles, "comment|setting|format UNVT_a|continued|");
+}
+
+TEST(Listing, CoversDamagedFiles) {
+    for (const auto& [bytes, kind] : std::vector<std::pair<std::string, FileKind>>{
+             {test::BytesOf(WriteTypeFile, test::SmallTypes()), FileKind::type},
+             {test::BytesOf(WriteLanguageFile, test::SmallLanguage()), FileKind::language},
+             {test::BytesOf(WriteProfileFile, test::SmallProfiles()), FileKind::profile},
+             {std::string(test::kSmallXif), FileKind::xif}})
+        test::ForDamaged(bytes, 1, 300, [kind = kind](const std::string& damaged) { Listed(damaged, kind); });
+}
+
+TEST(Listing, UnderstandsAndCoversEverySample) {
+    for (const char* folder : {"resources", "xif"}) {
+        for (const std::string& path : test::SampleFiles(folder)) {
+            if (test::IsNoXif(path))
+                continue;
+            const FileListing file = ListFile(path);
+            EXPECT_EQ(file.code, 0) << path << file.damage;
+            EXPECT_EQ(CoveredUpTo(file.listing), file.bytes.size()) << path;
+            for (const ByteRow& row : file.listing.rows)
+                EXPECT_FALSE(row.field.starts_with("not understood") || row.value.starts_with("wrong"))
+                    << path << ' ' << row.offset;
+            test::ForDamaged(file.bytes, file.bytes.size() / 10 + 1, 10,
+                             [&file](const std::string& damaged) { Listed(damaged, file.kind); });
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tovarek

@@ -1,0 +1,196 @@
+// What dump shows, and that it shows nothing of a damaged file.
+#include <gtest/gtest.h>
+
+#include "Fixtures.h"
+#include "inspect/InspectText.h"
+
+namespace tovarek {
+namespace {
+
+using test::Raised;
+using test::Scratch;
+
+// The value at a path of child names, as text.
+std::string At(const InspectNode& tree, const std::vector<std::string>& path) {
+    const InspectNode* node = &tree;
+    for (const std::string& name : path) {
+        node = node->Find(name);
+        if (node == nullptr)
+            return "no " + name;
+    }
+    return OneLineText(*node, false);
+}
+
+class DumpTest : public testing::Test {
+  protected:
+    DumpTest() {
+        scratch.File("Belt.ENU", test::BytesOf(WriteLanguageFile, test::SmallLanguage()));
+        types = scratch.File("belt.typ", test::BytesOf(WriteTypeFile, test::SmallTypes()));
+        profiles = scratch.File("bElt.fpt", test::BytesOf(WriteProfileFile, test::SmallProfiles()));
+    }
+
+    Scratch scratch;
+    std::string types;
+    std::string profiles;
+};
+
+TEST_F(DumpTest, NumbersTextsAndReferencesOfASet) {
+    struct Case {
+        std::vector<std::string> path;
+        std::string value;
+    };
+    const InspectNode tree = InspectFile(types, nullptr).tree;
+    for (const Case& each : std::vector<Case>{
+             {{"header", "saved"}, "2024-03-09 14:30:07 UTC"},
+             {{"header", "programId"}, "90:0A:BC:01:02:03:04:00"},
+             {{"header", "creatorText"}, "Acme Works"},
+             {{"nvTypes", "1", "name"}, "UNVT_beltSpeed"},
+             {{"nvTypes", "1", "unitText"}, "m/s"},
+             {{"nvTypes", "1", "type", "rawMinimum"}, "-500"},
+             {{"nvTypes", "1", "type", "minimum"}, "-25"},
+             {{"nvTypes", "1", "type", "maximum"}, "60"},
+             {{"nvTypes", "2", "deleted"}, "yes"},
+             {{"nvTypes", "3", "type", "members", "mode", "enumerationName"}, "belt_mode_t"},
+             {{"nvTypes", "3", "type", "members", "gear", "bitOffset"}, "1"},
+             {{"nvTypes", "3", "type", "members", "label", "shownAs"}, "text"},
+             {{"nvTypes", "3", "type", "members", "temp", "target"}, "0-105"},
+             {{"nvTypes", "3", "type", "members", "temp", "targetName"}, "no targetName"},
+             {{"cpTypes", "1", "type", "targetName"}, "UNVT_beltSpeed"},
+             {{"cpTypes", "1", "rawDefault"}, "02 58"},
+             {{"cpTypes", "1", "rawDefaultValue"}, "30"},
+             {{"enumerations", "1", "values", "BM_ON", "descriptionText"}, "Caf\xC3\xA9 \xC2\xB0"},
+         })
+        EXPECT_EQ(At(tree, each.path), each.value) << testing::PrintToString(each.path);
+    const InspectNode profile = InspectFile(profiles, nullptr).tree;
+    EXPECT_EQ(At(profile, {"profiles", "1", "networkVariables", "1", "typeName"}), "UNVT_beltSpeed");
+    EXPECT_EQ(At(profile, {"profiles", "1", "networkVariables", "1", "rawDefaultValue"}), "12.9");
+    EXPECT_EQ(At(profile, {"profiles", "1", "configurationProperties", "1", "typeName"}), "UCPT_maxSpeed");
+}
+
+TEST_F(DumpTest, StandardNamesComeFromTheCatalog) {
+    std::unique_ptr<StandardCatalog> catalog;
+    if (!StandardCatalog::Open(std::string(TOVAREK_CATALOG) + "/ldrf.cat", catalog).Ok())
+        GTEST_SKIP() << "no standard catalog was built";
+    const InspectNode tree = InspectFile(types, catalog.get()).tree;
+    EXPECT_EQ(At(tree, {"nvTypes", "3", "type", "members", "temp", "targetName"}), "SNVT_temp_p");
+    const std::string xif = scratch.File("belt.xif", test::kSmallXif);
+    EXPECT_EQ(At(InspectFile(xif, catalog.get()).tree, {"networkVariables", "nviSpeed", "standardTypeName"}),
+              "SNVT_temp_p");
+}
+
+TEST_F(DumpTest, DamagedNeighboursAreNamedAndLeftOut) {
+    scratch.File("Belt.ENU", "URES and nothing more");
+    const InspectNode tree = InspectFile(types, nullptr).tree;
+    EXPECT_NE(At(tree, {"problems"}).find("Belt.ENU"), std::string::npos);
+    EXPECT_EQ(At(tree, {"nvTypes", "1", "unitText"}), "no unitText");
+}
+
+TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
+    TypeFile file = test::SmallTypes();
+    file.nvTypes[0]->type.b = -32768;
+    NvType floating{.name = "_float", .size = 4};
+    floating.type = NumberOfKind(TypeKind::floatingPoint);
+    floating.type.floatMinimum = -std::numeric_limits<float>::infinity();
+    floating.type.floatMaximum = std::numeric_limits<float>::quiet_NaN();
+    file.nvTypes[1] = floating;
+    const std::string path = scratch.File("extreme.typ", test::BytesOf(WriteTypeFile, file));
+    const InspectNode tree = InspectFile(path, nullptr).tree;
+    EXPECT_EQ(At(tree, {"nvTypes", "1", "type", "minimum"}), "-2500E-32768");
+    EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "minimum"}), "-infinite");
+    EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "maximum"}), "not a number");
+}
+
+// Deepest nesting that a file may have: no walk over the tree may run out of stack.
+TEST_F(DumpTest, DeepTypesAreShownWhole) {
+    TypeFile file = test::SmallTypes();
+    TypeDescription type = NumberOfKind(TypeKind::unsignedShort);
+    for (int i = 0; i < kDeepestNesting - 1; ++i)
+        type = ArrayOf(std::move(type), 1, 3);
+    file.nvTypes[0]->type = std::move(type);
+    const std::string path = scratch.File("deep.typ", test::BytesOf(WriteTypeFile, file));
+    const Inspection inspection = InspectFile(path, nullptr);
+    EXPECT_NE(JsonText(inspection.tree).find("unsigned, 1 byte"), std::string::npos);
+    EXPECT_NE(TreeText(inspection.tree).find("unsigned, 1 byte"), std::string::npos);
+    EXPECT_TRUE(Compare(inspection.tree, inspection.tree).empty());
+}
+
+TEST_F(DumpTest, KindsAreToldByContent) {
+    struct Case {
+        const char* name;
+        std::string content;
+        FileKind kind;
+    };
+    for (const Case& each : std::vector<Case>{
+             {"a.dat", test::BytesOf(WriteTypeFile, test::SmallTypes()), FileKind::type},
+             {"b.xif", test::BytesOf(WriteLanguageFile, test::SmallLanguage()), FileKind::language},
+             {"c", std::string(test::kSmallXif), FileKind::xif},
+             {"d.txt", "set selector MANUFACTURER;\r\nUNVT_a: int;\r\n", FileKind::format},
+             {"e.fmt", "", FileKind::format},
+             {"f", "# Tovarek resource catalog 1\r\n.\r\n", FileKind::catalog},
+         })
+        EXPECT_EQ(InspectFile(scratch.File(each.name, each.content), nullptr).kind, each.kind) << each.name;
+    for (const auto& [name, content, reason] : std::vector<std::tuple<const char*, const char*, const char*>>{
+             {"g.xif", "#filetype,x\nName,Type\nA,B\n", "comma-separated"},
+             {"h.typ", "nothing", "\"UTYP\""},
+             {"i.enu", "nothing", "\"URES\""},
+             {"j", "", "empty"}}) {
+        const auto error = Raised([&, file = scratch.File(name, content)] { InspectFile(file, nullptr); });
+        ASSERT_TRUE(error) << name;
+        EXPECT_NE(error->Context().reason.find(reason), std::string::npos) << error->Context().reason;
+    }
+    EXPECT_EQ(test::RaisedNumber([&] { InspectFile(scratch.Path("none.typ"), nullptr); }), 53);
+}
+
+// Either everything or an error: never a crash, and no other exception.
+TEST_F(DumpTest, DamagedFilesRaiseErrors) {
+    const std::vector<std::pair<std::string, std::string>> files = {
+        {"d.typ", test::BytesOf(WriteTypeFile, test::SmallTypes())},
+        {"d.enu", test::BytesOf(WriteLanguageFile, test::SmallLanguage())},
+        {"d.fpt", test::BytesOf(WriteProfileFile, test::SmallProfiles())},
+        {"d.xif", std::string(test::kSmallXif)},
+        {"d.fmt", "set a b;\r\nUNVT_a#US: text(\"%f\",*1.8+32(0:855)); ! degrees\r\n"}};
+    for (const auto& [name, bytes] : files) {
+        const bool isText = name == "d.xif" || name == "d.fmt";
+        int survived = 0;
+        test::ForDamaged(bytes, 7, 150, [&, file = name](const std::string& damaged) {
+            const auto error = Raised([&] { InspectFile(scratch.File(file, damaged), nullptr); });
+            survived += error ? 0 : 1;
+            EXPECT_TRUE(!error || !error->Context().reason.empty());
+        });
+        // The checksums of a resource file cover all but the slack and the last byte.
+        if (!isText) {
+            EXPECT_LT(survived, 40) << name;
+        }
+    }
+}
+
+TEST(DumpSamples, EverySampleIsShownWhole) {
+    std::vector<std::string> paths = test::SampleFiles("resources");
+    for (std::string& path : test::SampleFiles("xif"))
+        paths.push_back(std::move(path));
+    if (paths.empty())
+        GTEST_SKIP() << "no samples";
+    for (const std::string& path : paths) {
+        if (test::IsNoXif(path)) {
+            const auto error = Raised([&] { InspectFile(path, nullptr); });
+            ASSERT_TRUE(error);
+            EXPECT_NE(error->Context().reason.find("comma-separated"), std::string::npos);
+            continue;
+        }
+        const Inspection inspection = InspectFile(path, nullptr);
+        EXPECT_EQ(inspection.tree.Find("unknownRecords"), nullptr) << path;
+        EXPECT_EQ(inspection.tree.Find("attached"), nullptr) << path;
+        if (inspection.kind != FileKind::xif)
+            continue;
+        // The header counts the variables and tags that follow.
+        const InspectNode* line6 = inspection.tree.Find("parameters")->Find("line6");
+        const auto count = [&](const char* list) {
+            return InspectNode::Value(static_cast<std::int64_t>(inspection.tree.Find(list)->children.size()));
+        };
+        EXPECT_EQ(line6->Find("staticNetworkVariables")->value, count("networkVariables")) << path;
+        EXPECT_EQ(line6->Find("messageTags")->value, count("messageTags")) << path;
+    }
+}
+
+}  // namespace
+}  // namespace tovarek

@@ -1,0 +1,121 @@
+// The reader of device-interface files.
+#include <gtest/gtest.h>
+
+#include "Fixtures.h"
+#include "inspect/XifFile.h"
+#include "inspect/XifValues.h"
+
+namespace tovarek {
+namespace {
+
+XifFile Read(const std::string& text) {
+    XifFile file;
+    const Outcome outcome = ReadXifFile(text, file);
+    EXPECT_TRUE(outcome.Ok()) << outcome.reason;
+    return file;
+}
+
+std::string Replaced(std::string_view what, std::string_view by) {
+    std::string text(test::kSmallXif);
+    const std::size_t place = text.find(what);
+    EXPECT_NE(place, std::string::npos) << what;
+    return text.replace(place, what.size(), by);
+}
+
+TEST(XifReader, ReadsEveryRecord) {
+    const XifFile file = Read(std::string(test::kSmallXif));
+    EXPECT_EQ(file.name, "belt.xif");
+    EXPECT_EQ(file.tool, "Acme Builder 2.1");
+    EXPECT_EQ(file.version, "4.0");
+    ASSERT_EQ(file.parameters.size(), 5U);
+    EXPECT_EQ(file.parameters[0].numbers[1], 15);
+    EXPECT_EQ(file.parameters[0].numbers[22], std::nullopt);  // left at its default
+    EXPECT_EQ(file.parameters[2].line, 8);
+    EXPECT_EQ(file.documentation, "&3.1@0NodeObject,4Belt");
+    ASSERT_EQ(file.tags.size(), 1U);
+    EXPECT_EQ(file.tags[0].name, "alarm");
+    ASSERT_EQ(file.variables.size(), 2U);
+    EXPECT_EQ(file.variables[0].standardType, 105);
+    EXPECT_EQ(file.variables[0].Size(), 2);
+    EXPECT_EQ(file.variables[1].documentation, "&1,0,0\\x80,49");
+    EXPECT_EQ(file.variables[1].elements.size(), 4U);
+    EXPECT_EQ(file.variables[1].Size(), 4);  // the third bit field begins a byte of its own
+    ASSERT_EQ(file.sections.size(), 2U);
+    EXPECT_EQ(file.sections[0].content.text, "1.1;1,0,0\\x80,49,2,,0:600;");
+    EXPECT_EQ(file.sections[1].content.bytes, "\x02\x58");
+    EXPECT_EQ(file.sections[1].length, XifNumber(2));
+    EXPECT_EQ(file.values->bytes, "\x01\x02\x03\x04\x05\x06\x07\x08");
+    ASSERT_EQ(file.comments.size(), 1U);
+    EXPECT_EQ(file.comments[0].line, 8U);
+    ASSERT_EQ(file.unknown.size(), 1U);
+    EXPECT_EQ(file.unknown[0].lines.size(), 2U);
+    EXPECT_FALSE(file.endMark);
+}
+
+TEST(XifReader, SurvivesWhatOldToolsLeave) {
+    const std::string text(test::kSmallXif);
+    std::string unixLines = text;
+    std::erase(unixLines, '\r');
+    EXPECT_EQ(Read(unixLines).values->bytes, Read(text).values->bytes);
+    const XifFile marked = Read(text + "\r\n\x1A");
+    EXPECT_TRUE(marked.endMark);
+    EXPECT_EQ(marked.attached, "");
+    const std::string image("\x01\0\xFFimage\r\n", 10);
+    EXPECT_EQ(Read(text + "\x1A" + image).attached, image);
+    EXPECT_EQ(Read(text + image).attached, image);
+    EXPECT_EQ(Read(text + ":10000000FF\r\n").unknown.size(), 2U);
+    // Version 2 has no lines 8 to 10.
+    const std::size_t line8 = text.find("1 7 1 1");
+    std::string old = text;
+    old.erase(line8, text.find("*\r\n\"&3.1") - line8);
+    EXPECT_EQ(Read(old).parameters.size(), 2U);
+}
+
+TEST(XifReader, NamesTheLineThatIsWrong) {
+    struct Case {
+        std::string text;
+        std::string reason;
+    };
+    const std::string whole(test::kSmallXif);
+    for (const Case& each : std::vector<Case>{
+             {Replaced("File:", "Fiel:"), "line 1: an XIF begins"},
+             {Replaced("90:0A", "90-0A"), "line 5: "},
+             {Replaced("200 0\r\n", "200 x\r\n"), "line 9: \"x\" is no number"},
+             {Replaced("\"&3.1@0Node\r\n\"Object,4Belt\r\n", ""), "line 13: neither"},
+             {Replaced("0 1 63 0 2 1 0 1 0 1 0 0 0", "0 1 63"), "line 19: too few numbers"},
+             {Replaced("105 *   1", "105 *   x"), "line 21: "},
+             {Replaced("VAR nviSpeed 0 0 0 0", "VAR"), "line 18: VAR has no name"},
+             {Replaced("0x0258", "0x025"), "is no value"},
+             {Replaced("0 * 4", "0 * 5"), "an element"},
+             {Replaced("0 * 4", "0 * -1"), "negative"},
+             {whole.substr(0, whole.find("3 0 8")), "line 29: the file ends"},
+             {whole.substr(0, whole.find("78125")), "inside the parameters"},
+             {Replaced("105 *   1", "105 * 99999999999999999999"), "line 21: "},
+         }) {
+        XifFile file;
+        const Outcome outcome = ReadXifFile(each.text, file);
+        EXPECT_EQ(outcome.code, resultErrorOpenFile);
+        EXPECT_NE(outcome.reason.find(each.reason), std::string::npos) << outcome.reason;
+    }
+}
+
+TEST(XifReader, ValuesInEveryNotation) {
+    for (const auto& [line, bytes] :
+         std::vector<std::pair<std::string, std::string>>{{"0x01FF 0xFFFF", "\x01\xFF\xFF\xFF"},
+                                                          {"\\x0B\\xB8", "\x0B\xB8"},
+                                                          {"0x0B B8 ", "\x0B\xB8"},
+                                                          {"0x202020,0x2A,", "   *"},
+                                                          {" , ", ""}}) {
+        XifContent content;
+        EXPECT_TRUE(AddXifContent(line, content)) << line;
+        EXPECT_EQ(content.bytes, bytes) << line;
+    }
+    for (const char* line : {"0x123", "\\x", "0x12;", "\t0x1 0x10x2", "12 3G"}) {
+        XifContent content;
+        EXPECT_FALSE(AddXifContent(line, content)) << line;
+        EXPECT_EQ(content.bytes, "") << line;
+    }
+}
+
+}  // namespace
+}  // namespace tovarek
