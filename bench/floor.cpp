@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr std::size_t kPiece = 64 * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 bool ReadWhole(const char* path, std::string& bytes) {
     const int file = open(path, O_RDONLY | O_CLOEXEC);

@@ -5,6 +5,7 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
@@ -12,8 +13,6 @@
 #include <cstdio>
 #include <string_view>
 #include <vector>
-
-extern char** environ;
 
 namespace {
 

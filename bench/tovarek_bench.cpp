@@ -28,7 +28,7 @@ class Folder {
     Folder& operator=(const Folder&) = delete;
 
     std::string Put(const std::string& name, const std::string& text) const {
-        const std::string path = (path_ / name).string();
+        std::string path = (path_ / name).string();
         tovarek::WriteFile(path, text);
         return path;
     }

@@ -41,7 +41,7 @@ class Folder {
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
     std::string Put(const char* name, std::string_view bytes) const {
-        const std::string path = (path_ / name).string();
+        std::string path = (path_ / name).string();
         WriteFile(path, bytes);
         return path;
     }

@@ -67,7 +67,8 @@ FormatParameter ParseFormatExpression(std::string_view text) {
     text = Trim(text);
     TakeUnit(text, parameter.unitText);
     parameter.expression = text;
-    const std::size_t star = text.find('*');
+    // The last asterisk: what stands before it is the path, whatever it holds.
+    const std::size_t star = text.rfind('*');
     if (star == std::string_view::npos)
         return parameter;
     std::string_view rest = text.substr(star + 1);

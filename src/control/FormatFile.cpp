@@ -1,6 +1,7 @@
 #include "control/FormatFile.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "control/FormatExpression.h"
 #include "support/Text.h"
@@ -125,7 +126,8 @@ struct Argument {
 };
 
 // Cuts "a,b(c,d),e" at its commas outside quotes and parentheses. `base` is where `text` stands in the body.
-std::vector<Argument> SplitArguments(std::string_view text, std::size_t base) {
+// Nothing when quotes or parentheses do not match: then the text is no list of arguments.
+std::optional<std::vector<Argument>> SplitArguments(std::string_view text, std::size_t base) {
     std::vector<Argument> arguments;
     std::size_t start = 0;
     int depth = 0;
@@ -135,12 +137,16 @@ std::vector<Argument> SplitArguments(std::string_view text, std::size_t base) {
         if (quoted) {
             if (c == '\\')
                 ++i;
-            quoted = c != '"' && i < text.size();
+            if (i >= text.size())
+                return std::nullopt;
+            quoted = c != '"';
             continue;
         }
         quoted = c == '"';
         depth += c == '(' ? 1 : 0;
         depth -= c == ')' ? 1 : 0;
+        if (depth < 0 || (depth > 0 && i == text.size()))
+            return std::nullopt;
         if (c != ',' || (depth > 0 && i < text.size()))
             continue;
         const std::string_view argument = Trim(text.substr(start, i - start));
@@ -173,7 +179,11 @@ class BodyReader {
         };
         if (form.empty() || !std::all_of(form.begin(), form.end(), isLetter))
             return;
-        arguments_ = SplitArguments(body_.substr(open + 1, body_.size() - open - 2), offset_ + open + 1);
+        const auto arguments =
+            SplitArguments(body_.substr(open + 1, body_.size() - open - 2), offset_ + open + 1);
+        if (!arguments)
+            return;
+        arguments_ = *arguments;
         if (form == "text") {
             ReadText();
         } else {
