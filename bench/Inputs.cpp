@@ -137,6 +137,8 @@ std::string XmlTemplate(int records, TypeUse use) {
     AddElement(text, "    ", "PROGRAMID", std::string(kProgramId));
     AddElement(text, "    ", "SDSTRING", "&amp;3.4@0NodeObject,1FanCoil;Unit ventilator with many points");
     AddElement(text, "    ", "FILETYPEIIVERSION", "1.0");
+    if (allUser)
+        AddElement(text, "    ", "USERCPFILE", "types.xml");
     text.Add("    <NVS>\n");
     for (int i = 0; i < records; ++i) {
         const std::string name = Name(i);

@@ -15,7 +15,8 @@ enum class TypeUse {
 
 // An application template with `records` network variables, as many configuration properties and two tags.
 std::string IniTemplate(int records);
-// The same device. Its element is named "TEMPLATE".
+// The same device. Its element is named "TEMPLATE"; one of user types names "types.xml" as its user type
+// file.
 std::string XmlTemplate(int records, TypeUse use = TypeUse::mixed);
 
 // A device profile that passes all checks.

@@ -44,7 +44,7 @@ void Measure(benchmark::State& state, tovarek::Tovarek& component, const Folder&
     component.iniProfileFile(folder.Put("profile.ini", tovarek::bench::IniProfile()));
     component.mustGenerateTypes(false);
     component.outputXIFfile(output);
-    for (auto _ : state)
+    while (state.KeepRunning())
         component.Generate();
     state.SetComplexityN(state.range(0));
     state.SetBytesProcessed(static_cast<std::int64_t>(fs::file_size(output)) * state.iterations());
@@ -71,7 +71,7 @@ void GenerateFromXml(benchmark::State& state) {
 }
 
 void OpenCatalog(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         tovarek::Tovarek component;
         component.catalogDir(TOVAREK_CATALOG_FOLDER);
     }

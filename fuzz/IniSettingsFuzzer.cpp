@@ -21,10 +21,12 @@ void WriteAndRead(tovarek::cIni& ini) {
 }  // namespace
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
-    return {
+    const std::string sound =
         "[Line6]\r\ndomains=2\r\naddresses=15\r\napplicationtype=0\r\n[Line7]\r\ntypeNeuron=8\r\n"
         "protocolClockRate=5\r\nfirmware=0x10\r\n[Line8]\r\ntransceiverRate=-3\r\n[Line9]\r\n"
-        "generalData0=2.9\r\n[Line10]\r\nrawData4= 12\r\n",
+        "generalData0=2.9\r\n[Line10]\r\nrawData4= 12\r\n";
+    return {
+        sound,
         "; comment\n[ Line6 ]\n domains = \"1\"\nadded here='3'\n\n[line7]\nfirmware=4294967297\n[line7]\n",
         "\xEF\xBB\xBF[Line6]\nname=\xC3\xA9t\xC3\xA9\n",
         std::string("\xFF\xFE[\0m\0a\0d\0e\0]\0\n\0k\0e\0y\0=\0x\0\n\0", 28),

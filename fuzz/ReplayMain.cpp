@@ -18,8 +18,8 @@
 #include "Fuzzing.h"
 
 // Provided by the address sanitizer where it is linked.
-extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(
-    void (*callback)());  // NOLINT(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
 
@@ -57,7 +57,7 @@ void RunInput(std::string bytes) {
     alarm(0);
 }
 
-// The generator is our own choice of constants (splitmix64): the same numbers on every platform.
+// A small generator (splitmix64) that gives the same numbers on every platform.
 class Random {
   public:
     std::uint64_t Next() {
@@ -142,6 +142,7 @@ std::vector<std::string> CorpusOf(const fs::path& folder) {
             files.push_back(entry.path());
     std::sort(files.begin(), files.end());
     std::vector<std::string> corpus;
+    corpus.reserve(files.size());
     for (const fs::path& file : files)
         corpus.push_back(tovarek::ReadFile(file.string()));
     return corpus;

@@ -1,7 +1,7 @@
 #include "TemplateRun.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
-    return {
+    const std::string sound =
         "<?xml "
         "version=\"1.0\"?>\n<D><T><PROGRAMID>9000010A0B040100</PROGRAMID><SDSTRING>&amp;3.4@0</SDSTRING>"
         "<FILETYPEIIVERSION>1.0</FILETYPEIIVERSION><MAXIMUMNUMBEROFNVS>9</MAXIMUMNUMBEROFNVS><USERCPFILE> "
@@ -11,13 +11,16 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
         "LENGTH><ARRAYSIZE>3"
         "</ARRAYSIZE><POLLED>1</POLLED></nvoMode></NVS><TAGS><mt><BINDABLE>0</BINDABLE></mt></TAGS><CPS><cpA>"
         "<SISD>1,0,0\\x80,17,2;</SISD><RAWVALUE>0A1B</RAWVALUE></cpA><cpB><SISD>1,1,6,3,1</SISD><SNVTTYPE>301"
-        "</SNVTTYPE></cpB></CPS></T></D>",
+        "</SNVTTYPE></cpB></CPS></T></D>";
+    const std::string valid =
         "<!DOCTYPE T [<!ELEMENT T ANY><!ELEMENT NVS ANY><!ELEMENT a ANY><!ENTITY e \"105\">"
-        "<!ATTLIST T x CDATA \"1\">]><T><NVS><a>&e;</a></NVS></T>",
+        "<!ATTLIST T x CDATA \"1\">]><T><NVS><a>&e;</a></NVS></T>";
+    return {
+        sound,
+        valid,
         "<!DOCTYPE T [<!ENTITY a \"b\"><!ENTITY b \"&a;&a;&a;\"><!ENTITY c \"&b;&b;&b;\">]><T>&c;</T>",
         "<T xmlns:p=\"u\"><p:NVS><![CDATA[x]]><!-- c --><?pi x?></p:NVS></T>",
-        "<?xml version=\"1.0\" "
-        "encoding=\"windows-1252\"?><T><NVS><\xE9><LENGTH>1e1</LENGTH></\xE9></NVS></T>",
+        "<?xml version='1.0' encoding='windows-1252'?><T><NVS><\xE9><LENGTH>1e1</LENGTH></\xE9></NVS></T>",
     };
 }
 

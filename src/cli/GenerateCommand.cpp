@@ -44,7 +44,7 @@ void TakeClockFromEnvironment(Tovarek& component) {
 // A catalog property that was set, even in vain, is the user's word; only without one the shipped catalog
 // stands in.
 void UseShippedCatalog(Tovarek& component) {
-    if (!component.catalogDir().empty() || component.catalogFile() != Tovarek().catalogFile())
+    if (!component.catalogDir().empty() || component.catalogFile() != kUsualCatalogFile)
         return;
     if (const std::string folder = ShippedCatalogFolder(); !folder.empty())
         component.catalogDir(folder);

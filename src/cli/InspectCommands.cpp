@@ -8,11 +8,10 @@
 #include "support/CErrorHandler.h"
 #include "support/CTools.h"
 #include "support/Text.h"
+#include "types/catalog/CCatalog.h"
 
 namespace tovarek {
 namespace {
-
-constexpr const char* kUsualCatalog = "ldrf.cat";
 
 // Opens the catalog that names are looked up in. The shipped one is a help that may be missing; one that the
 // user names must be there.
@@ -20,7 +19,7 @@ std::unique_ptr<StandardCatalog> OpenCatalog(const CatalogPlace& place) {
     const bool isNamed = !place.folder.empty() || !place.file.empty();
     const std::string folder = place.folder.empty() ? ShippedCatalogFolder() : place.folder;
     const std::string path = (folder.empty() ? std::string() : WithFinalBackslash(folder)) +
-                             (place.file.empty() ? std::string(kUsualCatalog) : place.file);
+                             (place.file.empty() ? std::string(kUsualCatalogFile) : place.file);
     std::unique_ptr<StandardCatalog> catalog;
     const Outcome outcome = StandardCatalog::Open(path, catalog);
     if (!outcome.Ok() && isNamed)

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "support/Files.h"
+#include "types/catalog/CCatalog.h"
 
 namespace tovarek {
 namespace {
@@ -28,7 +29,7 @@ std::string FirstFolderWith(std::initializer_list<const char*> places, const cha
 }  // namespace
 
 std::string ShippedCatalogFolder() {
-    return FirstFolderWith({"catalog", "../share/tovarek/catalog"}, "ldrf.cat");
+    return FirstFolderWith({"catalog", "../share/tovarek/catalog"}, kUsualCatalogFile);
 }
 
 std::string ExampleFolder() {

@@ -90,7 +90,9 @@ class XifWriter {
         AppendInteger(line_, nv.length);
         EndLine();
         for (std::int32_t byte = 0; byte < nv.length; ++byte) {
-            Numbers({0, byte, 0, 0, 0});
+            line_ = "0 ";
+            AppendInteger(line_, byte);
+            line_ += " 0 0 0";
             EndLine();
         }
     }

@@ -46,7 +46,10 @@ Outcome SetRange(const NumberRange& range, TypeDescription& type) {
 // exactly.
 bool ToFloat(double value, float& result) {
     constexpr double kLargest = std::numeric_limits<float>::max();
-    if (!(std::abs(value) <= kLargest * (1 + 1e-9)))
+    // Half a step of the largest numbers: what is less far beyond them still rounds to the largest one, as
+    // its usual short decimal form does.
+    constexpr double kHalfStep = 0x1p103;
+    if (!(std::abs(value) < kLargest + kHalfStep))
         return false;
     result = static_cast<float>(std::clamp(value, -kLargest, kLargest));
     return true;

@@ -1,6 +1,7 @@
 #include "support/IniText.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "support/Text.h"
@@ -11,17 +12,43 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
-// Control Z counts as a blank: files that come from very old systems end in one.
-constexpr std::string_view kLineBlanks = " \t\v\f\r\x1A";
-// Tabs at the ends of a value belong to it.
-constexpr std::string_view kValueBlanks = " \v\f\r\x1A";
 constexpr std::size_t kLongestValue = 999;
 
-std::string_view Trim(std::string_view text, std::string_view blanks) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return text.substr(0, 0);
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+// A set of characters as a table: the searches of std::string_view call a function for each character, and
+// every line is trimmed several times.
+class CharacterSet {
+  public:
+    explicit constexpr CharacterSet(std::string_view characters) {
+        for (const char c : characters)
+            has_[static_cast<unsigned char>(c)] = true;
+    }
+    constexpr bool Has(char c) const { return has_[static_cast<unsigned char>(c)]; }
+
+  private:
+    std::array<bool, 256> has_{};
+};
+
+// Control Z counts as a blank: files that come from very old systems end in one.
+constexpr CharacterSet kLineBlanks(" \t\v\f\r\x1A");
+// Tabs at the ends of a value belong to it.
+constexpr CharacterSet kValueBlanks(" \v\f\r\x1A");
+
+std::string_view TrimStart(std::string_view text, const CharacterSet& blanks) {
+    std::size_t first = 0;
+    while (first < text.size() && blanks.Has(text[first]))
+        ++first;
+    return text.substr(first);
+}
+
+std::string_view TrimEnd(std::string_view text, const CharacterSet& blanks) {
+    std::size_t size = text.size();
+    while (size > 0 && blanks.Has(text[size - 1]))
+        --size;
+    return text.substr(0, size);
+}
+
+std::string_view Trim(std::string_view text, const CharacterSet& blanks) {
+    return TrimEnd(TrimStart(text, blanks), blanks);
 }
 
 std::string_view WithoutQuotes(std::string_view value) {
@@ -107,17 +134,26 @@ std::size_t CaselessHash::operator()(std::string_view name) const {
 }
 
 bool CaselessEqual::operator()(std::string_view a, std::string_view b) const {
-    const bool sameAscii =
-        a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char left, char right) {
-            return left == right || AsciiUpper(left) == AsciiUpper(right);
-        });
-    if (sameAscii || IsAscii(a) || IsAscii(b))
-        return sameAscii;
-    return UpperCase(a) == UpperCase(b);
+    if (a.size() != b.size())
+        return false;
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a[i] == b[i])
+            continue;
+        if (!isAscii(a[i]) && !isAscii(b[i]))
+            return UpperCase(a) == UpperCase(b);
+        if (AsciiUpper(a[i]) != AsciiUpper(b[i]))
+            return false;
+    }
+    return true;
 }
 
 std::string_view TakeIniLine(std::string_view& rest) {
-    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
+    // A plain loop: lines are short, and a search call for every character costs more than the rest of the
+    // reading.
+    std::size_t end = 0;
+    while (end < rest.size() && rest[end] != '\n' && rest[end] != '\r')
+        ++end;
     const std::string_view line = rest.substr(0, end);
     const std::size_t ending = rest.substr(end).starts_with("\r\n") ? 2 : 1;
     rest.remove_prefix(std::min(end + ending, rest.size()));
@@ -125,8 +161,7 @@ std::string_view TakeIniLine(std::string_view& rest) {
 }
 
 std::string_view TrimIniLine(std::string_view line) {
-    line.remove_prefix(std::min(line.find_first_not_of(kLineBlanks), line.size()));
-    return line.substr(0, line.find_last_not_of(kValueBlanks) + 1);
+    return TrimEnd(TrimStart(line, kLineBlanks), kValueBlanks);
 }
 
 std::string_view IniSectionName(std::string_view line) {
@@ -167,16 +202,23 @@ std::string IniSection::StringValue(std::string_view key, std::string_view missi
 }
 
 IniText::IniText(std::string text) : text_(std::move(text)) {
-    std::string_view rest = text_;
+    // Only lines that begin with "[" are looked at here; those between them wait until their section is read.
+    const std::string_view all = text_;
     Body* open = nullptr;
-    while (!rest.empty()) {
-        const char* const start = rest.data();
+    for (std::size_t bracket = all.find('['); bracket != std::string_view::npos;) {
+        std::size_t start = bracket;
+        while (start > 0 && kLineBlanks.Has(all[start - 1]) && all[start - 1] != '\r')
+            --start;
+        const bool beginsLine = start == 0 || all[start - 1] == '\n' || all[start - 1] == '\r';
+        std::string_view rest = all.substr(beginsLine ? start : bracket);
         const std::string_view line = TrimIniLine(TakeIniLine(rest));
+        bracket = all.find('[', all.size() - rest.size());
         const std::string_view name = IniSectionName(line);
-        if (name.data() == nullptr)
+        if (!beginsLine || name.data() == nullptr)
             continue;
         if (open != nullptr)
-            open->lines = {open->lines.data(), static_cast<std::size_t>(start - open->lines.data())};
+            open->lines =
+                open->lines.substr(0, static_cast<std::size_t>(all.data() + start - open->lines.data()));
         const auto [place, isNew] = sections_.try_emplace(name, Body{line, rest});
         // The second of two sections with one name does not exist, but it ends the one before it.
         open = isNew ? &place->second : nullptr;

@@ -70,6 +70,9 @@ class IniText {
     // Fills `section` with the keys of the section `name`, with none when there is no such section.
     void ReadSection(std::string_view name, IniSection& section) const;
 
+    // The number of sections that exist.
+    std::size_t SectionCount() const { return sections_.size(); }
+
     // Calls `visit` with the name of every section that exists, in no order.
     void ForEachSection(const std::function<void(std::string_view name)>& visit) const;
 

@@ -144,6 +144,11 @@ std::int32_t MultiplyChecked(std::int32_t a, std::int32_t b) {
 }
 
 void AppendInteger(std::string& text, std::int64_t value) {
+    // Most numbers of the output files are flags.
+    if (value >= 0 && value <= 9) {
+        text += static_cast<char>('0' + value);
+        return;
+    }
     std::array<char, 24> digits;
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
     text.append(digits.data(), result.ptr);

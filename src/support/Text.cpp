@@ -112,10 +112,16 @@ void AppendUtf8(std::string& text, char32_t character) {
 }
 
 bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    // Without an early way out the compiler takes many bytes at once.
+    unsigned char bits = 0;
+    for (const char c : text)
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
 }
 
 std::size_t CharacterCount(std::string_view text) {
+    if (IsAscii(text))
+        return text.size();
     std::size_t count = 0;
     for (std::size_t position = 0; position < text.size(); ++count)
         NextCharacter(text, position);
@@ -123,6 +129,8 @@ std::size_t CharacterCount(std::string_view text) {
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t characters) {
+    if (IsAscii(text.substr(0, characters)))
+        return text.substr(0, characters);
     std::size_t position = 0;
     for (std::size_t count = 0; count < characters && position < text.size(); ++count)
         NextCharacter(text, position);
@@ -144,6 +152,11 @@ std::string_view TrimBlanks(std::string_view text) {
 
 std::string UpperCase(std::string_view text) {
     std::string result;
+    if (IsAscii(text)) {
+        result = text;
+        std::transform(result.begin(), result.end(), result.begin(), AsciiUpper);
+        return result;
+    }
     result.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {
         const std::size_t start = position;

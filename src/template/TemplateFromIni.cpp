@@ -59,11 +59,16 @@ std::int64_t EntriesBehind(const IniText& text, std::int32_t lastRead, std::int3
     return entries;
 }
 
+// Records grow by copying; a count that the file cannot fill must not reserve anything.
+std::size_t RecordsToExpect(const IniText& text, std::int32_t count) {
+    return std::min(static_cast<std::size_t>(std::max(count, 0)), text.SectionCount() + 1);
+}
+
 void ReadNvs(const IniText& text, std::int32_t count, std::vector<CNv>& nvs) {
     const std::int32_t read = std::min(count, kMostNvsRead);
     IniSection section;
     std::int32_t index = 0;
-    nvs.reserve(static_cast<std::size_t>(std::max(read, 0)));
+    nvs.reserve(RecordsToExpect(text, read));
     for (std::int32_t number = 1; number <= read; ++number) {
         CNv& nv = nvs.emplace_back();
         nv.index = index;
@@ -85,6 +90,7 @@ void ReadTags(const IniText& text, std::int32_t count, std::vector<CTag>& tags) 
 
 void ReadCps(const IniText& text, std::int32_t count, std::vector<CCp>& cps) {
     IniSection section;
+    cps.reserve(RecordsToExpect(text, count));
     for (std::int64_t number = 1; number <= count; ++number) {
         CCp& cp = cps.emplace_back();
         ReadRecord(text, number, section, cp);

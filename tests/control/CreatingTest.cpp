@@ -215,6 +215,7 @@ TEST_F(Creating, LimitsOutsideTheKindAreCodes24And25) {
     EXPECT_EQ(types.DescribeSigned({}, 2, {.minimum = 2, .maximum = 1}), 24);
     EXPECT_EQ(types.DescribeFloat({}, -1e39, {}), 24);
     EXPECT_EQ(types.DescribeFloat({}, {}, 1e39), 25);
+    EXPECT_EQ(types.DescribeFloat({}, {}, 3.40282357e38), 25) << "rounds to infinity";
     EXPECT_EQ(types.DescribeFloat({}, std::nan(""), {}), 24);
     EXPECT_EQ(types.DescribeFloat({}, 1.0, 0.5), 24);
     EXPECT_EQ(types.DescribeFloat({}, -3.40282346638529E+38, 3.40282346638529E+38), 0)

@@ -7,7 +7,7 @@
 namespace tovarek {
 
 CCatalog::CCatalog() {
-    types.CatalogFileName("ldrf.cat");
+    types.CatalogFileName(kUsualCatalogFile);
 }
 
 CCatalog::~CCatalog() {

@@ -8,6 +8,9 @@
 
 namespace tovarek {
 
+// The file name that catalogs have unless somebody says otherwise.
+inline constexpr const char* kUsualCatalogFile = "ldrf.cat";
+
 class CCatalog {
   public:
     // The catalog is not opened yet; the first write of catalogDir or catalogFile does that.
@@ -20,7 +23,7 @@ class CCatalog {
     const std::string& catalogDir() const { return types.CatalogDirectory(); }
     void catalogDir(const std::string& value);
 
-    // The file name of the catalog, by default "ldrf.cat". Writing reopens the catalog.
+    // The file name of the catalog, by default the usual one. Writing reopens the catalog.
     const std::string& catalogFile() const { return types.CatalogFileName(); }
     void catalogFile(const std::string& value);
 
