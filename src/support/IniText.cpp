@@ -57,6 +57,20 @@ std::string_view WithoutQuotes(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
+// Characters in front of the first line end. Looked for in windows: a file may have no end of one of the two
+// kinds, and must not be searched to its end for every line.
+std::size_t LineLength(std::string_view text) {
+    constexpr std::size_t kWindow = 256;
+    for (std::size_t start = 0; start < text.size(); start += kWindow) {
+        const std::string_view window = text.substr(start, kWindow);
+        const std::size_t feed = std::min(window.find('\n'), window.size());
+        const std::size_t end = std::min(window.substr(0, feed).find('\r'), feed);
+        if (end < window.size())
+            return start + end;
+    }
+    return text.size();
+}
+
 int DigitOf(char c, int base) {
     if (IsDigit(c))
         return c - '0';
@@ -149,11 +163,7 @@ bool CaselessEqual::operator()(std::string_view a, std::string_view b) const {
 }
 
 std::string_view TakeIniLine(std::string_view& rest) {
-    // A plain loop: lines are short, and a search call for every character costs more than the rest of the
-    // reading.
-    std::size_t end = 0;
-    while (end < rest.size() && rest[end] != '\n' && rest[end] != '\r')
-        ++end;
+    const std::size_t end = LineLength(rest);
     const std::string_view line = rest.substr(0, end);
     const std::size_t ending = rest.substr(end).starts_with("\r\n") ? 2 : 1;
     rest.remove_prefix(std::min(end + ending, rest.size()));
@@ -182,9 +192,15 @@ bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view&
 
 std::string_view IniSection::RawValue(std::string_view key) const {
     const CaselessEqual equal;
-    for (const Entry& entry : entries_)
-        if (entry.key.size() == key.size() && equal(entry.key, key))
+    // Most keys differ in their first letter; that is seen without a call.
+    const bool isPlain = !key.empty() && static_cast<unsigned char>(key[0]) < 0x80;
+    const char first = isPlain ? AsciiUpper(key[0]) : '\0';
+    for (const Entry& entry : entries_) {
+        if (entry.key.size() != key.size() || (isPlain && AsciiUpper(entry.key[0]) != first))
+            continue;
+        if (equal(entry.key, key))
             return entry.value;
+    }
     return {};
 }
 

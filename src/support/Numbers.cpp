@@ -126,6 +126,14 @@ std::int32_t RoundToInt32(double value) {
 }
 
 std::int32_t LeadingInt32(std::string_view text) {
+    // Nearly all numbers are a few plain digits.
+    constexpr std::size_t kFewDigits = 9;
+    if (!text.empty() && text.size() <= kFewDigits && std::all_of(text.begin(), text.end(), IsDigit)) {
+        std::int32_t value = 0;
+        for (const char digit : text)
+            value = value * 10 + (digit - '0');
+        return value;
+    }
     return RoundToInt32(LeadingNumber(text));
 }
 
