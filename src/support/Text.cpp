@@ -179,6 +179,8 @@ std::string UpperCase(std::string_view text) {
 }
 
 std::string ToCodePage(std::string_view text) {
+    if (IsAscii(text))
+        return std::string(text);
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {

@@ -42,9 +42,15 @@ const xmlNode* EndOfRun(const xmlNode* node) {
 }
 
 bool IsBlankRun(const xmlNode* node) {
-    for (; node != nullptr && IsText(node); node = node->next)
-        if (View(node->content).find_first_not_of(" \t\r\n") != std::string_view::npos)
+    const auto isBlank = [](xmlChar c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    for (; node != nullptr && IsText(node); node = node->next) {
+        // Every text of a document is asked, and nearly every one answers with its first character.
+        const xmlChar* character = node->content;
+        while (character != nullptr && isBlank(*character))
+            ++character;
+        if (character != nullptr && *character != 0)
             return false;
+    }
     return true;
 }
 
