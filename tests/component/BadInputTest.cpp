@@ -66,27 +66,41 @@ TEST(BadInput, EveryLoaderAnswersWithItsError) {
     }
 }
 
-// A file that is cut anywhere is an error or a smaller device, never half of one taken for whole: the counts
-// of the template and the keys of the profile see to that for INI, the syntax for XML.
-TEST(BadInput, FilesCutAnywhereNeverBreakAnything) {
+// A profile that is cut in front of its last value is refused wherever it is cut: never is half of one taken
+// for whole.
+TEST(BadInput, ProfilesCutAnywhereAreRefused) {
     Device device;
     ASSERT_EQ(device.Generate(), 0);
     const std::string xif = device.Xif();
-    const std::string sources[] = {kTemplateIni, kProfileIni, xif};
-    for (std::size_t source = 0; source < 3; ++source) {
-        for (std::size_t length = 0; length < sources[source].size(); length += 11) {
-            const std::string path = device.Files().File("cut", sources[source].substr(0, length));
-            device.Component().iniTemplateFile(source == 0 ? path : device.Files().Path("template.ini"));
-            if (source == 2)
-                device.Component().xifProfileFile(path);
-            else
-                device.Component().iniProfileFile(source == 1 ? path : device.Files().Path("profile.ini"));
-            const int answer = device.Generate();
-            if (answer == 0) {
-                EXPECT_EQ(device.Xif().substr(0, 60), xif.substr(0, 60));
-            }
+    const std::string ini = kProfileIni;
+    const std::size_t lastKey = ini.find("rawData4=");
+    const std::size_t lastToken = xif.find("\r\n*\r\n") - 1;
+    for (std::size_t length = 0; length < lastKey; length += 11) {
+        device.Component().iniProfileFile(device.Files().File("cut", ini.substr(0, length)));
+        EXPECT_NE(device.Generate(), 0) << "INI cut after " << length;
+    }
+    for (std::size_t length = 0; length <= lastToken; length += 3) {
+        device.Component().xifProfileFile(device.Files().File("cut", xif.substr(0, length)));
+        EXPECT_NE(device.Generate(), 0) << "XIF cut after " << length;
+    }
+}
+
+// A template says how many records it has, so one that is cut never grows: it is refused or a smaller device.
+TEST(BadInput, TemplatesCutAnywhereNeverGrow) {
+    Device device;
+    ASSERT_EQ(device.Generate(), 0);
+    const std::string xif = device.Xif();
+    const std::string ini = kTemplateIni;
+    int refused = 0;
+    for (std::size_t length = 0; length < ini.size(); length += 11) {
+        device.Component().iniTemplateFile(device.Files().File("cut", ini.substr(0, length)));
+        if (device.Generate() != 0) {
+            ++refused;
+        } else {
+            EXPECT_LE(device.Xif().size(), xif.size()) << "cut after " << length;
         }
     }
+    EXPECT_GT(refused, 20);
 }
 
 TEST(BadInput, CountsBeyondReasonAnswerAtOnce) {
