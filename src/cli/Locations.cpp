@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <initializer_list>
-#include <system_error>
 
+#include "cli/ProgramFile.h"
 #include "support/Files.h"
 #include "types/catalog/CCatalog.h"
 
@@ -12,16 +12,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Paths of the file system's library from and to UTF-8, whatever the platform makes of bytes.
+fs::path PathOf(const std::string& utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+std::string TextOf(const fs::path& path) {
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
+}
+
 // The first of `places`, relative to the program's folder, that holds `file`; empty when none does.
 std::string FirstFolderWith(std::initializer_list<const char*> places, const char* file) {
-    std::error_code none;
-    const fs::path program = fs::read_symlink("/proc/self/exe", none);
-    if (none)
+    const std::string program = ProgramFile();
+    if (program.empty())
         return {};
     for (const char* place : places) {
-        const fs::path folder = (program.parent_path() / place).lexically_normal();
-        if (FileExists((folder / file).string()))
-            return folder.string();
+        const fs::path folder = (PathOf(program).parent_path() / place).lexically_normal();
+        if (FileExists(TextOf(folder / file)))
+            return TextOf(folder);
     }
     return {};
 }

@@ -2,11 +2,10 @@
 #include <malloc.h>
 #endif
 
-#include <iostream>
 #include <string>
 #include <vector>
 
-#include "cli/CommandLine.h"
+#include "cli/RunProgram.h"
 
 int main(int argc, char** argv) {
 #ifdef M_MXFAST
@@ -16,13 +15,5 @@ int main(int argc, char** argv) {
     mallopt(M_MXFAST, 0);
     mallopt(M_TOP_PAD, 1 << 20);
 #endif
-    std::ios::sync_with_stdio(false);
-    const int status =
-        tovarek::RunCommandLine(std::vector<std::string>(argv, argv + argc), {std::cout, std::cerr});
-    // Output that could not be written is a failure like any other.
-    if (!std::cout.flush() && status == tovarek::kDone) {
-        std::cerr << "tovarek: the output could not be written\n";
-        return tovarek::kFailed;
-    }
-    return status;
+    return tovarek::RunProgram(std::vector<std::string>(argv, argv + argc));
 }

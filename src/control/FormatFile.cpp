@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "control/FormatExpression.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

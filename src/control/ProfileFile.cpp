@@ -6,6 +6,7 @@
 #include "control/ByteWriter.h"
 #include "control/ResourceFile.h"
 #include "control/TypeDescriptionCodec.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

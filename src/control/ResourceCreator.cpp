@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "control/TypeDescriptionCodec.h"
+#include "support/CodePage.h"
 #include "support/Error.h"
 #include "support/Text.h"
 

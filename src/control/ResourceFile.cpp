@@ -5,6 +5,7 @@
 
 #include "control/ByteWriter.h"
 #include "control/Crc16.h"
+#include "support/CodePage.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 

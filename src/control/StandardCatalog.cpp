@@ -6,6 +6,7 @@
 
 #include "control/LanguageFile.h"
 #include "control/TypeFileView.h"
+#include "support/CodePage.h"
 #include "support/Error.h"
 #include "support/Files.h"
 #include "support/Text.h"

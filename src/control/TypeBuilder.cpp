@@ -1,5 +1,6 @@
 #include "control/TypeBuilder.h"
 
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -3,6 +3,7 @@
 
 #include "control/TypeDescriptionCodec.h"
 #include "control/TypeRange.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

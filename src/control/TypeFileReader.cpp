@@ -4,6 +4,7 @@
 #include "control/TypeDescriptionCodec.h"
 #include "control/TypeFile.h"
 #include "control/TypeFileView.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -5,6 +5,7 @@
 #include "control/ResourceFile.h"
 #include "control/TypeDescriptionCodec.h"
 #include "control/TypeFile.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -8,6 +8,7 @@
 #include "inspect/InspectNode.h"
 #include "inspect/InspectText.h"
 #include "inspect/RecordListing.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "inspect/InspectText.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

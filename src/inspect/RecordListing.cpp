@@ -7,6 +7,7 @@
 #include "inspect/Checksum.h"
 #include "inspect/InspectNode.h"
 #include "inspect/InspectText.h"
+#include "support/CodePage.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "inspect/TypeTree.h"
+#include "support/CodePage.h"
 #include "support/Files.h"
 #include "support/Text.h"
 

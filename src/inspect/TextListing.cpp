@@ -4,6 +4,7 @@
 
 #include "inspect/InspectText.h"
 #include "inspect/XifFile.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "inspect/XifValues.h"
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

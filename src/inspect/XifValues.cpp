@@ -1,5 +1,6 @@
 #include "inspect/XifValues.h"
 
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

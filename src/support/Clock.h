@@ -34,7 +34,9 @@ std::shared_ptr<const Clock> SystemClock();
 // `seconds` is 0 to 253402300799 (the end of the year 9999); the nearest end is taken for what lies outside.
 std::shared_ptr<const Clock> FixedClock(std::int64_t seconds);
 
-// The general form of a date: "11/21/2026 9:41:07 AM". The time part is left out at exactly midnight.
+// The general form of a date: "11/21/2026 9:41:07 AM". The time part is left out at exactly midnight. On
+// Windows the user's regional settings decide: short date, blank, long time. Raises runtime error 6 when they
+// have no text for it.
 std::string GeneralDateText(const CivilTime& time);
 
 }  // namespace tovarek

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <ctime>
 
 #include "support/Clock.h"
@@ -11,12 +10,6 @@ CivilTime FromTm(const std::tm& tm) {
     return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 
-CivilTime UtcFromSeconds(std::time_t seconds) {
-    std::tm tm{};
-    gmtime_r(&seconds, &tm);
-    return FromTm(tm);
-}
-
 class MachineClock : public Clock {
   public:
     CivilTime LocalTime() const override {
@@ -25,17 +18,12 @@ class MachineClock : public Clock {
         localtime_r(&now, &tm);
         return FromTm(tm);
     }
-    CivilTime UtcTime() const override { return UtcFromSeconds(std::time(nullptr)); }
-};
-
-class StandingClock : public Clock {
-  public:
-    explicit StandingClock(std::time_t seconds) : time_(UtcFromSeconds(seconds)) {}
-    CivilTime LocalTime() const override { return time_; }
-    CivilTime UtcTime() const override { return time_; }
-
-  private:
-    CivilTime time_;
+    CivilTime UtcTime() const override {
+        const std::time_t now = std::time(nullptr);
+        std::tm tm{};
+        gmtime_r(&now, &tm);
+        return FromTm(tm);
+    }
 };
 
 void AppendTwoDigits(std::string& text, int value) {
@@ -48,11 +36,6 @@ void AppendTwoDigits(std::string& text, int value) {
 
 std::shared_ptr<const Clock> SystemClock() {
     return std::make_shared<MachineClock>();
-}
-
-std::shared_ptr<const Clock> FixedClock(std::int64_t seconds) {
-    constexpr std::int64_t kEndOf9999 = 253402300799;
-    return std::make_shared<StandingClock>(std::clamp<std::int64_t>(seconds, 0, kEndOf9999));
 }
 
 std::string GeneralDateText(const CivilTime& time) {

@@ -1,5 +1,6 @@
 // Files: whole-file reading, checked writing, and the runtime errors that both raise. Paths are UTF-8 and may
-// be written with "\"; on POSIX it becomes "/" at the moment a file is opened, and nowhere else.
+// be written with "\"; on POSIX it becomes "/" at the moment a file is opened, and nowhere else. On Windows
+// they are taken as they are.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +9,12 @@
 #include <vector>
 
 #include "support/Error.h"
+#include "support/SystemFile.h"
 
 namespace tovarek {
 
 // The path as the operating system wants it.
 std::string SystemPath(std::string_view path);
-
-// The runtime error for a failed system call (`error` is an errno): 53 or 76 for what is not there, 70 for
-// what is not permitted, 75 for a directory in a file's place and other path faults, 61 for a full disk, 57
-// for the rest.
-RuntimeError RuntimeErrorOf(int error);
 
 // The largest file that is read whole, 1 GiB; a larger one is runtime error 7.
 inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30U;
@@ -75,11 +72,9 @@ class OutputFile : public FileSink {
 
   private:
     void WriteOut(std::string_view bytes);
-    [[noreturn]] void Fail(int error) const;
 
-    std::string path_;
+    SystemFile file_;
     std::string buffer_;
-    int descriptor_ = -1;
     bool failed_ = false;
 };
 

@@ -6,54 +6,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "support/Files.h"
 
 namespace tovarek {
 namespace {
-
-constexpr std::size_t kPiece = std::size_t{64} * 1024;
-
-// A descriptor that is closed on every way out.
-class Descriptor {
-  public:
-    explicit Descriptor(int value) : value_(value) {}
-    ~Descriptor() {
-        if (value_ >= 0)
-            close(value_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Value() const { return value_; }
-
-  private:
-    int value_;
-};
-
-[[noreturn]] void RaiseFileError(std::string_view path, int error) {
-    RuntimeError number = RuntimeErrorOf(error);
-    if (error == ENOENT) {
-        // A missing folder is another error than a missing file.
-        const std::string system = SystemPath(path);
-        const std::size_t slash = system.rfind('/');
-        struct stat folder {};
-        if (slash != std::string::npos && slash > 0 && stat(system.substr(0, slash).c_str(), &folder) != 0)
-            number = RuntimeError::pathNotFound;
-    }
-    RaiseRuntimeError(number, {.file = std::string(path), .reason = std::strerror(error)});
-}
-
-std::int64_t Nanoseconds(const timespec& time) {
-    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
-}
-
-}  // namespace
-
-std::string SystemPath(std::string_view path) {
-    std::string system(path);
-    std::replace(system.begin(), system.end(), '\\', '/');
-    return system;
-}
 
 RuntimeError RuntimeErrorOf(int error) {
     switch (error) {
@@ -84,38 +42,94 @@ RuntimeError RuntimeErrorOf(int error) {
     }
 }
 
-std::string ReadFile(std::string_view path, std::uint64_t limit) {
-    if (path.empty())
-        RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the file name is empty"});
-    const Descriptor file(open(SystemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
-    struct stat status {};
-    if (file.Value() < 0 || fstat(file.Value(), &status) != 0)
+[[noreturn]] void RaiseFileError(std::string_view path, int error) {
+    RuntimeError number = RuntimeErrorOf(error);
+    if (error == ENOENT) {
+        // A missing folder is another error than a missing file.
+        const std::string system = SystemPath(path);
+        const std::size_t slash = system.rfind('/');
+        struct stat folder {};
+        if (slash != std::string::npos && slash > 0 && stat(system.substr(0, slash).c_str(), &folder) != 0)
+            number = RuntimeError::pathNotFound;
+    }
+    RaiseRuntimeError(number, {.file = std::string(path), .reason = std::strerror(error)});
+}
+
+int OpenOrRaise(std::string_view path, int flags) {
+    // The mode counts for files that are created; the user's mask is taken off it.
+    const int descriptor = open(SystemPath(path).c_str(), flags | O_CLOEXEC, 0666);
+    if (descriptor < 0)
         RaiseFileError(path, errno);
+    return descriptor;
+}
+
+std::int64_t Nanoseconds(const timespec& time) {
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+}  // namespace
+
+std::string SystemPath(std::string_view path) {
+    std::string system(path);
+    std::replace(system.begin(), system.end(), '\\', '/');
+    return system;
+}
+
+SystemFile SystemFile::OpenToRead(std::string_view path) {
+    SystemFile file(path, OpenOrRaise(path, O_RDONLY));
+    struct stat status {};
+    if (fstat(static_cast<int>(file.handle_), &status) != 0)
+        RaiseFileError(path, errno);
+    // A directory can be opened, but not read.
     if (S_ISDIR(status.st_mode))
         RaiseFileError(path, EISDIR);
+    return file;
+}
 
-    // One byte more than the size shows the end without growing the buffer; devices and pipes have no size.
-    std::string bytes;
-    const auto expected = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0)) + 1;
-    std::size_t filled = 0;
-    while (filled < limit) {
-        if (filled == bytes.size())
-            bytes.resize(static_cast<std::size_t>(
-                std::min(limit, filled == 0 ? std::max<std::uint64_t>(expected, 4096) : filled * 2)));
-        const ssize_t count = read(file.Value(), bytes.data() + filled, bytes.size() - filled);
+SystemFile SystemFile::Create(std::string_view path) {
+    return {path, OpenOrRaise(path, O_WRONLY | O_CREAT | O_TRUNC)};
+}
+
+SystemFile::SystemFile(SystemFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
+
+SystemFile::~SystemFile() {
+    if (IsOpen())
+        close(static_cast<int>(handle_));
+}
+
+std::uint64_t SystemFile::Size() const {
+    struct stat status {};
+    if (fstat(static_cast<int>(handle_), &status) != 0 || !S_ISREG(status.st_mode))
+        return 0;
+    return static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
+}
+
+std::size_t SystemFile::Read(char* to, std::size_t most) {
+    ssize_t count = 0;
+    do
+        count = read(static_cast<int>(handle_), to, most);
+    while (count < 0 && errno == EINTR);
+    if (count < 0)
+        RaiseFileError(path_, errno);
+    return static_cast<std::size_t>(count);
+}
+
+void SystemFile::Write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(static_cast<int>(handle_), bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            RaiseFileError(path, errno);
-        if (count == 0)
-            break;
-        filled += static_cast<std::size_t>(count);
+            RaiseFileError(path_, errno);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
     }
-    if (filled > kLargestFile)
-        RaiseRuntimeError(RuntimeError::outOfMemory,
-                          {.file = std::string(path), .reason = "files of more than 1 GiB are not read"});
-    bytes.resize(filled);
-    return bytes;
+}
+
+void SystemFile::Close() {
+    const int descriptor = static_cast<int>(std::exchange(handle_, kClosed));
+    if (close(descriptor) != 0)
+        RaiseFileError(path_, errno);
 }
 
 bool FileExists(std::string_view path) {
@@ -153,72 +167,6 @@ std::vector<std::string> DirectoryEntries(std::string_view path) {
 
 bool MakeDirectory(std::string_view path) {
     return mkdir(SystemPath(path).c_str(), 0777) == 0;
-}
-
-OutputFile::OutputFile(std::string_view path) : path_(path) {
-    if (path.empty())
-        RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the name of the output file is empty"});
-    descriptor_ = open(SystemPath(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (descriptor_ < 0)
-        Fail(errno);
-    buffer_.reserve(kPiece);
-}
-
-OutputFile::~OutputFile() {
-    if (descriptor_ < 0)
-        return;
-    try {
-        // A half-written file is left as far as it got.
-        if (!failed_)
-            WriteOut(buffer_);
-    } catch (const Error&) {
-        // The error that ended the writer is already on its way.
-        failed_ = true;
-    }
-    close(descriptor_);
-}
-
-void OutputFile::Append(std::string_view bytes) {
-    if (buffer_.size() + bytes.size() > kPiece) {
-        WriteOut(buffer_);
-        buffer_.clear();
-    }
-    if (bytes.size() > kPiece)
-        WriteOut(bytes);
-    else
-        buffer_ += bytes;
-}
-
-void OutputFile::Close() {
-    WriteOut(buffer_);
-    buffer_.clear();
-    const int descriptor = descriptor_;
-    descriptor_ = -1;
-    if (close(descriptor) != 0)
-        Fail(errno);
-}
-
-void OutputFile::WriteOut(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = write(descriptor_, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0) {
-            failed_ = true;
-            Fail(errno);
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-}
-
-void OutputFile::Fail(int error) const {
-    RaiseFileError(path_, error);
-}
-
-void WriteFile(std::string_view path, std::string_view bytes) {
-    OutputFile file(path);
-    file.Append(bytes);
-    file.Close();
 }
 
 }  // namespace tovarek

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {

@@ -1,5 +1,5 @@
-// Text: UTF-8 inside the system, the 8-bit code page (windows-1252) at its edges. Lengths and positions count
-// characters (code points), never bytes. A byte that is not part of valid UTF-8 counts as one character.
+// Text: UTF-8 inside the system (its edges: support/CodePage.h). Lengths and positions count characters (code
+// points), never bytes. A byte that is not part of valid UTF-8 counts as one character.
 #pragma once
 
 #include <cstddef>
@@ -46,13 +46,6 @@ constexpr bool IsHexDigit(char c) {
 
 // True when every byte is below 0x80: UTF-8 and code page agree and one byte is one character.
 bool IsAscii(std::string_view text);
-
-// UTF-8 to windows-1252. A character that the code page lacks, and an invalid byte, becomes '?'. The five
-// bytes that the code page leaves undefined stand for the control characters of the same number.
-std::string ToCodePage(std::string_view text);
-
-// windows-1252 to UTF-8, the inverse.
-std::string FromCodePage(std::string_view bytes);
 
 // UTF-16 code units in the given byte order (no mark) to UTF-8. Unpaired surrogates become U+FFFD; a lone
 // last byte is dropped.

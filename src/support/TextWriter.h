@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/CodePage.h"
 #include "support/Files.h"
 #include "support/Text.h"
 

@@ -11,7 +11,10 @@
 // - Text nodes of nothing but white space do not exist. Other texts keep their white space. CDATA is not
 // text.
 // - Names are qualified names, prefix included.
-// - Elements nested deeper than 256 levels fail the load, so whoever walks a tree may recurse.
+// - Elements nested deeper than kDeepestXml levels fail the load, so whoever walks a tree may recurse.
+//
+// On Windows nodes come from hosts as well, as their DOM made them: nothing of the above was checked then,
+// but for blank texts, which do not exist.
 #pragma once
 
 #include <memory>
@@ -21,6 +24,8 @@
 #include <vector>
 
 namespace tovarek {
+
+inline constexpr int kDeepestXml = 256;
 
 // Numbered like the node types of the DOM.
 enum class XmlNodeKind {
@@ -40,8 +45,6 @@ class XmlNode {
     XmlNode() = default;
 
     explicit operator bool() const { return node_ != nullptr; }
-    // The same node of the same document.
-    bool operator==(const XmlNode&) const = default;
     bool IsElement() const { return Kind() == XmlNodeKind::element; }
 
     XmlNodeKind Kind() const;
@@ -49,9 +52,9 @@ class XmlNode {
     std::string Name() const;
     // The text of a text node, entities expanded; empty for other kinds.
     std::string Text() const;
-    // 1-based line in the file, 0 when unknown.
+    // 1-based line in the file, 0 when unknown; the platform's DOM of Windows does not know.
     int Line() const;
-    // Path of the file that the node was loaded from.
+    // Path of the file that the node was loaded from, empty for a node that a host handed over.
     const std::string& File() const;
 
     XmlNode FirstChild() const;
@@ -61,6 +64,7 @@ class XmlNode {
 
   private:
     friend class XmlDocument;
+    friend struct XmlNodeAccess;  // an implementation's own door
     struct Owner;
     XmlNode(std::shared_ptr<const Owner> owner, const void* node) : owner_(std::move(owner)), node_(node) {}
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek::test {

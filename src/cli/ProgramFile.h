@@ -1,0 +1,11 @@
+// The file of the running program.
+#pragma once
+
+#include <string>
+
+namespace tovarek {
+
+// Its absolute path in UTF-8; empty when the system does not tell.
+std::string ProgramFile();
+
+}  // namespace tovarek

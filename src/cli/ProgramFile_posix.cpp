@@ -1,0 +1,14 @@
+#include <filesystem>
+#include <system_error>
+
+#include "cli/ProgramFile.h"
+
+namespace tovarek {
+
+std::string ProgramFile() {
+    std::error_code none;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", none);
+    return none ? std::string() : program.string();
+}
+
+}  // namespace tovarek

@@ -1,0 +1,471 @@
+#include "support/Xml_msxml.h"
+
+#include <windows.h>
+// The header wants the types of windows.h.
+#include <msxml2.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "support/ComPtr.h"
+#include "support/Files.h"
+#include "support/Wide.h"
+#include "support/XmlProlog.h"
+
+// No library holds the identifier of this interface.
+__CRT_UUID_DECL(IXMLDOMDocument2, 0x2933BF95, 0x7B36, 0x11D2, 0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60)
+
+namespace tovarek {
+
+using DomNode = ComPtr<IXMLDOMNode>;
+
+struct XmlNode::Owner {
+    DomNode node;
+    ComPtr<IDispatch> given;  // the object of the host, where the node came from one
+    std::shared_ptr<const std::string> file;
+};
+
+struct XmlNodeAccess {
+    static XmlNode Make(DomNode node, std::shared_ptr<const std::string> file, ComPtr<IDispatch> given = {}) {
+        if (!node)
+            return {};
+        const void* const identity = node.Get();
+        return {std::make_shared<const XmlNode::Owner>(
+                    XmlNode::Owner{std::move(node), std::move(given), std::move(file)}),
+                identity};
+    }
+    static const XmlNode::Owner* Open(const XmlNode& node) { return node.owner_.get(); }
+};
+
+namespace {
+
+// A string of the platform.
+class Bstr {
+  public:
+    Bstr() = default;
+    explicit Bstr(std::wstring_view text)
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+        if (text_ == nullptr)
+            throw std::bad_alloc();
+    }
+    ~Bstr() { SysFreeString(text_); }
+    Bstr(const Bstr&) = delete;
+    Bstr& operator=(const Bstr&) = delete;
+
+    BSTR Get() const { return text_; }
+    BSTR* Out() { return &text_; }
+    std::wstring_view View() const { return {text_ == nullptr ? L"" : text_, SysStringLen(text_)}; }
+
+  private:
+    BSTR text_ = nullptr;
+};
+
+class Variant {
+  public:
+    Variant() { VariantInit(&value_); }
+    ~Variant() { VariantClear(&value_); }
+    Variant(const Variant&) = delete;
+    Variant& operator=(const Variant&) = delete;
+
+    VARIANT& Get() { return value_; }
+
+    // `bytes` as an array, which the parser decodes as it would decode a file.
+    void SetBytes(std::string_view bytes) {
+        SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
+        if (array == nullptr)
+            throw std::bad_alloc();
+        value_.vt = VT_ARRAY | VT_UI1;
+        value_.parray = array;
+        void* data = nullptr;
+        if (SUCCEEDED(SafeArrayAccessData(array, &data))) {
+            std::memcpy(data, bytes.data(), bytes.size());
+            SafeArrayUnaccessData(array);
+        }
+    }
+    void SetText(std::wstring_view text) {
+        value_.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+        if (value_.bstrVal == nullptr)
+            throw std::bad_alloc();
+        value_.vt = VT_BSTR;
+    }
+
+  private:
+    VARIANT value_{};
+};
+
+// A DOM of a host may live elsewhere and stop to answer; that must not look like the end of a list.
+void Require(HRESULT status) {
+    if (SUCCEEDED(status))
+        return;
+    if (status == E_OUTOFMEMORY)
+        throw std::bad_alloc();
+    RaiseRuntimeError(RuntimeError::deviceIoError,
+                      {.reason = "the XML node cannot be read (status " + std::to_string(status) + ")"});
+}
+
+DOMNodeType TypeOf(const DomNode& node) {
+    DOMNodeType type = NODE_INVALID;
+    Require(node->get_nodeType(&type));
+    return type;
+}
+
+std::string NameOf(const DomNode& node) {
+    Bstr name;
+    Require(node->get_nodeName(name.Out()));
+    return FromWide(name.View());
+}
+
+// Behind a document type declaration: the platform may not know its siblings, but the document knows its
+// children.
+DomNode BehindDocumentType(const DomNode& declaration) {
+    ComPtr<IXMLDOMDocument> document;
+    ComPtr<IXMLDOMNodeList> children;
+    LONG count = 0;
+    Require(declaration->get_ownerDocument(document.Out()));
+    Require(document->get_childNodes(children.Out()));
+    Require(children->get_length(&count));
+    bool isBehind = false;
+    for (LONG i = 0; i < count; ++i) {
+        DomNode child;
+        Require(children->get_item(i, child.Out()));
+        if (isBehind)
+            return child;
+        isBehind = TypeOf(child) == NODE_DOCUMENT_TYPE;
+    }
+    return {};
+}
+
+DomNode SiblingOf(const DomNode& node) {
+    if (TypeOf(node) == NODE_DOCUMENT_TYPE)
+        return BehindDocumentType(node);
+    DomNode next;
+    Require(node->get_nextSibling(next.Out()));
+    return next;
+}
+
+DomNode ChildOf(const DomNode& node) {
+    DomNode child;
+    // The declarations inside a document type declaration are no content.
+    if (TypeOf(node) != NODE_DOCUMENT_TYPE)
+        Require(node->get_firstChild(child.Out()));
+    return child;
+}
+
+// What an entity stands for. The reference itself may not tell; an element that holds it always does.
+std::wstring ExpansionOf(const DomNode& reference) {
+    ComPtr<IXMLDOMDocument> document;
+    ComPtr<IXMLDOMElement> holder;
+    DomNode copy;
+    DomNode added;
+    Bstr text;
+    Require(reference->get_ownerDocument(document.Out()));
+    Require(document->createElement(Bstr(L"holder").Get(), holder.Out()));
+    Require(reference->cloneNode(VARIANT_TRUE, copy.Out()));
+    Require(holder->appendChild(copy.Get(), added.Out()));
+    Require(holder->get_text(text.Out()));
+    return std::wstring(text.View());
+}
+
+// The value of the node itself: get_text is trimmed, and the typed value is that of the whole parent element.
+std::wstring ValueOf(const DomNode& node) {
+    Variant value;
+    Require(node->get_nodeValue(&value.Get()));
+    if (value.Get().vt != VT_BSTR)
+        return {};
+    return {value.Get().bstrVal == nullptr ? L"" : value.Get().bstrVal, SysStringLen(value.Get().bstrVal)};
+}
+
+bool IsText(DOMNodeType type) {
+    return type == NODE_TEXT || type == NODE_ENTITY_REFERENCE;
+}
+
+// References stand in the tree between the texts around them; for us they are one text, and its first node
+// stands for it. Two texts without a reference between them, as only a host makes them, stay two.
+bool BelongTogether(DOMNodeType type, DOMNodeType next) {
+    return next == NODE_ENTITY_REFERENCE || (type == NODE_ENTITY_REFERENCE && next == NODE_TEXT);
+}
+
+// One text: `text` is told, the node behind it answered.
+DomNode ReadRun(const DomNode& first, std::wstring& text) {
+    DomNode node = first;
+    DOMNodeType type = TypeOf(node);
+    while (true) {
+        text += type == NODE_TEXT ? ValueOf(node) : ExpansionOf(node);
+        DomNode next = SiblingOf(node);
+        if (!next)
+            return {};
+        const DOMNodeType nextType = TypeOf(next);
+        if (!BelongTogether(type, nextType))
+            return next;
+        node = std::move(next);
+        type = nextType;
+    }
+}
+
+bool IsBlank(const std::wstring& text) {
+    return text.find_first_not_of(L" \t\r\n") == std::wstring::npos;
+}
+
+// The first node from `node` on that exists for us.
+DomNode SkipBlankText(DomNode node) {
+    while (node && IsText(TypeOf(node))) {
+        std::wstring text;
+        DomNode next = ReadRun(node, text);
+        if (!IsBlank(text))
+            break;
+        node = std::move(next);
+    }
+    return node;
+}
+
+// ---- loading ----
+
+// Why a document is refused.
+struct Refusal {
+    std::string reason;
+    int line = 0;
+};
+
+ComPtr<IXMLDOMDocument2> NewDocument() {
+    CLSID id{};
+    ComPtr<IXMLDOMDocument2> document;
+    Require(CLSIDFromProgID(L"MSXML2.DOMDocument", &id));
+    const auto create = [&] {
+        return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument2),
+                                document.OutVoid());
+    };
+    HRESULT status = create();
+    if (status == CO_E_NOTINITIALIZED) {
+        // A C++ program that knows nothing of COM. It keeps it until it ends: nodes may outlive every scope
+        // of ours.
+        Require(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
+        status = create();
+    }
+    Require(status);
+    return document;
+}
+
+void Refuse(std::string reason) {
+    throw Refusal{std::move(reason)};
+}
+
+// Reads the document's own DTD file into `prolog`; nothing else outside the document is read.
+void ReadDtd(const std::string& path, XmlProlog& prolog) {
+    const std::string& name = prolog.SystemId();
+    if (name.find("://") != std::string::npos)
+        Refuse("the document type definition '" + name + "' is not a file beside the document");
+    const bool isAbsolute =
+        name.starts_with('\\') || name.starts_with('/') || name.find(':') != std::string::npos;
+    const std::size_t folderEnd = path.find_last_of("\\/:");
+    const std::string folder = folderEnd == std::string::npos ? std::string() : path.substr(0, folderEnd + 1);
+    try {
+        prolog.ReadExternalPart(ReadFile(isAbsolute ? name : folder + name));
+    } catch (const Error& error) {
+        Refuse("the document type definition '" + name + "' cannot be read: " + error.Description());
+    }
+}
+
+// Throws a Refusal when `fault` tells one.
+void CheckFault(IXMLDOMParseError* fault) {
+    LONG code = 0;
+    if (fault == nullptr || FAILED(fault->get_errorCode(&code)) || code == 0)
+        return;
+    Bstr reason;
+    LONG line = 0;
+    fault->get_reason(reason.Out());
+    fault->get_line(&line);
+    std::string text = FromWide(reason.View());
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    throw Refusal{text.empty() || text == "error" ? "not an XML document" : text,
+                  static_cast<int>(std::max(line, 0L))};
+}
+
+void Parse(IXMLDOMDocument2& document, const std::string& path, std::string_view bytes,
+           const XmlProlog& prolog) {
+    const bool hasDtdFile = !prolog.SystemId().empty();
+    Variant source;
+    // The bytes that were looked at are the bytes that are parsed, whatever the file's name is made of. Only
+    // with a name the parser finds a DTD file beside the document.
+    if (hasDtdFile)
+        source.SetText(ToWide(path));
+    else
+        source.SetBytes(bytes);
+    Require(document.put_async(VARIANT_FALSE));
+    Require(document.put_validateOnParse(VARIANT_TRUE));
+    Require(document.put_resolveExternals(hasDtdFile ? VARIANT_TRUE : VARIANT_FALSE));
+    // Blank texts are skipped by us; the others must keep their white space.
+    Require(document.put_preserveWhiteSpace(VARIANT_TRUE));
+
+    VARIANT_BOOL isLoaded = VARIANT_FALSE;
+    ComPtr<IXMLDOMParseError> fault;
+    Require(document.load(source.Get(), &isLoaded));
+    Require(document.get_parseError(fault.Out()));
+    CheckFault(fault.Get());
+    if (isLoaded == VARIANT_FALSE)
+        Refuse("not an XML document");
+}
+
+// The parser may have loaded a document that does not follow its document type definition.
+void Validate(IXMLDOMDocument2& document) {
+    ComPtr<IXMLDOMDocumentType> declaration;
+    ComPtr<IXMLDOMParseError> fault;
+    if (FAILED(document.get_doctype(declaration.Out())) || !declaration)
+        return;
+    const HRESULT status = document.validate(fault.Out());
+    CheckFault(fault.Get());
+    if (status != S_OK)
+        Refuse("the document does not follow its document type definition");
+}
+
+// Refuses what the tree must not hold: elements without end, and entities that stand for more than text.
+void CheckTree(const DomNode& document, const XmlProlog& prolog) {
+    std::vector<DomNode> path;  // from the document down to the node before the one at hand
+    DomNode node = ChildOf(document);
+    while (node || !path.empty()) {
+        if (!node) {
+            node = SiblingOf(path.back());
+            path.pop_back();
+            continue;
+        }
+        const DOMNodeType type = TypeOf(node);
+        if (type == NODE_ENTITY_REFERENCE && !prolog.IsPlainText(NameOf(node)))
+            Refuse("only entities that stand for plain text are read: " + NameOf(node));
+        if (type == NODE_ELEMENT) {
+            if (path.size() >= static_cast<std::size_t>(kDeepestXml))
+                Refuse("elements are nested deeper than " + std::to_string(kDeepestXml) + " levels");
+            DomNode child = ChildOf(node);
+            path.push_back(std::move(node));
+            node = std::move(child);
+        } else {
+            node = SiblingOf(node);
+        }
+    }
+}
+
+DomNode Load(const std::string& path) {
+    const std::string bytes = ReadFile(path);
+    XmlProlog prolog(bytes);
+    if (!prolog.SystemId().empty())
+        ReadDtd(path, prolog);
+    if (prolog.UsesExternalParameters())
+        Refuse("external entities are not read");
+    const ComPtr<IXMLDOMDocument2> document = NewDocument();
+    Parse(*document.Get(), path, bytes, prolog);
+    Validate(*document.Get());
+    DomNode node;
+    Require(document->QueryInterface(IID_IXMLDOMNode, node.OutVoid()));
+    CheckTree(node, prolog);
+    return node;
+}
+
+}  // namespace
+
+XmlNode NodeOfHost(IDispatch* object) {
+    DomNode node;
+    if (object == nullptr || FAILED(object->QueryInterface(IID_IXMLDOMNode, node.OutVoid())))
+        return {};
+    return XmlNodeAccess::Make(std::move(node), nullptr, ComPtr<IDispatch>::Share(object));
+}
+
+IDispatch* HostObject(const XmlNode& node) {
+    const auto* const owner = XmlNodeAccess::Open(node);
+    return owner == nullptr ? nullptr : owner->given.Get();
+}
+
+XmlNodeKind XmlNode::Kind() const {
+    if (!owner_)
+        return XmlNodeKind::none;
+    switch (TypeOf(owner_->node)) {
+        case NODE_ELEMENT:
+            return XmlNodeKind::element;
+        case NODE_TEXT:
+        case NODE_ENTITY_REFERENCE:
+            return XmlNodeKind::text;
+        case NODE_CDATA_SECTION:
+            return XmlNodeKind::cdata;
+        case NODE_PROCESSING_INSTRUCTION:
+            return XmlNodeKind::processingInstruction;
+        case NODE_COMMENT:
+            return XmlNodeKind::comment;
+        case NODE_DOCUMENT_TYPE:
+            return XmlNodeKind::documentType;
+        default:
+            return XmlNodeKind::other;
+    }
+}
+
+std::string XmlNode::Name() const {
+    return IsElement() ? NameOf(owner_->node) : std::string();
+}
+
+std::string XmlNode::Text() const {
+    if (Kind() != XmlNodeKind::text)
+        return {};
+    std::wstring text;
+    ReadRun(owner_->node, text);
+    return FromWide(text);
+}
+
+int XmlNode::Line() const {
+    return 0;
+}
+
+const std::string& XmlNode::File() const {
+    static const std::string none;
+    return owner_ && owner_->file ? *owner_->file : none;
+}
+
+XmlNode XmlNode::FirstChild() const {
+    return owner_ ? XmlNodeAccess::Make(SkipBlankText(ChildOf(owner_->node)), owner_->file) : XmlNode();
+}
+
+XmlNode XmlNode::NextSibling() const {
+    if (!owner_)
+        return {};
+    DomNode next;
+    if (IsText(TypeOf(owner_->node))) {
+        std::wstring text;
+        next = ReadRun(owner_->node, text);
+    } else {
+        next = SiblingOf(owner_->node);
+    }
+    return XmlNodeAccess::Make(SkipBlankText(std::move(next)), owner_->file);
+}
+
+std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
+    std::vector<std::pair<std::string, std::string>> attributes;
+    if (!IsElement())
+        return attributes;
+    ComPtr<IXMLDOMNamedNodeMap> map;
+    LONG count = 0;
+    Require(owner_->node->get_attributes(map.Out()));
+    Require(map->get_length(&count));
+    for (LONG i = 0; i < count; ++i) {
+        DomNode attribute;
+        Require(map->get_item(i, attribute.Out()));
+        std::string name = NameOf(attribute);
+        // Declarations of name spaces are no attributes.
+        if (name != "xmlns" && !name.starts_with("xmlns:"))
+            attributes.emplace_back(std::move(name), FromWide(ValueOf(attribute)));
+    }
+    return attributes;
+}
+
+XmlDocument::XmlDocument(const std::string& path) {
+    try {
+        auto file = std::make_shared<const std::string>(path);
+        owner_ = std::make_shared<const XmlNode::Owner>(XmlNode::Owner{Load(path), {}, std::move(file)});
+    } catch (const Refusal& refusal) {
+        reason_ = refusal.reason;
+        line_ = refusal.line;
+    } catch (const Error& error) {
+        reason_ = error.Description();
+    }
+}
+
+XmlNode XmlDocument::FirstNode() const {
+    return owner_ ? XmlNodeAccess::Make(SkipBlankText(ChildOf(owner_->node)), owner_->file) : XmlNode();
+}
+
+}  // namespace tovarek
