@@ -4,7 +4,9 @@
 add_library(tovarek_settings INTERFACE)
 target_compile_features(tovarek_settings INTERFACE cxx_std_20)
 target_compile_options(tovarek_settings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Woverloaded-virtual
+  # Interfaces of COM have no destructor: their objects end themselves.
+  $<$<NOT:$<PLATFORM_ID:Windows>>:-Wnon-virtual-dtor>
   # Contexts of errors name the members that are known and leave the others out.
   -Wno-missing-field-initializers
   # GCC 12 warns without cause where a literal and a string are joined in optimised code.
@@ -28,10 +30,22 @@ function(tovarek_settings target)
   endif()
 endfunction()
 
+# tovarek_check_includes(<target> FOLDER <folder under src> [ROOMS <rooms it may include from>])
+#
+# An include of a header of any room but these and its own ends the build, before the target is compiled.
+function(tovarek_check_includes target)
+  cmake_parse_arguments(CHECK "" "FOLDER" "ROOMS" ${ARGN})
+  string(REPLACE ";" "," allowed "${CHECK_ROOMS}")
+  add_custom_target(${target}_includes
+    COMMAND ${CMAKE_COMMAND} -DROOT=${PROJECT_SOURCE_DIR}/src -DROOM=${CHECK_FOLDER} -DALLOWED=${allowed}
+            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    VERBATIM)
+  add_dependencies(${target} ${target}_includes)
+endfunction()
+
 # tovarek_room(<target> FOLDER <folder under src> SOURCES <files> [ROOMS <rooms it may include from>] [LIBRARIES <libraries>])
 #
-# The rooms below are named as folders. An include of any other room's header ends the build: a check runs before
-# the room is compiled.
+# A room of the library. Rooms are named as folders.
 function(tovarek_room target)
   cmake_parse_arguments(ROOM "" "FOLDER" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
   add_library(${target} OBJECT ${ROOM_SOURCES})
@@ -39,11 +53,6 @@ function(tovarek_room target)
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
   target_link_libraries(${target} PRIVATE ${ROOM_LIBRARIES})
 
-  string(REPLACE ";" "," allowed "${ROOM_ROOMS}")
-  add_custom_target(${target}_includes
-    COMMAND ${CMAKE_COMMAND} -DROOT=${PROJECT_SOURCE_DIR}/src -DROOM=${ROOM_FOLDER} -DALLOWED=${allowed}
-            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
-    VERBATIM)
-  add_dependencies(${target} ${target}_includes)
+  tovarek_check_includes(${target} FOLDER ${ROOM_FOLDER} ROOMS ${ROOM_ROOMS})
   set_property(GLOBAL APPEND PROPERTY TOVAREK_ROOMS ${target})
 endfunction()

@@ -15,6 +15,7 @@ constexpr RuntimeErrorRow kRuntimeErrors[] = {
     {RuntimeError::overflow, "overflow", "Overflow"},
     {RuntimeError::outOfMemory, "outOfMemory", "Out of memory"},
     {RuntimeError::subscriptOutOfRange, "subscriptOutOfRange", "Subscript out of range"},
+    {RuntimeError::typeMismatch, "typeMismatch", "Type mismatch"},
     {RuntimeError::outOfStackSpace, "outOfStackSpace", "Out of stack space"},
     {RuntimeError::fileNotFound, "fileNotFound", "File not found"},
     {RuntimeError::deviceIoError, "deviceIoError", "Device I/O error"},

@@ -28,6 +28,7 @@ enum class RuntimeError : std::int32_t {
     overflow = 6,
     outOfMemory = 7,
     subscriptOutOfRange = 9,
+    typeMismatch = 13,
     outOfStackSpace = 28,
     fileNotFound = 53,
     deviceIoError = 57,

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "support/Bstr.h"
 #include "support/ComPtr.h"
 #include "support/Files.h"
 #include "support/Wide.h"
@@ -39,27 +40,6 @@ struct XmlNodeAccess {
 
 namespace {
 
-// A string of the platform.
-class Bstr {
-  public:
-    Bstr() = default;
-    explicit Bstr(std::wstring_view text)
-        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
-        if (text_ == nullptr)
-            throw std::bad_alloc();
-    }
-    ~Bstr() { SysFreeString(text_); }
-    Bstr(const Bstr&) = delete;
-    Bstr& operator=(const Bstr&) = delete;
-
-    BSTR Get() const { return text_; }
-    BSTR* Out() { return &text_; }
-    std::wstring_view View() const { return {text_ == nullptr ? L"" : text_, SysStringLen(text_)}; }
-
-  private:
-    BSTR text_ = nullptr;
-};
-
 class Variant {
   public:
     Variant() { VariantInit(&value_); }
@@ -83,9 +63,7 @@ class Variant {
         }
     }
     void SetText(std::wstring_view text) {
-        value_.bstrVal = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-        if (value_.bstrVal == nullptr)
-            throw std::bad_alloc();
+        value_.bstrVal = NewBstr(text);
         value_.vt = VT_BSTR;
     }
 
@@ -170,9 +148,7 @@ std::wstring ExpansionOf(const DomNode& reference) {
 std::wstring ValueOf(const DomNode& node) {
     Variant value;
     Require(node->get_nodeValue(&value.Get()));
-    if (value.Get().vt != VT_BSTR)
-        return {};
-    return {value.Get().bstrVal == nullptr ? L"" : value.Get().bstrVal, SysStringLen(value.Get().bstrVal)};
+    return value.Get().vt == VT_BSTR ? std::wstring(ViewOf(value.Get().bstrVal)) : std::wstring();
 }
 
 bool IsText(DOMNodeType type) {

@@ -1,0 +1,36 @@
+#include "automation/Status.h"
+
+#include <QVTovarek_h.h>
+
+#include "support/Bstr.h"
+#include "support/ComPtr.h"
+#include "support/Wide.h"
+
+namespace tovarek {
+
+HRESULT StatusOf(std::int32_t number) {
+    constexpr std::int32_t kFirstRuntimeStatus = static_cast<std::int32_t>(0x800A0000U);
+    if (number == static_cast<std::int32_t>(RuntimeError::outOfMemory))
+        return E_OUTOFMEMORY;
+    return number < 0 ? number : kFirstRuntimeStatus + number;
+}
+
+HRESULT Fail(HRESULT status, std::string_view description) noexcept {
+    // Without memory for the description the status must do.
+    try {
+        ComPtr<ICreateErrorInfo> made;
+        ComPtr<IErrorInfo> information;
+        if (FAILED(CreateErrorInfo(made.Out())))
+            return status;
+        made->SetGUID(IID__Tovarek);
+        made->SetSource(Bstr(ToWide(kErrorSource)).Get());
+        made->SetDescription(Bstr(ToWide(description)).Get());
+        if (SUCCEEDED(made->QueryInterface(IID_IErrorInfo, information.OutVoid())))
+            SetErrorInfo(0, information.Get());
+    } catch (const std::exception&) {
+        SetErrorInfo(0, nullptr);
+    }
+    return status;
+}
+
+}  // namespace tovarek
