@@ -1,5 +1,11 @@
 # What an installation holds: the library with its headers and CMake package, the program, the standard catalog, the
 # examples and the documents.
+if(WIN32)
+  # Programs use the automation server there; its package has a form of its own.
+  include(cmake/Package.cmake)
+  return()
+endif()
+
 include(CMakePackageConfigHelpers)
 
 install(TARGETS tovarek EXPORT TovarekTargets

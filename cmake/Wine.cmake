@@ -66,11 +66,11 @@ add_test(NAME wine.down COMMAND /usr/bin/env ${WINE_ENV} wineserver -k)
 set_tests_properties(wine.up PROPERTIES FIXTURES_SETUP wine TIMEOUT 120)
 set_tests_properties(wine.down PROPERTIES FIXTURES_CLEANUP wine TIMEOUT 120)
 
-# tovarek_wine_gtest(<target>): the target's GoogleTest cases as one test. A program may also die in silence, with any
-# status: it must both say that all passed and end with 0.
+# tovarek_wine_gtest(<target> [<arguments>]): the target's GoogleTest cases as one test. A program may also die in
+# silence, with any status: it must both say that all passed and end with 0.
 function(tovarek_wine_gtest target)
   add_test(NAME ${target}
-    COMMAND sh -c "\"$@\"; echo \"ended with status $?\"" sh ${TOVAREK_WINE_RUN} $<TARGET_FILE:${target}>)
+    COMMAND sh -c "\"$@\"; echo \"ended with status $?\"" sh ${TOVAREK_WINE_RUN} $<TARGET_FILE:${target}> ${ARGN})
   set_tests_properties(${target} PROPERTIES
     FIXTURES_REQUIRED wine
     TIMEOUT 600

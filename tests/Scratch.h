@@ -2,13 +2,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 #include <optional>
+#include <random>
 #include <string>
+#include <string_view>
 
+#include "Platform.h"
 #include "support/Error.h"
 #include "support/Files.h"
 
@@ -18,10 +19,11 @@ namespace tovarek::test {
 class Scratch {
   public:
     Scratch() {
-        static std::atomic<int> counter = 0;
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("tovarek-test-" + std::to_string(getpid()) + "-" + std::to_string(counter++));
-        std::filesystem::create_directories(folder_);
+        // Tests run side by side: a name that is taken is another test's.
+        do
+            folder_ = std::filesystem::temp_directory_path() /
+                      ("tovarek-test-" + std::to_string(std::random_device()()));
+        while (!std::filesystem::create_directory(folder_));
     }
     ~Scratch() {
         std::error_code ignored;
@@ -30,8 +32,9 @@ class Scratch {
     Scratch(const Scratch&) = delete;
     Scratch& operator=(const Scratch&) = delete;
 
-    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-    std::string Folder() const { return folder_.string(); }
+    // The path of `name`, UTF-8 with "/" between folders, as the system spells it.
+    std::string Path(const std::string& name) const { return SystemSpelling(folder_ / StandardPath(name)); }
+    std::string Folder() const { return SystemSpelling(folder_); }
     // Writes a file and answers its path.
     std::string File(const std::string& name, std::string_view content) const {
         WriteFile(Path(name), content);

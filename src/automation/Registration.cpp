@@ -8,6 +8,8 @@
 
 #include "automation/Module.h"
 #include "automation/Status.h"
+#include "automation/TypeLibrary.h"
+#include "support/Bstr.h"
 #include "support/ComPtr.h"
 
 namespace tovarek {
@@ -15,9 +17,6 @@ namespace {
 
 constexpr const wchar_t* kProgId = L"QVTovarek.Tovarek";
 constexpr const wchar_t* kVersionedProgId = L"QVTovarek.Tovarek.1";
-constexpr const wchar_t* kDescription = L"XIF and types files generator";
-constexpr WORD kLibraryMajor = 1;
-constexpr WORD kLibraryMinor = 0;
 
 #ifdef _WIN64
 constexpr SYSKIND kSystem = SYS_WIN64;
@@ -43,25 +42,43 @@ std::wstring ClassKey() {
     return L"CLSID\\" + TextOf(CLSID_Tovarek);
 }
 
-std::vector<RegistryValue> RegistryValues(const std::wstring& path) {
+// What the type library says of itself.
+struct LibraryFacts {
+    std::wstring description;
+    WORD major = 0;
+    WORD minor = 0;
+};
+
+LibraryFacts FactsOf(ITypeLib& library) {
+    Bstr description;
+    TLIBATTR* attributes = nullptr;
+    if (FAILED(library.GetDocumentation(-1, nullptr, description.Out(), nullptr, nullptr)) ||
+        FAILED(library.GetLibAttr(&attributes)))
+        throw StatusError(SELFREG_E_TYPELIB, "The type library cannot be read");
+    LibraryFacts facts{std::wstring(description.View()), attributes->wMajorVerNum, attributes->wMinorVerNum};
+    library.ReleaseTLibAttr(attributes);
+    return facts;
+}
+
+std::vector<RegistryValue> RegistryValues(const LibraryFacts& library) {
     const std::wstring id = TextOf(CLSID_Tovarek);
     const std::wstring key = ClassKey();
     const std::wstring progId = kProgId;
     const std::wstring versioned = kVersionedProgId;
     return {
-        {progId, nullptr, kDescription},
+        {progId, nullptr, library.description},
         {progId + L"\\CLSID", nullptr, id},
         {progId + L"\\CurVer", nullptr, versioned},
-        {versioned, nullptr, kDescription},
+        {versioned, nullptr, library.description},
         {versioned + L"\\CLSID", nullptr, id},
-        {key, nullptr, kDescription},
-        {key + L"\\InprocServer32", nullptr, path},
+        {key, nullptr, library.description},
+        {key + L"\\InprocServer32", nullptr, ModulePath()},
         {key + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
         {key + L"\\ProgID", nullptr, versioned},
         {key + L"\\VersionIndependentProgID", nullptr, progId},
         {key + L"\\Programmable", nullptr, L""},
         {key + L"\\TypeLib", nullptr, TextOf(LIBID_QVTovarek)},
-        {key + L"\\VERSION", nullptr, std::to_wstring(kLibraryMajor) + L"." + std::to_wstring(kLibraryMinor)},
+        {key + L"\\VERSION", nullptr, std::to_wstring(library.major) + L"." + std::to_wstring(library.minor)},
     };
 }
 
@@ -97,20 +114,13 @@ bool IsOtherWidthRegistered() {
     return true;
 }
 
-void RegisterLibrary(const std::wstring& path) {
-    ComPtr<ITypeLib> library;
-    if (FAILED(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.Out())))
-        throw StatusError(SELFREG_E_TYPELIB, "The type library cannot be registered");
-}
-
 }  // namespace
 
 void RegisterServer() {
     try {
-        const std::wstring path = ModulePath();
-        for (const RegistryValue& value : RegistryValues(path))
+        const ComPtr<ITypeLib> library = LoadOwnTypeLibrary(REGKIND_REGISTER);
+        for (const RegistryValue& value : RegistryValues(FactsOf(*library.Get())))
             Write(value);
-        RegisterLibrary(path);
     } catch (...) {
         try {
             UnregisterServer();
@@ -122,8 +132,9 @@ void RegisterServer() {
 }
 
 void UnregisterServer() {
+    const LibraryFacts library = FactsOf(*LoadOwnTypeLibrary(REGKIND_NONE).Get());
     // Absent registrations answer as failures do, so failures of this call tell nothing.
-    UnRegisterTypeLib(LIBID_QVTovarek, kLibraryMajor, kLibraryMinor, LOCALE_NEUTRAL, kSystem);
+    UnRegisterTypeLib(LIBID_QVTovarek, library.major, library.minor, LOCALE_NEUTRAL, kSystem);
     RemoveTree(ClassKey().c_str());
     if (IsOtherWidthRegistered())
         return;

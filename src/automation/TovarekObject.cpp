@@ -1,18 +1,17 @@
 #include "automation/TovarekObject.h"
 
+#include "automation/TypeLibrary.h"
+
 namespace tovarek {
 namespace {
 
-// The description of the interface, from the type library in the server's own file: no registration is
-// needed.
+// The description of the interface; no registration is needed for it.
 ComPtr<ITypeInfo> LoadTypeInfo() {
-    ComPtr<ITypeLib> library;
     ComPtr<ITypeInfo> information;
-    HRESULT status = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Out());
-    if (SUCCEEDED(status))
-        status = library->GetTypeInfoOfGuid(IID__Tovarek, information.Out());
+    const HRESULT status =
+        LoadOwnTypeLibrary(REGKIND_NONE)->GetTypeInfoOfGuid(IID__Tovarek, information.Out());
     if (FAILED(status))
-        throw StatusError(status, "The type library cannot be loaded");
+        throw StatusError(status, "The type library does not describe the interface");
     return information;
 }
 

@@ -74,6 +74,8 @@ std::intptr_t OpenOrRaise(std::string_view path, DWORD access, DWORD share, DWOR
 }
 
 HANDLE Handle(std::intptr_t value) {
+    // The system's handles are numbers that it calls pointers.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<HANDLE>(value);
 }
 

@@ -142,10 +142,11 @@ std::string EncodeIni(std::string_view text, IniEncoding encoding) {
 std::size_t CaselessHash::operator()(std::string_view name) const {
     if (!IsAscii(name))
         return std::hash<std::string>()(UpperCase(name));
-    std::size_t hash = 14695981039346656037U;
+    std::uint64_t hash = 14695981039346656037U;
     for (const char c : name)
         hash = (hash ^ static_cast<unsigned char>(AsciiUpper(c))) * 1099511628211U;
-    return hash;
+    // Where a size has 32 bits the upper half must still count.
+    return static_cast<std::size_t>(hash ^ (sizeof(std::size_t) < sizeof hash ? hash >> 32U : 0));
 }
 
 bool CaselessEqual::operator()(std::string_view a, std::string_view b) const {

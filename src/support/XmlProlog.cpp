@@ -11,22 +11,41 @@
 namespace tovarek {
 namespace {
 
-// The document without a mark, in a form whose ASCII characters are bytes of their own; markup is made of
-// nothing else. `converted` holds it where it is not the document itself.
-std::string_view Readable(std::string_view document, std::string& converted) {
+enum class Units { bytes, littleEndian, bigEndian };
+
+// What the characters of a document are made of.
+Units UnitsOf(std::string_view document) {
     const auto byte = [&](std::size_t i) {
         return i < document.size() ? static_cast<unsigned char>(document[i]) : 0xFFU;
     };
-    const bool littleEndian = (byte(0) == 0xFF && byte(1) == 0xFE) || (byte(0) == '<' && byte(1) == 0);
-    const bool bigEndian = (byte(0) == 0xFE && byte(1) == 0xFF) || (byte(0) == 0 && byte(1) == '<');
-    if (littleEndian || bigEndian) {
-        converted = FromUtf16(document, bigEndian);
+    if ((byte(0) == 0xFF && byte(1) == 0xFE) || (byte(0) == '<' && byte(1) == 0))
+        return Units::littleEndian;
+    if ((byte(0) == 0xFE && byte(1) == 0xFF) || (byte(0) == 0 && byte(1) == '<'))
+        return Units::bigEndian;
+    return Units::bytes;
+}
+
+// The document without a mark, in a form whose ASCII characters are bytes of their own; markup is made of
+// nothing else. `converted` holds it where it is not the document itself.
+std::string_view Readable(std::string_view document, std::string& converted) {
+    const Units units = UnitsOf(document);
+    if (units != Units::bytes) {
+        converted = FromUtf16(document, units == Units::bigEndian);
         document = converted;
     }
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     if (document.starts_with(kMark))
         document.remove_prefix(kMark.size());
     return document;
+}
+
+// Whether the bytes of a readable document are UTF-8; else only its ASCII characters are known.
+bool IsUnicode(std::string_view document, std::string_view readable) {
+    if (UnitsOf(document) != Units::bytes || !readable.starts_with("<?xml"))
+        return true;
+    const std::string declaration = UpperCase(readable.substr(0, readable.find("?>")));
+    return declaration.find("ENCODING") == std::string::npos ||
+           declaration.find("UTF-8") != std::string::npos;
 }
 
 constexpr bool IsSpace(char c) {
@@ -84,10 +103,17 @@ std::string StoredValue(std::string_view literal) {
 
 }  // namespace
 
+// How deep entities may refer to each other, and how many bytes parameter entities may stand for; more than
+// people write, and little enough to be looked at in no time.
+constexpr std::size_t kDeepestNesting = 100;
+constexpr std::size_t kLongestExpansion = 1'000'000;
+
 // Walks over declarations, from the front to the back.
 class XmlProlog::Scanner {
   public:
-    Scanner(XmlProlog& prolog, std::string_view text) : prolog_(prolog), rest_(text) {}
+    // `depth` counts the parameter entities that `text` is the value of.
+    Scanner(XmlProlog& prolog, std::string_view text, std::size_t depth = 0)
+        : prolog_(prolog), depth_(depth), start_(text.data()), rest_(text) {}
 
     // The front of a document: everything up to the document type declaration and that itself.
     void Document() {
@@ -105,23 +131,30 @@ class XmlProlog::Scanner {
         prolog_.hasDocumentType_ = true;
         SkipSpace();
         Name();
-        prolog_.systemId_ = ExternalId().value_or(std::string());
+        if (const auto systemId = ExternalId()) {
+            prolog_.systemId_ = *systemId;
+            prolog_.systemIdStart_ = static_cast<std::size_t>(systemId->data() - start_);
+        }
+        prolog_.declarationsEnd_ = Position();
         SkipSpace();
-        if (Take("["))
-            Declarations();
+        if (!Take("["))
+            return;
+        Declarations(']');
+        prolog_.hasInternalPart_ = true;
+        prolog_.declarationsEnd_ = Position();
     }
 
-    // Declarations up to the "]" that ends an internal part, or to the end.
-    void Declarations() {
-        while (!rest_.empty() && rest_.front() != ']') {
+    // Declarations up to `end`, or all of them.
+    void Declarations(char end = '\0') {
+        while (!rest_.empty() && (end == '\0' || rest_.front() != end)) {
             if (Take("<!--"))
                 SkipBehind("-->");
             else if (Take("<?"))
                 SkipBehind("?>");
             else if (Take("<!ENTITY"))
                 Entity();
-            else if (Take("<![") || Take("]]>"))
-                continue;  // a section of an external part: its content is declarations
+            else if (Take("<!["))
+                Section();
             else if (Take("<!"))
                 SkipDeclaration();
             else if (Take("%"))
@@ -139,21 +172,84 @@ class XmlProlog::Scanner {
         std::string name = Name();
         SkipSpace();
         std::optional<std::string> value;
-        if (const auto literal = Literal())
-            value = StoredValue(*literal);
-        Entities& entities = isParameter ? prolog_.parameters_ : prolog_.general_;
-        entities.try_emplace(std::move(name), std::move(value));
+        const auto literal = Literal();
+        if (literal) {
+            const bool hasParameters = literal->find('%') != std::string_view::npos;
+            if (hasParameters)
+                Scanner(prolog_, *literal, depth_).Parameters();
+            // The references in a parameter entity are looked at again where it is referred to.
+            if (isParameter || !hasParameters)
+                value = StoredValue(*literal);
+        }
+        if (isParameter)
+            prolog_.parameters_.try_emplace(std::move(name), std::move(value));
+        else if (const auto [place, isNew] = prolog_.general_.try_emplace(name, std::move(value));
+                 isNew && place->second && prolog_.readsExternalPart_)
+            Announce(name, *literal, place->second);
         SkipDeclaration();
     }
 
-    void Parameter() {
-        const auto found = prolog_.parameters_.find(Name());
-        if (found != prolog_.parameters_.end() && !found->second)
-            prolog_.usesExternalParameters_ = true;
+    // Keeps an entity of the external part for the document that is parsed; its value is lost where its
+    // characters are not known.
+    void Announce(const std::string& name, std::string_view literal, std::optional<std::string>& value) {
+        if (!prolog_.isUnicode_ && !(IsAscii(name) && IsAscii(literal))) {
+            value.reset();
+            return;
+        }
+        const char quote = literal.find('"') == std::string_view::npos ? '"' : '\'';
+        prolog_.outerEntities_.append("<!ENTITY ").append(name).append(" ");
+        prolog_.outerEntities_.append(1, quote).append(literal).append(1, quote).append(">");
+    }
+
+    // The references to parameter entities in the value of an entity.
+    void Parameters() {
+        while (!rest_.empty())
+            if (Take("%"))
+                Parameter();
+            else
+                rest_.remove_prefix(1);
+    }
+
+    // A reference to a parameter entity, where one stands behind "%": what it stands for is declarations, or
+    // a piece of one. Answers its value, null when there is none.
+    const std::string* Parameter() {
+        const std::string name = Name();
+        if (name.empty() || !Take(";") || prolog_.usesExternalParameters_)
+            return nullptr;
+        const auto found = prolog_.parameters_.find(name);
+        if (found != prolog_.parameters_.end() && found->second && depth_ < kDeepestNesting) {
+            const std::string& value = *found->second;
+            prolog_.expandedParameters_ += value.size() + 1;
+            if (prolog_.expandedParameters_ <= kLongestExpansion) {
+                Scanner(prolog_, value, depth_ + 1).Declarations();
+                return &value;
+            }
+        }
+        prolog_.usesExternalParameters_ = true;
+        return nullptr;
+    }
+
+    // A section of an external part, behind its "<![": declarations that count, or such that do not.
+    void Section() {
+        SkipSpace();
+        std::string keyword = Name();
+        if (Take("%"))
+            if (const std::string* value = Parameter())
+                keyword = *value;
+        if (keyword.find("IGNORE") == std::string::npos)
+            return;
+        for (int open = 1; open > 0 && !rest_.empty();) {
+            if (Take("<!["))
+                ++open;
+            else if (Take("]]>"))
+                --open;
+            else
+                rest_.remove_prefix(1);
+        }
     }
 
     // The system identifier of SYSTEM "..." or PUBLIC "..." "...", nothing when neither stands there.
-    std::optional<std::string> ExternalId() {
+    std::optional<std::string_view> ExternalId() {
         SkipSpace();
         const bool isPublic = Take("PUBLIC");
         if (!isPublic && !Take("SYSTEM"))
@@ -164,8 +260,10 @@ class XmlProlog::Scanner {
             SkipSpace();
             literal = Literal();
         }
-        return literal ? std::optional<std::string>(*literal) : std::nullopt;
+        return literal;
     }
+
+    std::size_t Position() const { return static_cast<std::size_t>(rest_.data() - start_); }
 
     bool Take(std::string_view word) {
         if (!rest_.starts_with(word))
@@ -205,30 +303,54 @@ class XmlProlog::Scanner {
     // Up to the ">" that is in no literal.
     void SkipDeclaration() {
         while (!rest_.empty() && !Take(">"))
-            if (!Literal())
+            if (Take("%"))
+                Parameter();
+            else if (!Literal())
                 rest_.remove_prefix(1);
     }
 
     XmlProlog& prolog_;
+    std::size_t depth_;
+    const char* start_;
     std::string_view rest_;
 };
 
 XmlProlog::XmlProlog(std::string_view document) {
     std::string converted;
-    Scanner(*this, Readable(document, converted)).Document();
+    const std::string_view text = Readable(document, converted);
+    isUnicode_ = IsUnicode(document, text);
+    Scanner(*this, text).Document();
+}
+
+std::string XmlProlog::ForParser(std::string_view document, std::string_view systemId) const {
+    std::string converted;
+    const std::string_view text = Readable(document, converted);
+    const Units units = UnitsOf(document);
+    const std::string_view all = units == Units::bytes ? document : converted;
+    const auto start = static_cast<std::size_t>(text.data() - all.data());
+    std::string moved(all);
+    if (!outerEntities_.empty())
+        moved.insert(start + declarationsEnd_,
+                     hasInternalPart_ ? outerEntities_ : "[" + outerEntities_ + "]");
+    moved.replace(start + systemIdStart_, systemId_.size(), systemId);
+    return units == Units::bytes ? moved : ToUtf16(moved, units == Units::bigEndian);
 }
 
 void XmlProlog::ReadExternalPart(std::string_view declarations) {
     std::string converted;
-    Scanner(*this, Readable(declarations, converted)).Declarations();
+    const std::string_view text = Readable(declarations, converted);
+    isUnicode_ = isUnicode_ && IsUnicode(declarations, text);
+    readsExternalPart_ = true;
+    Scanner(*this, text).Declarations();
 }
 
 bool XmlProlog::IsPlainText(const std::string& name) const {
     std::map<std::string, bool> known;
-    return IsPlainText(name, known);
+    return IsPlainText(name, known, 0);
 }
 
-bool XmlProlog::IsPlainText(const std::string& name, std::map<std::string, bool>& known) const {
+bool XmlProlog::IsPlainText(const std::string& name, std::map<std::string, bool>& known,
+                            std::size_t depth) const {
     constexpr auto kPredefined = std::to_array<std::string_view>({"amp", "lt", "gt", "quot", "apos"});
     if (std::find(kPredefined.begin(), kPredefined.end(), name) != kPredefined.end() ||
         ReferredCharacter(name) != 0)
@@ -238,15 +360,13 @@ bool XmlProlog::IsPlainText(const std::string& name, std::map<std::string, bool>
     if (!isNew)
         return seen->second;
     const auto found = general_.find(name);
-    // "%" may refer to a parameter entity, whose value nobody looked at.
-    constexpr std::size_t kDeepestNesting = 100;
-    if (found == general_.end() || !found->second || known.size() > kDeepestNesting ||
-        found->second->find_first_of("<%") != std::string::npos)
+    if (found == general_.end() || !found->second || depth >= kDeepestNesting ||
+        found->second->find('<') != std::string::npos)
         return false;
     bool plain = true;
     ForEachReference(
         *found->second,
-        [&](std::string_view inner) { plain = plain && IsPlainText(std::string(inner), known); },
+        [&](std::string_view inner) { plain = plain && IsPlainText(std::string(inner), known, depth + 1); },
         [](std::string_view /*text*/) {});
     known[name] = plain;
     return plain;

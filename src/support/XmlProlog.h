@@ -2,6 +2,7 @@
 // which entities stand for plain text. It finds declarations, it does not check them; the parser does.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -19,11 +20,17 @@ class XmlProlog {
     // The system identifier of the external part of the document type definition, empty when it has none.
     const std::string& SystemId() const { return systemId_; }
 
+    // `document`, which this prolog was read from, for a parser that does not know where it lies: with
+    // `systemId` (ASCII, without quotes) in the place of the one that stands there, and with the entities of
+    // the external part that stand for text, because a parser may read that part only after the content.
+    std::string ForParser(std::string_view document, std::string_view systemId) const;
+
     // Reads the declarations of the external part. What was declared before stays: the first declaration
     // counts.
     void ReadExternalPart(std::string_view declarations);
 
-    // True when a parameter entity that lies outside the document is referred to.
+    // True when a parameter entity that lies outside the document is referred to; also when nobody can tell,
+    // because one was not declared in front of the reference or they expand without measure.
     bool UsesExternalParameters() const { return usesExternalParameters_; }
 
     // True when the general entity `name` is declared and stands for text alone: no markup, nothing from
@@ -32,16 +39,27 @@ class XmlProlog {
 
   private:
     class Scanner;
-    // The value between its quotes, character references resolved; nothing for an external entity.
+    // The value between its quotes, character references resolved; nothing for an external entity and for one
+    // whose value is put together from others.
     using Entities = std::map<std::string, std::optional<std::string>, std::less<>>;
 
-    bool IsPlainText(const std::string& name, std::map<std::string, bool>& known) const;
+    bool IsPlainText(const std::string& name, std::map<std::string, bool>& known, std::size_t depth) const;
 
     Entities general_;
     Entities parameters_;
     std::string systemId_;
+    // Counted in the document without a mark, in UTF-8 where it is UTF-16: where the system identifier
+    // begins, and where declarations can be added.
+    std::size_t systemIdStart_ = 0;
+    std::size_t declarationsEnd_ = 0;
+    bool hasInternalPart_ = false;
+    // The external part's entities that stand for text, as they were declared.
+    std::string outerEntities_;
+    bool readsExternalPart_ = false;
+    bool isUnicode_ = true;  // the document, and the external part as well once it was read
     bool hasDocumentType_ = false;
     bool usesExternalParameters_ = false;
+    std::size_t expandedParameters_ = 0;  // bytes that references stood for so far
 };
 
 }  // namespace tovarek

@@ -147,6 +147,28 @@ xmlEntityPtr GetParameterEntity(void* context, const xmlChar* name) {
     return RefuseExternal(context, xmlSAX2GetParameterEntity(context, name));
 }
 
+// Whether elements nest deeper than kDeepestXml. The parser's own limit is another one, and it begins anew in
+// every entity.
+bool IsTooDeep(const xmlDoc* tree) {
+    const xmlNode* node = tree->children;
+    for (int depth = 1; node != nullptr;) {
+        if (node->type == XML_ELEMENT_NODE && depth > kDeepestXml)
+            return true;
+        if (node->type == XML_ELEMENT_NODE && node->children != nullptr) {
+            node = node->children;
+            ++depth;
+            continue;
+        }
+        while (node != nullptr && node->next == nullptr) {
+            node = depth > 1 ? node->parent : nullptr;
+            --depth;
+        }
+        if (node != nullptr)
+            node = node->next;
+    }
+    return false;
+}
+
 struct FreeParser {
     void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
 };
@@ -177,6 +199,11 @@ xmlDocPtr Parse(const std::string& bytes, const std::string& path, LoadState& st
     const bool hasDtd = tree->intSubset != nullptr || tree->extSubset != nullptr;
     if (state.refused || parser->wellFormed == 0 || (hasDtd && parser->valid == 0)) {
         state.Note("the document does not follow its document type definition", 0);
+        xmlFreeDoc(tree);
+        return nullptr;
+    }
+    if (IsTooDeep(tree)) {
+        state.Note("elements are nested deeper than " + std::to_string(kDeepestXml) + " levels", 0);
         xmlFreeDoc(tree);
         return nullptr;
     }

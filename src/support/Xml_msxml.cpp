@@ -10,6 +10,7 @@
 #include "support/Bstr.h"
 #include "support/ComPtr.h"
 #include "support/Files.h"
+#include "support/Text.h"
 #include "support/Wide.h"
 #include "support/XmlProlog.h"
 
@@ -22,18 +23,20 @@ using DomNode = ComPtr<IXMLDOMNode>;
 
 struct XmlNode::Owner {
     DomNode node;
+    DomNode document;         // where the node stands; empty when the platform did not tell
     ComPtr<IDispatch> given;  // the object of the host, where the node came from one
     std::shared_ptr<const std::string> file;
+
+    // Another node of the same document.
+    Owner With(DomNode other) const { return {std::move(other), document, {}, file}; }
 };
 
 struct XmlNodeAccess {
-    static XmlNode Make(DomNode node, std::shared_ptr<const std::string> file, ComPtr<IDispatch> given = {}) {
-        if (!node)
+    static XmlNode Make(XmlNode::Owner owner) {
+        if (!owner.node)
             return {};
-        const void* const identity = node.Get();
-        return {std::make_shared<const XmlNode::Owner>(
-                    XmlNode::Owner{std::move(node), std::move(given), std::move(file)}),
-                identity};
+        const void* const identity = owner.node.Get();
+        return {std::make_shared<const XmlNode::Owner>(std::move(owner)), identity};
     }
     static const XmlNode::Owner* Open(const XmlNode& node) { return node.owner_.get(); }
 };
@@ -61,10 +64,6 @@ class Variant {
             std::memcpy(data, bytes.data(), bytes.size());
             SafeArrayUnaccessData(array);
         }
-    }
-    void SetText(std::wstring_view text) {
-        value_.bstrVal = NewBstr(text);
-        value_.vt = VT_BSTR;
     }
 
   private:
@@ -95,11 +94,9 @@ std::string NameOf(const DomNode& node) {
 
 // Behind a document type declaration: the platform may not know its siblings, but the document knows its
 // children.
-DomNode BehindDocumentType(const DomNode& declaration) {
-    ComPtr<IXMLDOMDocument> document;
+DomNode BehindDocumentType(const DomNode& document) {
     ComPtr<IXMLDOMNodeList> children;
     LONG count = 0;
-    Require(declaration->get_ownerDocument(document.Out()));
     Require(document->get_childNodes(children.Out()));
     Require(children->get_length(&count));
     bool isBehind = false;
@@ -113,9 +110,10 @@ DomNode BehindDocumentType(const DomNode& declaration) {
     return {};
 }
 
-DomNode SiblingOf(const DomNode& node) {
-    if (TypeOf(node) == NODE_DOCUMENT_TYPE)
-        return BehindDocumentType(node);
+// `document` is where the node stands; empty when that is unknown.
+DomNode SiblingOf(const DomNode& node, const DomNode& document) {
+    if (document && TypeOf(node) == NODE_DOCUMENT_TYPE)
+        return BehindDocumentType(document);
     DomNode next;
     Require(node->get_nextSibling(next.Out()));
     return next;
@@ -129,19 +127,31 @@ DomNode ChildOf(const DomNode& node) {
     return child;
 }
 
-// What an entity stands for. The reference itself may not tell; an element that holds it always does.
+// What an entity stands for. The reference itself may not tell; an element that holds it does. The platform
+// trims the text of an element, so the reference stands between two marks there.
 std::wstring ExpansionOf(const DomNode& reference) {
     ComPtr<IXMLDOMDocument> document;
     ComPtr<IXMLDOMElement> holder;
     DomNode copy;
-    DomNode added;
     Bstr text;
     Require(reference->get_ownerDocument(document.Out()));
     Require(document->createElement(Bstr(L"holder").Get(), holder.Out()));
     Require(reference->cloneNode(VARIANT_TRUE, copy.Out()));
-    Require(holder->appendChild(copy.Get(), added.Out()));
+    const auto append = [&](IXMLDOMNode* node) {
+        DomNode added;
+        Require(holder->appendChild(node, added.Out()));
+    };
+    const auto appendMark = [&] {
+        ComPtr<IXMLDOMText> mark;
+        Require(document->createTextNode(Bstr(L"|").Get(), mark.Out()));
+        append(mark.Get());
+    };
+    appendMark();
+    append(copy.Get());
+    appendMark();
     Require(holder->get_text(text.Out()));
-    return std::wstring(text.View());
+    const std::wstring_view marked = text.View();
+    return marked.size() < 2 ? std::wstring() : std::wstring(marked.substr(1, marked.size() - 2));
 }
 
 // The value of the node itself: get_text is trimmed, and the typed value is that of the whole parent element.
@@ -167,7 +177,8 @@ DomNode ReadRun(const DomNode& first, std::wstring& text) {
     DOMNodeType type = TypeOf(node);
     while (true) {
         text += type == NODE_TEXT ? ValueOf(node) : ExpansionOf(node);
-        DomNode next = SiblingOf(node);
+        DomNode next;
+        Require(node->get_nextSibling(next.Out()));
         if (!next)
             return {};
         const DOMNodeType nextType = TypeOf(next);
@@ -225,8 +236,32 @@ void Refuse(std::string reason) {
     throw Refusal{std::move(reason)};
 }
 
-// Reads the document's own DTD file into `prolog`; nothing else outside the document is read.
-void ReadDtd(const std::string& path, XmlProlog& prolog) {
+// The file at `path` as an ASCII URL, whatever its name is made of.
+std::string FileUrl(const std::string& path) {
+    std::wstring full(32768, L'\0');
+    const DWORD length =
+        GetFullPathNameW(ToWide(path).c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length == 0 || length >= full.size())
+        Refuse("the document type definition '" + path + "' has no full name");
+    std::string name = FromWide(std::wstring_view(full).substr(0, length));
+    std::replace(name.begin(), name.end(), '\\', '/');
+    std::string url = name.starts_with("//") ? "file:" : "file:///";
+    constexpr std::string_view kPlain = "/:-._~";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        const char upper = AsciiUpper(c);
+        if (IsDigit(c) || (upper >= 'A' && upper <= 'Z') || kPlain.find(c) != std::string_view::npos)
+            url += c;
+        else
+            url.append({'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]});
+    }
+    return url;
+}
+
+// Reads the document's own DTD file into `prolog` and answers its path; nothing else outside the document is
+// read.
+std::string ReadDtd(const std::string& path, XmlProlog& prolog) {
     const std::string& name = prolog.SystemId();
     if (name.find("://") != std::string::npos)
         Refuse("the document type definition '" + name + "' is not a file beside the document");
@@ -234,11 +269,13 @@ void ReadDtd(const std::string& path, XmlProlog& prolog) {
         name.starts_with('\\') || name.starts_with('/') || name.find(':') != std::string::npos;
     const std::size_t folderEnd = path.find_last_of("\\/:");
     const std::string folder = folderEnd == std::string::npos ? std::string() : path.substr(0, folderEnd + 1);
+    std::string dtd = isAbsolute ? name : folder + name;
     try {
-        prolog.ReadExternalPart(ReadFile(isAbsolute ? name : folder + name));
+        prolog.ReadExternalPart(ReadFile(dtd));
     } catch (const Error& error) {
         Refuse("the document type definition '" + name + "' cannot be read: " + error.Description());
     }
+    return dtd;
 }
 
 // Throws a Refusal when `fault` tells one.
@@ -257,16 +294,10 @@ void CheckFault(IXMLDOMParseError* fault) {
                   static_cast<int>(std::max(line, 0L))};
 }
 
-void Parse(IXMLDOMDocument2& document, const std::string& path, std::string_view bytes,
-           const XmlProlog& prolog) {
-    const bool hasDtdFile = !prolog.SystemId().empty();
+// The bytes that were looked at are the bytes that are parsed, whatever the file's name is made of.
+void Parse(IXMLDOMDocument2& document, std::string_view bytes, bool hasDtdFile) {
     Variant source;
-    // The bytes that were looked at are the bytes that are parsed, whatever the file's name is made of. Only
-    // with a name the parser finds a DTD file beside the document.
-    if (hasDtdFile)
-        source.SetText(ToWide(path));
-    else
-        source.SetBytes(bytes);
+    source.SetBytes(bytes);
     Require(document.put_async(VARIANT_FALSE));
     Require(document.put_validateOnParse(VARIANT_TRUE));
     Require(document.put_resolveExternals(hasDtdFile ? VARIANT_TRUE : VARIANT_FALSE));
@@ -300,7 +331,7 @@ void CheckTree(const DomNode& document, const XmlProlog& prolog) {
     DomNode node = ChildOf(document);
     while (node || !path.empty()) {
         if (!node) {
-            node = SiblingOf(path.back());
+            node = SiblingOf(path.back(), document);
             path.pop_back();
             continue;
         }
@@ -314,20 +345,24 @@ void CheckTree(const DomNode& document, const XmlProlog& prolog) {
             path.push_back(std::move(node));
             node = std::move(child);
         } else {
-            node = SiblingOf(node);
+            node = SiblingOf(node, document);
         }
     }
 }
 
 DomNode Load(const std::string& path) {
-    const std::string bytes = ReadFile(path);
+    std::string bytes = ReadFile(path);
     XmlProlog prolog(bytes);
-    if (!prolog.SystemId().empty())
-        ReadDtd(path, prolog);
+    const bool hasDtdFile = !prolog.SystemId().empty();
+    // The parser does not know where bytes come from, so it is told where the DTD file lies.
+    if (hasDtdFile) {
+        const std::string dtd = ReadDtd(path, prolog);
+        bytes = prolog.ForParser(bytes, FileUrl(dtd));
+    }
     if (prolog.UsesExternalParameters())
         Refuse("external entities are not read");
     const ComPtr<IXMLDOMDocument2> document = NewDocument();
-    Parse(*document.Get(), path, bytes, prolog);
+    Parse(*document.Get(), bytes, hasDtdFile);
     Validate(*document.Get());
     DomNode node;
     Require(document->QueryInterface(IID_IXMLDOMNode, node.OutVoid()));
@@ -341,7 +376,14 @@ XmlNode NodeOfHost(IDispatch* object) {
     DomNode node;
     if (object == nullptr || FAILED(object->QueryInterface(IID_IXMLDOMNode, node.OutVoid())))
         return {};
-    return XmlNodeAccess::Make(std::move(node), nullptr, ComPtr<IDispatch>::Share(object));
+    DomNode document;
+    ComPtr<IXMLDOMDocument> owner;
+    if (TypeOf(node) == NODE_DOCUMENT)
+        document = node;
+    else if (SUCCEEDED(node->get_ownerDocument(owner.Out())) && owner)
+        Require(owner->QueryInterface(IID_IXMLDOMNode, document.OutVoid()));
+    return XmlNodeAccess::Make(
+        {std::move(node), std::move(document), ComPtr<IDispatch>::Share(object), nullptr});
 }
 
 IDispatch* HostObject(const XmlNode& node) {
@@ -393,7 +435,7 @@ const std::string& XmlNode::File() const {
 }
 
 XmlNode XmlNode::FirstChild() const {
-    return owner_ ? XmlNodeAccess::Make(SkipBlankText(ChildOf(owner_->node)), owner_->file) : XmlNode();
+    return owner_ ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node)))) : XmlNode();
 }
 
 XmlNode XmlNode::NextSibling() const {
@@ -404,9 +446,9 @@ XmlNode XmlNode::NextSibling() const {
         std::wstring text;
         next = ReadRun(owner_->node, text);
     } else {
-        next = SiblingOf(owner_->node);
+        next = SiblingOf(owner_->node, owner_->document);
     }
-    return XmlNodeAccess::Make(SkipBlankText(std::move(next)), owner_->file);
+    return XmlNodeAccess::Make(owner_->With(SkipBlankText(std::move(next))));
 }
 
 std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
@@ -430,18 +472,21 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
 
 XmlDocument::XmlDocument(const std::string& path) {
     try {
-        auto file = std::make_shared<const std::string>(path);
-        owner_ = std::make_shared<const XmlNode::Owner>(XmlNode::Owner{Load(path), {}, std::move(file)});
+        const DomNode document = Load(path);
+        owner_ = std::make_shared<const XmlNode::Owner>(
+            XmlNode::Owner{document, document, {}, std::make_shared<const std::string>(path)});
     } catch (const Refusal& refusal) {
         reason_ = refusal.reason;
         line_ = refusal.line;
     } catch (const Error& error) {
         reason_ = error.Description();
+        if (!error.Context().reason.empty())
+            reason_ += ": " + error.Context().reason;
     }
 }
 
 XmlNode XmlDocument::FirstNode() const {
-    return owner_ ? XmlNodeAccess::Make(SkipBlankText(ChildOf(owner_->node)), owner_->file) : XmlNode();
+    return owner_ ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node)))) : XmlNode();
 }
 
 }  // namespace tovarek

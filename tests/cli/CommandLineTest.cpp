@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -30,7 +30,7 @@ Answer Call(std::vector<std::string> arguments) {
 class CommandLine : public testing::Test {
   protected:
     CommandLine() {
-        setenv("SOURCE_DATE_EPOCH", "1795254067", 1);
+        SetVariable("SOURCE_DATE_EPOCH", "1795254067");
         profile_ = scratch_.File("profile.ini", kProfileIni);
         template_ = scratch_.File("template.ini", kTemplateIni);
         xif_ = scratch_.Path("node.xif");
@@ -46,7 +46,7 @@ class CommandLine : public testing::Test {
                  "--outputXIFfile",
                  xif_};
     }
-    ~CommandLine() override { unsetenv("SOURCE_DATE_EPOCH"); }
+    ~CommandLine() override { UnsetVariable("SOURCE_DATE_EPOCH"); }
 
     Answer Generate(const std::vector<std::string>& more = {}) const {
         std::vector<std::string> arguments = base_;
@@ -125,7 +125,7 @@ TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {
     EXPECT_EQ(Call({}).status, 2);
     EXPECT_EQ(Call({"genrate"}).status, 2);
     EXPECT_EQ(Call({"catalog"}).status, 2);
-    setenv("SOURCE_DATE_EPOCH", "yesterday", 1);
+    SetVariable("SOURCE_DATE_EPOCH", "yesterday");
     EXPECT_EQ(Generate().status, 2);
 }
 
@@ -159,8 +159,8 @@ TEST_F(CommandLine, ElementsAreNamedByFileAndName) {
         scratch_.File("t.xml",
                       "<x><D><PROGRAMID>9000010A0B040100</PROGRAMID><NVS><nviA><DIRECTION>INPUT</DIRECTION>"
                       "<SNVTTYPE>8</SNVTTYPE></nviA></NVS></D></x>");
-    const std::string job =
-        scratch_.File("job.json", R"({"xmlTemplateNode": {"file": ")" + xml + R"(", "element": "D"}})");
+    const std::string job = scratch_.File(
+        "job.json", nlohmann::json({{"xmlTemplateNode", {{"file", xml}, {"element", "D"}}}}).dump());
     EXPECT_EQ(Generate({"--job", job}).status, 0);
     EXPECT_NE(ReadFile(xif_).find("VAR nviA 0 0 0 0\r\n"), std::string::npos);
     EXPECT_EQ(Generate({"--xmlTemplateNode", xml + "#D"}).status, 0);

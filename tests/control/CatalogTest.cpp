@@ -145,40 +145,40 @@ TEST(Catalog, FormatFileAndTypeFileShowTheSameValues) {
 }
 
 TEST(Catalog, MissingFilesAreCodeFive) {
-    const TempFolder folder;
-    EXPECT_EQ(OpenIn(folder.Path()), 5) << "no catalog file";
-    EXPECT_EQ(OpenIn(folder / "none"), 5) << "no folder";
+    const Scratch folder;
+    EXPECT_EQ(OpenIn(folder.Folder()), 5) << "no catalog file";
+    EXPECT_EQ(OpenIn(folder.Path("none")), 5) << "no folder";
     EXPECT_EQ(OpenIn("", ""), 5);
-    std::filesystem::create_directory(folder / "ldrf.cat");
-    EXPECT_EQ(OpenIn(folder.Path()), 5) << "a folder in its place";
-    std::filesystem::remove(folder / "ldrf.cat");
-    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\n.\nnowhere\n");
-    EXPECT_EQ(OpenIn(folder.Path()), 5) << "no standard set";
+    folder.File("ldrf.cat", "# Tovarek resource catalog 1\n.\nnowhere\n");
+    EXPECT_EQ(OpenIn(folder.Folder()), 5) << "no standard set";
+    const Scratch other;
+    ASSERT_TRUE(MakeDirectory(other.Path("ldrf.cat")));
+    EXPECT_EQ(OpenIn(other.Folder()), 5) << "a folder in its place";
 }
 
 TEST(Catalog, OursNamesFoldersRelativeToItself) {
-    const TempFolder folder;
-    std::filesystem::create_directory(folder / "sets");
-    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "sets/standard.typ");
-    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\r\n\r\n# a comment\r\nmissing\r\n  sets  ");
-    EXPECT_EQ(OpenIn(folder.Path() + "\\"), 0);
-    WriteFile(folder / "ldrf.cat", "# Tovarek resource catalog 1\n" + kFolder + "\n");
-    EXPECT_EQ(OpenIn(folder.Path()), 0) << "an absolute folder";
+    const Scratch folder;
+    ASSERT_TRUE(MakeDirectory(folder.Path("sets")));
+    folder.File("sets/standard.typ", ReadFile(kFolder + "/standard.typ"));
+    folder.File("ldrf.cat", "# Tovarek resource catalog 1\r\n\r\n# a comment\r\nmissing\r\n  sets  ");
+    EXPECT_EQ(OpenIn(folder.Folder() + "\\"), 0);
+    folder.File("ldrf.cat", "# Tovarek resource catalog 1\n" + kFolder + "\n");
+    EXPECT_EQ(OpenIn(folder.Folder()), 0) << "an absolute folder";
 }
 
 TEST(Catalog, ForeignCatalogLeadsToItsOwnFolderInAnyLetterCase) {
-    const TempFolder folder;
-    WriteFile(folder / "LDRF.CAT", std::string("UCAT\0\x01\x02", 7));
-    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "STANDARD.Typ");
-    EXPECT_EQ(OpenIn(folder.Path(), "LDRF.CAT"), 0);
+    const Scratch folder;
+    folder.File("LDRF.CAT", std::string("UCAT\0\x01\x02", 7));
+    folder.File("STANDARD.Typ", ReadFile(kFolder + "/standard.typ"));
+    EXPECT_EQ(OpenIn(folder.Folder(), "LDRF.CAT"), 0);
 }
 
 TEST(Catalog, OpensWithoutTextsAndFormats) {
-    const TempFolder folder;
-    std::filesystem::copy_file(kFolder + "/standard.typ", folder / "standard.typ");
-    WriteFile(folder / "ldrf.cat", "");
+    const Scratch folder;
+    folder.File("standard.typ", ReadFile(kFolder + "/standard.typ"));
+    folder.File("ldrf.cat", "");
     std::unique_ptr<StandardCatalog> catalog;
-    ASSERT_TRUE(StandardCatalog::Open(folder / "ldrf.cat", catalog).Ok());
+    ASSERT_TRUE(StandardCatalog::Open(folder.Path("ldrf.cat"), catalog).Ok());
     EXPECT_EQ(catalog->NvSize(112), 12);
     EXPECT_TRUE(catalog->Formats("SNVT_temp").empty());
     EXPECT_EQ(catalog->Text({0, 854}), "");
@@ -187,17 +187,17 @@ TEST(Catalog, OpensWithoutTextsAndFormats) {
 }
 
 TEST(Catalog, DamagedStandardSetIsRefused) {
-    const TempFolder folder;
-    WriteFile(folder / "ldrf.cat", "");
+    const Scratch folder;
+    folder.File("ldrf.cat", "");
     std::string bytes = ReadFile(kFolder + "/standard.typ");
     bytes[bytes.size() - 20] ^= 1;
-    WriteFile(folder / "standard.typ", bytes);
-    EXPECT_EQ(OpenIn(folder.Path()), 10);
-    WriteFile(folder / "standard.typ", ExampleBytes()[1]);
-    EXPECT_EQ(OpenIn(folder.Path()), 3) << "scope 3";
-    WriteFile(folder / "standard.typ", bytes.substr(0, 5000));
-    EXPECT_NE(OpenIn(folder.Path()), 0);
-    EXPECT_NE(OpenIn(folder.Path()), 1);
+    folder.File("standard.typ", bytes);
+    EXPECT_EQ(OpenIn(folder.Folder()), 10);
+    folder.File("standard.typ", ExampleBytes()[1]);
+    EXPECT_EQ(OpenIn(folder.Folder()), 3) << "scope 3";
+    folder.File("standard.typ", bytes.substr(0, 5000));
+    EXPECT_NE(OpenIn(folder.Folder()), 0);
+    EXPECT_NE(OpenIn(folder.Folder()), 1);
 }
 
 // A reference circle in a set that is sound by its checksums.
@@ -215,11 +215,11 @@ TEST(Catalog, TypesThatReferToThemselvesEnd) {
     types.nvTypes.emplace_back(NvType{"_circle", 3, {}, {}, {}, circle});
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
-    const TempFolder folder;
-    WriteFile(folder / "ldrf.cat", "");
-    WriteFile(folder / "standard.typ", bytes);
+    const Scratch folder;
+    folder.File("ldrf.cat", "");
+    folder.File("standard.typ", bytes);
     std::unique_ptr<StandardCatalog> catalog;
-    ASSERT_TRUE(StandardCatalog::Open(folder / "ldrf.cat", catalog).Ok());
+    ASSERT_TRUE(StandardCatalog::Open(folder.Path("ldrf.cat"), catalog).Ok());
     EXPECT_TRUE(catalog->NvFields(1).empty());
 }
 

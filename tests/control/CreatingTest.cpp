@@ -10,13 +10,13 @@ namespace {
 
 class Creating : public ::testing::Test {
   protected:
-    void OpenTypes() { ASSERT_EQ(control.CreateType(folder / "set.typ"), 0) << types.ResultReason(); }
+    void OpenTypes() { ASSERT_EQ(control.CreateType(folder.Path("set.typ")), 0) << types.ResultReason(); }
 
     // Creates a type file with one thing wrong.
     std::int32_t Create(const std::string& programId, const std::string& creator, const std::string& webPage,
                         std::int32_t major = 1, std::int32_t minor = 0, std::int32_t kind = 4,
                         std::int32_t text = 2) {
-        return types.CreateTypeFile(folder / "set.typ", -1, control.handle, programId, creator, "", "",
+        return types.CreateTypeFile(folder.Path("set.typ"), -1, control.handle, programId, creator, "", "",
                                     webPage, major, minor, kind, text);
     }
 
@@ -27,7 +27,7 @@ class Creating : public ::testing::Test {
     }
 
     const std::string kId = "900ABC0102030400";
-    TempFolder folder;
+    Scratch folder;
     ExampleControl control;
     QVxTypes& types = control.types;
     std::int32_t number = 0;
@@ -36,23 +36,23 @@ class Creating : public ::testing::Test {
 
 TEST_F(Creating, SecondFileIsCode2UntilTheFirstIsSavedOrANewSetBegins) {
     OpenTypes();
-    EXPECT_EQ(control.CreateProfile(folder / "set.fpt"), 2);
+    EXPECT_EQ(control.CreateProfile(folder.Path("set.fpt")), 2);
     types.CloseResourceFile();
-    EXPECT_EQ(control.CreateProfile(folder / "set.fpt"), 2);
+    EXPECT_EQ(control.CreateProfile(folder.Path("set.fpt")), 2);
     types.GetResourceSetHandle(control.handle);
     types.SetResourceScope(3);
-    EXPECT_EQ(control.CreateProfile(folder / "set.fpt"), 0);
+    EXPECT_EQ(control.CreateProfile(folder.Path("set.fpt")), 0);
     EXPECT_EQ(control.Save(), 0);
-    EXPECT_FALSE(FileExists(folder / "set.typ"));
+    EXPECT_FALSE(FileExists(folder.Path("set.typ")));
 }
 
 TEST_F(Creating, BadScopeIsCode3) {
     for (const int bad : {-1, 7}) {
         EXPECT_EQ(types.SetResourceScope(bad), 3);
-        EXPECT_EQ(control.CreateType(folder / "set.typ"), 3) << "no scope is left";
+        EXPECT_EQ(control.CreateType(folder.Path("set.typ")), 3) << "no scope is left";
     }
     EXPECT_EQ(types.SetResourceScope(6), 0);
-    EXPECT_EQ(control.CreateType(folder / "set.typ"), 0);
+    EXPECT_EQ(control.CreateType(folder.Path("set.typ")), 0);
 }
 
 TEST_F(Creating, BadProgramIdIsCode4) {
@@ -63,9 +63,9 @@ TEST_F(Creating, BadProgramIdIsCode4) {
 }
 
 TEST_F(Creating, UnusablePathIsCode5) {
-    EXPECT_EQ(control.CreateType(folder / "none/set.typ"), 5);
-    EXPECT_EQ(control.CreateType(folder.Path()), 5);
-    EXPECT_EQ(control.CreateType(folder.Path() + "\\"), 5);
+    EXPECT_EQ(control.CreateType(folder.Path("none/set.typ")), 5);
+    EXPECT_EQ(control.CreateType(folder.Folder()), 5);
+    EXPECT_EQ(control.CreateType(folder.Folder() + "\\"), 5);
     EXPECT_EQ(control.CreateType(""), 5);
 }
 
@@ -80,7 +80,7 @@ TEST_F(Creating, HeaderTextsThatDoNotFitAreCode6AndControlCharactersCode9) {
     }
     EXPECT_EQ(Create(kId, "", widest), 0);
     ASSERT_EQ(control.Save(), 0);
-    EXPECT_EQ(ReadFile(folder / "set.typ").substr(0x200, 256), std::string(255, '\xB0') + '\0');
+    EXPECT_EQ(ReadFile(folder.Path("set.typ")).substr(0x200, 256), std::string(255, '\xB0') + '\0');
 }
 
 TEST_F(Creating, BadVersionIsCode7AndUnknownLocaleCode8) {
@@ -88,11 +88,11 @@ TEST_F(Creating, BadVersionIsCode7AndUnknownLocaleCode8) {
         EXPECT_EQ(Create(kId, "", "", major, minor), 7);
     }
     for (const int locale : {0, 0x0408, -1}) {
-        EXPECT_EQ(control.CreateLanguage(folder / "set.enu", locale), 8);
+        EXPECT_EQ(control.CreateLanguage(folder.Path("set.enu"), locale), 8);
     }
-    ASSERT_EQ(control.CreateLanguage(folder / "set.deu", 0x0407), 0);
+    ASSERT_EQ(control.CreateLanguage(folder.Path("set.deu"), 0x0407), 0);
     ASSERT_EQ(control.Save(), 0);
-    EXPECT_EQ(ReadFile(folder / "set.deu").substr(0x32B, 4), std::string("deu\0", 4));
+    EXPECT_EQ(ReadFile(folder.Path("set.deu")).substr(0x32B, 4), std::string("deu\0", 4));
 }
 
 TEST_F(Creating, WrongKindTextOrHandleIsCode16) {
@@ -114,7 +114,7 @@ TEST_F(Creating, OperationsNeedAnOpenFileOfTheirKind) {
     EXPECT_EQ(types.AddLanguageString("x", 0, number, scope), 12);
     EXPECT_EQ(types.CompleteType(), 21);
     EXPECT_EQ(control.Save(), 0);
-    ASSERT_EQ(control.CreateLanguage(folder / "set.enu"), 0);
+    ASSERT_EQ(control.CreateLanguage(folder.Path("set.enu")), 0);
     EXPECT_EQ(types.CreateEnumeration("e", number), 12);
     EXPECT_EQ(types.AddEnumerationValue(1, "v", 1, 0), 12);
     EXPECT_EQ(types.StartType("UNVT_x"), 12);
@@ -125,14 +125,14 @@ TEST_F(Creating, OperationsNeedAnOpenFileOfTheirKind) {
 }
 
 TEST_F(Creating, LongestStringFitsAndALongerOneIsCode13) {
-    ASSERT_EQ(control.CreateLanguage(folder / "set.enu"), 0);
+    ASSERT_EQ(control.CreateLanguage(folder.Path("set.enu")), 0);
     EXPECT_EQ(types.AddLanguageString(std::string(65531, 'x'), 0, number, scope), 0);
     EXPECT_EQ(types.AddLanguageString(std::string(65532, 'x'), 0, number, scope), 13);
     EXPECT_EQ(types.AddLanguageString(std::string("a\0b", 3), 0, number, scope), 13);
     EXPECT_EQ(number, 1);
     ASSERT_EQ(control.Save(), 0);
     LanguageFile file;
-    ASSERT_EQ(ReadLanguageFile(ReadFile(folder / "set.enu"), file).reason, "");
+    ASSERT_EQ(ReadLanguageFile(ReadFile(folder.Path("set.enu")), file).reason, "");
     EXPECT_EQ(file.Find(1)->size(), 65531U);
 }
 
@@ -163,7 +163,7 @@ TEST_F(Creating, EnumerationTakesAsManyValuesAsItsRecord) {
     EXPECT_EQ(values, (65535 - 1 - 4 - 1 - 5 - 2) / 13);
     ASSERT_EQ(control.Save(), 0) << types.ResultReason();
     TypeFile file;
-    ASSERT_EQ(ReadTypeFile(ReadFile(folder / "set.typ"), file).reason, "");
+    ASSERT_EQ(ReadTypeFile(ReadFile(folder.Path("set.typ")), file).reason, "");
     EXPECT_EQ(file.enumerations[0]->values.size(), static_cast<std::size_t>(values));
 }
 
@@ -275,7 +275,7 @@ TEST_F(Creating, RawValuesOfAnotherLengthAreCodes26And24And25) {
     EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 2, "0258", "0000", "04b0"), 0);
     ASSERT_EQ(control.Save(), 0);
     TypeFile file;
-    ASSERT_EQ(ReadTypeFile(ReadFile(folder / "set.typ"), file).reason, "");
+    ASSERT_EQ(ReadTypeFile(ReadFile(folder.Path("set.typ")), file).reason, "");
     EXPECT_EQ(file.cpTypes[0]->size, 2);
     EXPECT_EQ(file.cpTypes[0]->maximum, Bytes("04B0"));
     EXPECT_EQ(file.cpTypes[0]->initial, Bytes("0258"));
@@ -285,8 +285,8 @@ TEST_F(Creating, UnregisteredTypeIsCode23OnSaving) {
     OpenTypes();
     ASSERT_EQ(StartNumber("UNVT_x"), 22);
     EXPECT_EQ(control.Save(), 23);
-    EXPECT_FALSE(FileExists(folder / "set.typ"));
-    EXPECT_EQ(control.CreateType(folder / "set.typ"), 0) << "the file is closed in any case";
+    EXPECT_FALSE(FileExists(folder.Path("set.typ")));
+    EXPECT_EQ(control.CreateType(folder.Path("set.typ")), 0) << "the file is closed in any case";
 }
 
 TEST_F(Creating, NestingEndsWhereReadersStop) {
@@ -303,7 +303,7 @@ TEST_F(Creating, NestingEndsWhereReadersStop) {
     ASSERT_EQ(types.RegisterNetworkVariableType(1), 0) << types.ResultReason();
     ASSERT_EQ(control.Save(), 0) << types.ResultReason();
     TypeFile file;
-    ASSERT_EQ(ReadTypeFile(ReadFile(folder / "set.typ"), file).reason, "");
+    ASSERT_EQ(ReadTypeFile(ReadFile(folder.Path("set.typ")), file).reason, "");
     EXPECT_EQ(file.nvTypes[0]->size, 6);
 }
 
@@ -366,7 +366,7 @@ TEST_F(Creating, FailedWriteIsCode27WithTheRuntimeNumber) {
         std::string written;
         types.SetFileOpener(
             [&](const std::string&) { return std::make_unique<FailingSink>(calls, written); });
-        ASSERT_EQ(control.CreateProfile(folder / "set.fpt"), 0);
+        ASSERT_EQ(control.CreateProfile(folder.Path("set.fpt")), 0);
         EXPECT_EQ(control.Save(), passing < 3 ? 27 : 0);
         EXPECT_EQ(types.LastRuntimeError(), passing < 3 ? 61 : 0);
         EXPECT_EQ(types.SaveResourceFile(0, 0), 11) << "closed in any case";
@@ -374,10 +374,9 @@ TEST_F(Creating, FailedWriteIsCode27WithTheRuntimeNumber) {
 }
 
 TEST_F(Creating, FullDiskIsCode27) {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP();
-    }
-    ASSERT_EQ(control.CreateProfile("/dev/full"), 0);
+    if (!test::HasFullDisk())
+        GTEST_SKIP() << "the system has no disk that is full";
+    ASSERT_EQ(control.CreateProfile(test::kFullDisk), 0);
     EXPECT_EQ(control.Save(), 27);
     EXPECT_EQ(types.LastRuntimeError(), 61);
 }
@@ -389,8 +388,8 @@ TEST_F(Creating, EqualInputsAndClockGiveEqualBytes) {
         EXPECT_EQ(control.Save(), 0);
         return ReadFile(path);
     };
-    const std::string bytes = create(folder / "a.enu");
-    EXPECT_EQ(bytes, create(folder / "b.enu"));
+    const std::string bytes = create(folder.Path("a.enu"));
+    EXPECT_EQ(bytes, create(folder.Path("b.enu")));
     EXPECT_NE(bytes.find("Temp\xE9rature \x80"), std::string::npos) << "texts are in the code page";
 }
 

@@ -1,38 +1,25 @@
-// What the tests of the control share: a folder of their own, the sample sets, bytes written as hexadecimal.
+// What the tests of the control share: the sample sets, bytes written as hexadecimal.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Samples.h"
+#include "Scratch.h"
 #include "control/FormatFile.h"
 #include "control/LanguageFile.h"
 #include "control/ProfileFile.h"
 #include "control/QVxTypes.h"
 #include "control/TypeFile.h"
 #include "support/Files.h"
+#include "support/Text.h"
 
 namespace tovarek {
 
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "tovarek-control-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~TempFolder() { std::filesystem::remove_all(path_); }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-    const std::string& Path() const { return path_; }
-
-  private:
-    std::string path_;
-};
+using test::Scratch;
 
 inline std::string Bytes(std::string_view hex) {
     std::string bytes;
@@ -53,20 +40,9 @@ inline std::string Bytes(std::string_view hex) {
 
 // Paths of all sample files with this extension, in either letter case.
 inline std::vector<std::string> Samples(const std::string& extension) {
-    std::vector<std::string> paths;
-    const std::filesystem::path root = std::filesystem::path(TOVAREK_SAMPLES) / "resources";
-    if (!std::filesystem::exists(root)) {
-        return paths;
-    }
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
-        std::string found = entry.path().extension().string();
-        for (char& c : found) {
-            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        }
-        if (found == extension) {
-            paths.push_back(entry.path().string());
-        }
-    }
+    std::vector<std::string> paths = test::SampleFiles("resources");
+    std::erase_if(paths,
+                  [&](const std::string& path) { return !UpperCase(path).ends_with(UpperCase(extension)); });
     return paths;
 }
 

@@ -196,9 +196,9 @@ std::int32_t ExampleControl::Save() {
 }
 
 TEST(WorkedExamples, LanguageFileThroughTheCreatingOperations) {
-    const TempFolder folder;
+    const Scratch folder;
     ExampleControl control;
-    ASSERT_EQ(control.CreateLanguage(folder / "Acme_3.enu"), 0) << control.types.ResultReason();
+    ASSERT_EQ(control.CreateLanguage(folder.Path("Acme_3.enu")), 0) << control.types.ResultReason();
     std::int32_t expected = 1;
     for (const char* text : kStrings) {
         std::int32_t number = 0;
@@ -208,16 +208,16 @@ TEST(WorkedExamples, LanguageFileThroughTheCreatingOperations) {
         EXPECT_EQ(scope, 3);
     }
     ASSERT_EQ(control.Save(), 0) << control.types.ResultReason();
-    EXPECT_EQ(ReadFile(folder / "Acme_3.enu"), LanguageBytes());
+    EXPECT_EQ(ReadFile(folder.Path("Acme_3.enu")), LanguageBytes());
     EXPECT_EQ(LanguageBytes().size(), 998U);
 }
 
 TEST(WorkedExamples, EmptyProfileFileThroughTheCreatingOperations) {
-    const TempFolder folder;
+    const Scratch folder;
     ExampleControl control;
-    ASSERT_EQ(control.CreateProfile(folder / "Acme_3.fpt"), 0) << control.types.ResultReason();
+    ASSERT_EQ(control.CreateProfile(folder.Path("Acme_3.fpt")), 0) << control.types.ResultReason();
     ASSERT_EQ(control.Save(), 0);
-    EXPECT_EQ(ReadFile(folder / "Acme_3.fpt"), ProfileBytes());
+    EXPECT_EQ(ReadFile(folder.Path("Acme_3.fpt")), ProfileBytes());
     EXPECT_EQ(ProfileBytes().size(), 845U);
 }
 
@@ -233,10 +233,10 @@ TEST(WorkedExamples, TypeFileThroughTheWriter) {
 }
 
 TEST(WorkedExamples, TypesThroughTheCreatingOperations) {
-    const TempFolder folder;
+    const Scratch folder;
     ExampleControl control;
     QVxTypes& types = control.types;
-    ASSERT_EQ(control.CreateType(folder / "belt.typ"), 0) << types.ResultReason();
+    ASSERT_EQ(control.CreateType(folder.Path("belt.typ")), 0) << types.ResultReason();
     std::int32_t mode = 0;
     ASSERT_EQ(types.CreateEnumeration("belt_mode_t", mode), 0);
     for (const auto& [name, value] :
@@ -263,7 +263,7 @@ TEST(WorkedExamples, TypesThroughTheCreatingOperations) {
     expected.types.cpTypes.clear();
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(expected.types, bytes).Ok());
-    EXPECT_EQ(ReadFile(folder / "belt.typ"), bytes);
+    EXPECT_EQ(ReadFile(folder.Path("belt.typ")), bytes);
 }
 
 TEST(WorkedExamples, ReadersGiveWhatWasWritten) {

@@ -1,13 +1,13 @@
-// What the tests of dump and diff share: a small resource set with something of everything, and the samples.
+// What the tests of dump and diff share: a small resource set with something of everything.
 #pragma once
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "Samples.h"
 #include "Scratch.h"
 #include "control/LanguageFile.h"
 #include "control/ProfileFile.h"
@@ -15,17 +15,6 @@
 #include "inspect/Inspect.h"
 
 namespace tovarek::test {
-
-inline std::vector<std::string> SampleFiles(const char* folder) {
-    std::vector<std::string> paths;
-    const std::filesystem::path root = std::filesystem::path(TOVAREK_SAMPLES) / folder;
-    if (std::filesystem::exists(root))
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
-            if (entry.is_regular_file())
-                paths.push_back(entry.path().string());
-    std::sort(paths.begin(), paths.end());
-    return paths;
-}
 
 inline bool IsNoXif(const std::string& path) {
     return path.find("vnone") != std::string::npos;  // a comma-separated list in spite of its name

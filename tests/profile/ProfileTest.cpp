@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
+#include <string>
+#include <vector>
 
+#include "Samples.h"
 #include "Scratch.h"
 #include "profile/CProfile.h"
 #include "profile/ProfileFields.h"
@@ -262,15 +263,15 @@ TEST(Profile, AnElementAloneIsLoadedAndThenRefused) {
 // Files of other tools: those of versions up to 4.400 serve as profiles; in later ones the application type
 // or the chip is refused, never a line.
 TEST(Profile, RealInterfaceFilesLoadOrAreRefusedForTheirNumbers) {
-    const std::filesystem::path folder = std::string(TOVAREK_SAMPLES) + "/xif";
-    if (!std::filesystem::exists(folder))
+    const std::vector<std::string> paths = SampleFiles("xif");
+    if (paths.empty())
         GTEST_SKIP() << "no sample files";
     int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        const std::string name = entry.path().filename().string();
+    for (const std::string& path : paths) {
+        const std::string name = CTools().ExtractFile(path);
         CProfile profile;
         profile.errorHandler = &kHandler;
-        profile.xifFile = entry.path().string();
+        profile.xifFile = path;
         const int loaded = RaisedNumber([&] { profile.Load(); });
         if (name.starts_with("vnone")) {
             EXPECT_EQ(loaded, 9) << name;

@@ -9,14 +9,16 @@ namespace {
 TEST(Files, WhatCannotBeReadHasItsOwnNumber) {
     const Scratch scratch;
     const std::string file = scratch.File("f", "x");
-    const std::pair<std::string, int> rows[] = {
+    std::vector<std::pair<std::string, int>> rows = {
         {scratch.Path("missing"), 53},
         {scratch.Path("no/where"), 76},
         {scratch.Folder(), 75},
-        {file + "/below", 76},
-        {scratch.Path(std::string(300, 'n')), 75},
+        {file + (kIsWindows ? "\\below" : "/below"), 76},
         {"", 53},
     };
+    // Windows knows no file of such a name; POSIX knows that there cannot be one.
+    if (!kIsWindows)
+        rows.emplace_back(scratch.Path(std::string(300, 'n')), 75);
     for (const auto& [path, number] : rows)
         EXPECT_EQ(RaisedNumber([path = path] { ReadFile(path); }), number) << path;
     const auto error = Raised([&] { ReadFile(scratch.Path("missing")); });
@@ -25,11 +27,16 @@ TEST(Files, WhatCannotBeReadHasItsOwnNumber) {
 
 TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
     const Scratch scratch;
-    EXPECT_EQ(RaisedNumber([] { WriteFile("/dev/full", "x"); }), 61);
-    EXPECT_EQ(RaisedNumber([] { WriteFile("/dev/full", std::string(1 << 20, 'x')); }), 61);
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Folder(), "x"); }), 75);
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Path("no/where"), "x"); }), 76);
     EXPECT_EQ(RaisedNumber([] { WriteFile("", "x"); }), 53);
+}
+
+TEST(Files, AFullDiskIsToldOfSmallAndLargeFiles) {
+    if (!HasFullDisk())
+        GTEST_SKIP() << "the system has no disk that is full";
+    EXPECT_EQ(RaisedNumber([] { WriteFile(kFullDisk, "x"); }), 61);
+    EXPECT_EQ(RaisedNumber([] { WriteFile(kFullDisk, std::string(1 << 20, 'x')); }), 61);
 }
 
 TEST(Files, BackslashesOpenFilesOnEveryPlatform) {
@@ -42,7 +49,7 @@ TEST(Files, PiecesOfEverySizeArriveInOrder) {
     const Scratch scratch;
     std::string expected;
     OutputFile file(scratch.Path("a"));
-    for (const std::size_t size : {1UL, 65535UL, 65536UL, 200000UL, 7UL, 0UL, 65537UL}) {
+    for (const std::size_t size : {1U, 65535U, 65536U, 200000U, 7U, 0U, 65537U}) {
         const std::string piece(size, static_cast<char>('a' + size % 26));
         file.Append(piece);
         expected += piece;

@@ -21,7 +21,7 @@ TEST(Tools, ExtractFileFallsBackToTheWholePath) {
         {"file.txt", true, "file.txt"},
         {"C:f.txt", true, "f"},
         {"C:\\dir\\.ini", true, "C:\\dir\\.ini"},
-        {"/home/me/node.xif", false, "node.xif"},
+        {"/home/me/node.xif", false, kIsWindows ? "/home/me/node.xif" : "node.xif"},
         {"", true, ""},
     };
     for (const auto& row : rows)
@@ -32,6 +32,7 @@ TEST(Tools, ExtractPathLeavesTheSeparatorOut) {
     EXPECT_EQ(CTools().ExtractPath("C:\\dir\\f.txt"), "C:\\dir");
     EXPECT_EQ(CTools().ExtractPath("C:f.txt"), "C");
     EXPECT_EQ(CTools().ExtractPath("f.txt"), "");
+    EXPECT_EQ(CTools().ExtractPath("/home/me/node.xif"), kIsWindows ? "" : "/home/me");
 }
 
 TEST(Tools, GetFieldsTrimsTheLineAndNotTheFields) {
@@ -57,12 +58,12 @@ TEST(Tools, NamesAndHexadecimalTexts) {
 TEST(Tools, CreateDirectoryMakesOneLevelOnly) {
     const Scratch scratch;
     CTools().CreateDirectory(scratch.Folder() + "\\new\\");
-    EXPECT_TRUE(std::filesystem::is_directory(scratch.Path("new")));
+    EXPECT_TRUE(FolderExists(scratch.Path("new")));
     CTools().CreateDirectory(scratch.Folder() + "\\no\\where\\");
-    EXPECT_FALSE(std::filesystem::exists(scratch.Path("no")));
+    EXPECT_FALSE(FolderExists(scratch.Path("no")));
     scratch.File("OTHER", "");
     CTools().CreateDirectory(scratch.Folder() + "\\other");
-    EXPECT_FALSE(std::filesystem::exists(scratch.Path("other"))) << "a file of that name stands in the way";
+    EXPECT_FALSE(FolderExists(scratch.Path("other"))) << "a file of that name stands in the way";
 }
 
 TEST(Tools, JoinedFoldersEndInOneBackslash) {

@@ -11,6 +11,8 @@ namespace {
 
 // A full disk in the place of each output in turn.
 TEST(BadOutput, AFullDiskIsAnErrorForEveryFile) {
+    if (kIsWindows)
+        GTEST_SKIP() << "needs a link to a disk that is full";
     const struct {
         const char* file;
         int error;
@@ -24,8 +26,8 @@ TEST(BadOutput, AFullDiskIsAnErrorForEveryFile) {
         DriverDevice device;
         device.AddNv(310);
         device.WriteFiles(kElements);
-        std::filesystem::create_directory(device.scratch.Path("out"));
-        std::filesystem::create_symlink("/dev/full", device.scratch.Path("out/" + std::string(row.file)));
+        ASSERT_TRUE(MakeDirectory(device.scratch.Path("out")));
+        std::filesystem::create_symlink(kFullDisk, device.scratch.Path("out/" + std::string(row.file)));
         const auto error = Raised([&] { device.Generate(); });
         ASSERT_TRUE(error) << row.file;
         EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), row.error) << row.file;

@@ -1,6 +1,4 @@
 // The resource files of a device, from its two XML files to what readers find in them.
-#include <filesystem>
-
 #include "DriverDevice.h"
 #include "control/LanguageFile.h"
 #include "types/TypeFilesDriver.h"
@@ -12,7 +10,7 @@ TEST(Driver, WithoutTypesThereIsTheListAlone) {
     DriverDevice device;
     device.WriteFiles("");
     EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 76) << "nobody creates the folder";
-    std::filesystem::create_directory(device.scratch.Path("out"));
+    ASSERT_TRUE(MakeDirectory(device.scratch.Path("out")));
     device.settings.typeFilesDirectory += "\\";
     device.Generate();
     EXPECT_EQ(device.Output("files.lst"),
@@ -223,7 +221,8 @@ TEST(Driver, OutputsThatCannotBeWritten) {
         DriverDevice device;
         device.AddNv(310);
         device.WriteFiles(kElements);
-        std::filesystem::create_directories(device.scratch.Path("out/" + std::string(c.file)));
+        ASSERT_TRUE(MakeDirectory(device.scratch.Path("out")));
+        ASSERT_TRUE(MakeDirectory(device.scratch.Path("out/" + std::string(c.file))));
         EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), c.error) << c.file;
         EXPECT_EQ(device.written.size(), c.written) << c.file;
     }

@@ -1,0 +1,49 @@
+// Where the platforms differ for the tests.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace tovarek::test {
+
+#ifdef _WIN32
+inline constexpr bool kIsWindows = true;
+// The platform's DOM does not tell where a node stands, and Wine's not where a document has its fault.
+inline constexpr bool kXmlTellsLines = false;
+
+inline void SetVariable(const char* name, const std::string& value) {
+    _putenv_s(name, value.c_str());
+}
+inline void UnsetVariable(const char* name) {
+    _putenv_s(name, "");
+}
+#else
+inline constexpr bool kIsWindows = false;
+inline constexpr bool kXmlTellsLines = true;
+
+inline void SetVariable(const char* name, const std::string& value) {
+    setenv(name, value.c_str(), 1);
+}
+inline void UnsetVariable(const char* name) {
+    unsetenv(name);
+}
+#endif
+
+// A path of ours, which is UTF-8, for the standard library, and the other way round in the system's spelling.
+inline std::filesystem::path StandardPath(const std::string& path) {
+    return {std::u8string(path.begin(), path.end())};
+}
+inline std::string SystemSpelling(std::filesystem::path path) {
+    const std::u8string text = path.make_preferred().u8string();
+    return {text.begin(), text.end()};
+}
+
+// A file that can be opened and takes no byte; not every system has one.
+inline constexpr const char* kFullDisk = "/dev/full";
+inline bool HasFullDisk() {
+    return std::ofstream(kFullDisk, std::ios::binary | std::ios::app).is_open();
+}
+
+}  // namespace tovarek::test

@@ -1,0 +1,171 @@
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "Host.h"
+
+namespace tovarek::test {
+namespace {
+
+// The server's own word on whether it is used. The module stays loaded as long as this object lives.
+class LoadedServer {
+  public:
+    LoadedServer() {
+        ComPtr<IClassFactory> factory;
+        EXPECT_EQ(CoGetClassObject(CLSID_Tovarek, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                                   factory.OutVoid()),
+                  S_OK);
+        module_ = GetModuleHandleW(L"QVTovarek.dll");
+        EXPECT_NE(module_, nullptr);
+    }
+    bool CanUnload() const { return Entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")() == S_OK; }
+    HRESULT ClassObject(REFCLSID id, REFIID iid, void** object) const {
+        return Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(id, iid, object);
+    }
+
+  private:
+    template <class Function>
+    Function Entry(const char* name) const {
+        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
+    }
+    HMODULE module_ = nullptr;
+};
+
+TEST(Lifetime, TheServerKnowsWhetherItIsUsed) {
+    const Apartment apartment;
+    const LoadedServer module;
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(module.ClassObject(CLSID_Tovarek, IID_IClassFactory, factory.OutVoid()), S_OK);
+    EXPECT_FALSE(module.CanUnload()) << "a factory is in use";
+    factory = {};
+    // The platform may keep a factory of its own.
+    const bool idle = module.CanUnload();
+    {
+        const auto server = CreateServer();
+        EXPECT_FALSE(module.CanUnload());
+    }
+    EXPECT_EQ(module.CanUnload(), idle);
+    ASSERT_EQ(module.ClassObject(CLSID_Tovarek, IID_IClassFactory, factory.OutVoid()), S_OK);
+    factory->LockServer(TRUE);
+    factory = {};
+    EXPECT_FALSE(module.CanUnload()) << "a lock outlives its factory";
+    ASSERT_EQ(module.ClassObject(CLSID_Tovarek, IID_IClassFactory, factory.OutVoid()), S_OK);
+    factory->LockServer(FALSE);
+    factory = {};
+    EXPECT_EQ(module.CanUnload(), idle);
+    EXPECT_TRUE(idle);
+}
+
+TEST(Lifetime, OnlyTheClassIsServedAndNothingIsAggregated) {
+    const Apartment apartment;
+    const LoadedServer module;
+    void* object = &object;
+    EXPECT_EQ(module.ClassObject(IID_IUnknown, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(module.ClassObject(CLSID_Tovarek, IID_IDispatch, &object), E_NOINTERFACE);
+    EXPECT_EQ(module.ClassObject(CLSID_Tovarek, IID_IClassFactory, nullptr), E_POINTER);
+    const auto outer = CreateServer();
+    EXPECT_EQ(CoCreateInstance(CLSID_Tovarek, outer.Get(), CLSCTX_INPROC_SERVER, IID_IUnknown, &object),
+              CLASS_E_NOAGGREGATION);
+    EXPECT_TRUE(module.CanUnload() == false) << "one object is alive";
+}
+
+TEST(Lifetime, AThousandObjectsComeAndGo) {
+    const Apartment apartment;
+    const LoadedServer module;
+    const auto document = LoadXml(L"<D><PROGRAMID>9000010a0b040100</PROGRAMID></D>");
+    const auto element = ObjectOf(document, "documentElement");
+    const ULONG before = ReferencesOf(element.Get());
+    for (int i = 0; i < 1000; ++i) {
+        const auto server = CreateServer();
+        ASSERT_EQ(server->put_xmlTemplateNode(element.Get()), S_OK);
+        ASSERT_EQ(server->put_mustGenerateTypes(VARIANT_FALSE), S_OK);
+        // Every second one ends with a failure, which is an exception inside.
+        ASSERT_EQ(server->put_mustGenerateXif(i % 2 == 0 ? VARIANT_FALSE : VARIANT_TRUE), S_OK);
+        ASSERT_EQ(SUCCEEDED(server->Generate()), i % 2 == 0);
+        ASSERT_EQ(DispatchGet(server.Get(), "creator").value.Text(), "Tovarek");
+    }
+    EXPECT_EQ(ReferencesOf(element.Get()), before);
+    SetErrorInfo(0, nullptr);
+    EXPECT_TRUE(module.CanUnload());
+    std::vector<ComPtr<_Tovarek>> many;
+    for (int i = 0; i < 1000; ++i)
+        many.push_back(CreateServer());
+    EXPECT_FALSE(module.CanUnload());
+    many.clear();
+    EXPECT_TRUE(module.CanUnload());
+}
+
+TEST(Lifetime, TwoObjectsShareNothing) {
+    const Apartment apartment;
+    const auto first = CreateServer();
+    const auto second = CreateServer();
+    EXPECT_EQ(first->put_creator(Bstr(L"first").Get()), S_OK);
+    EXPECT_EQ(second->put_creator(Bstr(L"second").Get()), S_OK);
+    EXPECT_TRUE(FAILED(first->put_catalogDir(Bstr(L"Z:\\no\\where").Get())));
+    EXPECT_EQ(DispatchGet(first.Get(), "creator").value.Text(), "first");
+    EXPECT_EQ(DispatchGet(second.Get(), "catalogDir").value.Text(), "");
+    EXPECT_TRUE(FAILED(first->put_catalogFile(Bstr(L"ldrf.cat").Get()))) << "a failed opening is remembered";
+}
+
+// Calls from another apartment arrive as messages, which a host pumps.
+void PumpUntil(const std::atomic<bool>& done) {
+    while (!done) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+    }
+}
+
+// Hands `server` to a thread of another apartment, runs `use` there on the reference that it gets, and serves
+// its calls.
+void UseElsewhere(const ComPtr<_Tovarek>& server, DWORD kind, const std::function<void(_Tovarek*)>& use) {
+    IStream* stream = nullptr;
+    ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(IID__Tovarek, server.Get(), &stream), S_OK);
+    std::atomic<bool> done = false;
+    std::thread elsewhere([&] {
+        {
+            const Apartment apartment(kind);
+            ComPtr<_Tovarek> here;
+            EXPECT_EQ(CoGetInterfaceAndReleaseStream(stream, IID__Tovarek, here.OutVoid()), S_OK);
+            EXPECT_NE(here.Get(), server.Get()) << "a call from here has to go to the object's own thread";
+            if (here)
+                use(here.Get());
+        }
+        done = true;
+    });
+    PumpUntil(done);
+    elsewhere.join();
+}
+
+TEST(Apartments, AnObjectIsUsedFromOtherApartments) {
+    const Apartment apartment;
+    const auto server = CreateServer();
+    for (const DWORD kind : {COINIT_APARTMENTTHREADED, COINIT_MULTITHREADED}) {
+        UseElsewhere(server, kind, [](_Tovarek* here) {
+            EXPECT_EQ(here->put_creator(Bstr(L"elsewhere").Get()), S_OK);
+            Bstr creator;
+            EXPECT_EQ(here->get_creator(creator.Out()), S_OK);
+            EXPECT_EQ(creator.View(), L"elsewhere");
+            EXPECT_EQ(DispatchPut(here, "majorVersion", Variant(7L)), "S_OK");
+            EXPECT_EQ(Dispatch(here, "Generate", DISPATCH_METHOD).told,
+                      "80040032 QVTovarek: Template file is not defined.");
+        });
+        LONG version = 0;
+        EXPECT_EQ(server->get_majorVersion(&version), S_OK);
+        EXPECT_EQ(version, 7);
+    }
+}
+
+TEST(Apartments, AThreadOfTheMultithreadedApartmentCreatesItsOwn) {
+    std::thread([] {
+        const Apartment apartment(COINIT_MULTITHREADED);
+        const auto server = CreateServer();
+        EXPECT_EQ(DispatchPut(server.Get(), "creator", Variant(std::wstring(L"x"))), "S_OK");
+        EXPECT_EQ(DispatchGet(server.Get(), "creator").value.Text(), "x");
+    }).join();
+}
+
+}  // namespace
+}  // namespace tovarek::test
