@@ -10,7 +10,7 @@
 // refused.
 // - Text nodes of nothing but white space do not exist. Other texts keep their white space. CDATA is not
 // text.
-// - Names are qualified names, prefix included.
+// - Names are qualified names, prefix included; a prefix need not be declared.
 // - Elements nested deeper than kDeepestXml levels fail the load, so whoever walks a tree may recurse.
 //
 // On Windows nodes come from hosts as well, as their DOM made them: nothing of the above was checked then,

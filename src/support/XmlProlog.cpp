@@ -7,59 +7,24 @@
 #include <utility>
 
 #include "support/Text.h"
+#include "support/XmlBytes.h"
 
 namespace tovarek {
 namespace {
 
-enum class Units { bytes, littleEndian, bigEndian };
-
-// What the characters of a document are made of.
-Units UnitsOf(std::string_view document) {
-    const auto byte = [&](std::size_t i) {
-        return i < document.size() ? static_cast<unsigned char>(document[i]) : 0xFFU;
-    };
-    if ((byte(0) == 0xFF && byte(1) == 0xFE) || (byte(0) == '<' && byte(1) == 0))
-        return Units::littleEndian;
-    if ((byte(0) == 0xFE && byte(1) == 0xFF) || (byte(0) == 0 && byte(1) == '<'))
-        return Units::bigEndian;
-    return Units::bytes;
-}
-
-// The document without a mark, in a form whose ASCII characters are bytes of their own; markup is made of
-// nothing else. `converted` holds it where it is not the document itself.
-std::string_view Readable(std::string_view document, std::string& converted) {
-    const Units units = UnitsOf(document);
-    if (units != Units::bytes) {
-        converted = FromUtf16(document, units == Units::bigEndian);
-        document = converted;
-    }
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (document.starts_with(kMark))
-        document.remove_prefix(kMark.size());
-    return document;
-}
-
-// Whether the bytes of a readable document are UTF-8; else only its ASCII characters are known.
-bool IsUnicode(std::string_view document, std::string_view readable) {
-    if (UnitsOf(document) != Units::bytes || !readable.starts_with("<?xml"))
-        return true;
-    const std::string declaration = UpperCase(readable.substr(0, readable.find("?>")));
-    return declaration.find("ENCODING") == std::string::npos ||
-           declaration.find("UTF-8") != std::string::npos;
-}
-
-constexpr bool IsSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
 // What ends a name in a declaration or a reference.
 constexpr bool EndsName(char c) {
-    return IsSpace(c) || c == ';' || c == '>' || c == '"' || c == '\'' || c == '[' || c == '&' || c == '%' ||
-           c == '<';
+    return IsXmlSpace(c) || c == ';' || c == '>' || c == '"' || c == '\'' || c == '[' || c == '&' ||
+           c == '%' || c == '<';
 }
 
-// The character that a reference like "#60" or "#x3C" names, 0 for what is none.
+// The character that a reference like "#60", "#x3C" or "lt" names, 0 for what is none.
 char32_t ReferredCharacter(std::string_view reference) {
+    constexpr auto kPredefined = std::to_array<std::pair<std::string_view, char32_t>>(
+        {{"amp", U'&'}, {"lt", U'<'}, {"gt", U'>'}, {"quot", U'"'}, {"apos", U'\''}});
+    for (const auto& [name, character] : kPredefined)
+        if (reference == name)
+            return character;
     if (!reference.starts_with('#'))
         return 0;
     const bool hexadecimal = reference.starts_with("#x");
@@ -92,7 +57,9 @@ std::string StoredValue(std::string_view literal) {
     ForEachReference(
         literal,
         [&](std::string_view name) {
-            if (const char32_t character = ReferredCharacter(name); character != 0)
+            // Only references by number are resolved in a declaration; "&lt;" stays one.
+            const char32_t character = name.starts_with('#') ? ReferredCharacter(name) : 0;
+            if (character != 0)
                 AppendUtf8(value, character);
             else
                 value.append("&").append(name).append(";");
@@ -291,7 +258,7 @@ class XmlProlog::Scanner {
     }
 
     void SkipSpace() {
-        while (!rest_.empty() && IsSpace(rest_.front()))
+        while (!rest_.empty() && IsXmlSpace(rest_.front()))
             rest_.remove_prefix(1);
     }
 
@@ -316,32 +283,25 @@ class XmlProlog::Scanner {
 };
 
 XmlProlog::XmlProlog(std::string_view document) {
-    std::string converted;
-    const std::string_view text = Readable(document, converted);
-    isUnicode_ = IsUnicode(document, text);
-    Scanner(*this, text).Document();
+    const ReadableXml readable(document);
+    isUnicode_ = readable.IsUnicode();
+    Scanner(*this, readable.Text()).Document();
 }
 
 std::string XmlProlog::ForParser(std::string_view document, std::string_view systemId) const {
-    std::string converted;
-    const std::string_view text = Readable(document, converted);
-    const Units units = UnitsOf(document);
-    const std::string_view all = units == Units::bytes ? document : converted;
-    const auto start = static_cast<std::size_t>(text.data() - all.data());
-    std::string moved(all);
+    const ReadableXml readable(document);
+    std::string moved(readable.Text());
     if (!outerEntities_.empty())
-        moved.insert(start + declarationsEnd_,
-                     hasInternalPart_ ? outerEntities_ : "[" + outerEntities_ + "]");
-    moved.replace(start + systemIdStart_, systemId_.size(), systemId);
-    return units == Units::bytes ? moved : ToUtf16(moved, units == Units::bigEndian);
+        moved.insert(declarationsEnd_, hasInternalPart_ ? outerEntities_ : "[" + outerEntities_ + "]");
+    moved.replace(systemIdStart_, systemId_.size(), systemId);
+    return readable.Encode(moved);
 }
 
 void XmlProlog::ReadExternalPart(std::string_view declarations) {
-    std::string converted;
-    const std::string_view text = Readable(declarations, converted);
-    isUnicode_ = isUnicode_ && IsUnicode(declarations, text);
+    const ReadableXml readable(declarations);
+    isUnicode_ = isUnicode_ && readable.IsUnicode();
     readsExternalPart_ = true;
-    Scanner(*this, text).Declarations();
+    Scanner(*this, readable.Text()).Declarations();
 }
 
 bool XmlProlog::IsPlainText(const std::string& name) const {
@@ -351,9 +311,7 @@ bool XmlProlog::IsPlainText(const std::string& name) const {
 
 bool XmlProlog::IsPlainText(const std::string& name, std::map<std::string, bool>& known,
                             std::size_t depth) const {
-    constexpr auto kPredefined = std::to_array<std::string_view>({"amp", "lt", "gt", "quot", "apos"});
-    if (std::find(kPredefined.begin(), kPredefined.end(), name) != kPredefined.end() ||
-        ReferredCharacter(name) != 0)
+    if (ReferredCharacter(name) != 0)
         return true;
     // An entity that is asked for again while it is looked at contains itself.
     const auto [seen, isNew] = known.try_emplace(name, false);
@@ -370,6 +328,31 @@ bool XmlProlog::IsPlainText(const std::string& name, std::map<std::string, bool>
         [](std::string_view /*text*/) {});
     known[name] = plain;
     return plain;
+}
+
+std::optional<std::string> XmlProlog::TextOf(const std::string& name) const {
+    std::string text;
+    std::size_t steps = 0;
+    if (!IsPlainText(name) || !AppendText(name, text, steps))
+        return std::nullopt;
+    return text;
+}
+
+bool XmlProlog::AppendText(const std::string& name, std::string& text, std::size_t& steps) const {
+    if (const char32_t character = ReferredCharacter(name); character != 0) {
+        AppendUtf8(text, character);
+        return true;
+    }
+    const std::string& value = *general_.find(name)->second;
+    steps += value.size() + 1;
+    if (steps > kLongestExpansion)
+        return false;
+    bool isWhole = true;
+    ForEachReference(
+        value,
+        [&](std::string_view inner) { isWhole = isWhole && AppendText(std::string(inner), text, steps); },
+        [&](std::string_view piece) { text += piece; });
+    return isWhole;
 }
 
 }  // namespace tovarek

@@ -37,6 +37,10 @@ class XmlProlog {
     // outside, not itself.
     bool IsPlainText(const std::string& name) const;
 
+    // What such an entity stands for, in the encoding of the document; nothing for any other entity, and for
+    // one that expands without measure.
+    std::optional<std::string> TextOf(const std::string& name) const;
+
   private:
     class Scanner;
     // The value between its quotes, character references resolved; nothing for an external entity and for one
@@ -44,6 +48,9 @@ class XmlProlog {
     using Entities = std::map<std::string, std::optional<std::string>, std::less<>>;
 
     bool IsPlainText(const std::string& name, std::map<std::string, bool>& known, std::size_t depth) const;
+
+    // Appends what a plain entity stands for; false when it takes too many steps.
+    bool AppendText(const std::string& name, std::string& text, std::size_t& steps) const;
 
     Entities general_;
     Entities parameters_;

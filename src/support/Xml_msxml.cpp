@@ -12,6 +12,7 @@
 #include "support/Files.h"
 #include "support/Text.h"
 #include "support/Wide.h"
+#include "support/XmlPrefixes.h"
 #include "support/XmlProlog.h"
 
 // No library holds the identifier of this interface.
@@ -21,14 +22,20 @@ namespace tovarek {
 
 using DomNode = ComPtr<IXMLDOMNode>;
 
+// What is known of a document beside its tree; nothing of a host's document.
+struct XmlSource {
+    std::string file;
+    XmlProlog prolog;
+};
+
 struct XmlNode::Owner {
     DomNode node;
     DomNode document;         // where the node stands; empty when the platform did not tell
     ComPtr<IDispatch> given;  // the object of the host, where the node came from one
-    std::shared_ptr<const std::string> file;
+    std::shared_ptr<const XmlSource> source;
 
     // Another node of the same document.
-    Owner With(DomNode other) const { return {std::move(other), document, {}, file}; }
+    Owner With(DomNode other) const { return {std::move(other), document, {}, source}; }
 };
 
 struct XmlNodeAccess {
@@ -127,9 +134,13 @@ DomNode ChildOf(const DomNode& node) {
     return child;
 }
 
-// What an entity stands for. The reference itself may not tell; an element that holds it does. The platform
-// trims the text of an element, so the reference stands between two marks there.
-std::wstring ExpansionOf(const DomNode& reference) {
+// What an entity stands for. The reference itself may not tell. Where the document's declarations are known,
+// they do; else an element that holds the reference does. The platform trims the text of an element, so the
+// reference stands between two marks there.
+std::wstring ExpansionOf(const DomNode& reference, const XmlSource* source) {
+    if (source != nullptr)
+        if (const auto text = source->prolog.TextOf(NameOf(reference)); text && IsAscii(*text))
+            return ToWide(*text);
     ComPtr<IXMLDOMDocument> document;
     ComPtr<IXMLDOMElement> holder;
     DomNode copy;
@@ -172,11 +183,11 @@ bool BelongTogether(DOMNodeType type, DOMNodeType next) {
 }
 
 // One text: `text` is told, the node behind it answered.
-DomNode ReadRun(const DomNode& first, std::wstring& text) {
+DomNode ReadRun(const DomNode& first, const XmlSource* source, std::wstring& text) {
     DomNode node = first;
     DOMNodeType type = TypeOf(node);
     while (true) {
-        text += type == NODE_TEXT ? ValueOf(node) : ExpansionOf(node);
+        text += type == NODE_TEXT ? ValueOf(node) : ExpansionOf(node, source);
         DomNode next;
         Require(node->get_nextSibling(next.Out()));
         if (!next)
@@ -194,10 +205,10 @@ bool IsBlank(const std::wstring& text) {
 }
 
 // The first node from `node` on that exists for us.
-DomNode SkipBlankText(DomNode node) {
+DomNode SkipBlankText(DomNode node, const XmlSource* source) {
     while (node && IsText(TypeOf(node))) {
         std::wstring text;
-        DomNode next = ReadRun(node, text);
+        DomNode next = ReadRun(node, source, text);
         if (!IsBlank(text))
             break;
         node = std::move(next);
@@ -350,14 +361,21 @@ void CheckTree(const DomNode& document, const XmlProlog& prolog) {
     }
 }
 
-DomNode Load(const std::string& path) {
+struct Loaded {
+    DomNode document;
+    std::shared_ptr<const XmlSource> source;
+};
+
+Loaded Load(const std::string& path) {
     std::string bytes = ReadFile(path);
     XmlProlog prolog(bytes);
     const bool hasDtdFile = !prolog.SystemId().empty();
-    // The parser does not know where bytes come from, so it is told where the DTD file lies.
     if (hasDtdFile) {
+        // The parser does not know where bytes come from, so it is told where the DTD file lies.
         const std::string dtd = ReadDtd(path, prolog);
         bytes = prolog.ForParser(bytes, FileUrl(dtd));
+    } else if (!prolog.HasDocumentType()) {
+        bytes = WithPrefixesDeclared(bytes);
     }
     if (prolog.UsesExternalParameters())
         Refuse("external entities are not read");
@@ -367,7 +385,7 @@ DomNode Load(const std::string& path) {
     DomNode node;
     Require(document->QueryInterface(IID_IXMLDOMNode, node.OutVoid()));
     CheckTree(node, prolog);
-    return node;
+    return {std::move(node), std::make_shared<const XmlSource>(XmlSource{path, std::move(prolog)})};
 }
 
 }  // namespace
@@ -421,7 +439,7 @@ std::string XmlNode::Text() const {
     if (Kind() != XmlNodeKind::text)
         return {};
     std::wstring text;
-    ReadRun(owner_->node, text);
+    ReadRun(owner_->node, owner_->source.get(), text);
     return FromWide(text);
 }
 
@@ -431,11 +449,13 @@ int XmlNode::Line() const {
 
 const std::string& XmlNode::File() const {
     static const std::string none;
-    return owner_ && owner_->file ? *owner_->file : none;
+    return owner_ && owner_->source ? owner_->source->file : none;
 }
 
 XmlNode XmlNode::FirstChild() const {
-    return owner_ ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node)))) : XmlNode();
+    return owner_
+               ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node), owner_->source.get())))
+               : XmlNode();
 }
 
 XmlNode XmlNode::NextSibling() const {
@@ -444,11 +464,11 @@ XmlNode XmlNode::NextSibling() const {
     DomNode next;
     if (IsText(TypeOf(owner_->node))) {
         std::wstring text;
-        next = ReadRun(owner_->node, text);
+        next = ReadRun(owner_->node, owner_->source.get(), text);
     } else {
         next = SiblingOf(owner_->node, owner_->document);
     }
-    return XmlNodeAccess::Make(owner_->With(SkipBlankText(std::move(next))));
+    return XmlNodeAccess::Make(owner_->With(SkipBlankText(std::move(next), owner_->source.get())));
 }
 
 std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
@@ -472,9 +492,9 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
 
 XmlDocument::XmlDocument(const std::string& path) {
     try {
-        const DomNode document = Load(path);
+        const Loaded loaded = Load(path);
         owner_ = std::make_shared<const XmlNode::Owner>(
-            XmlNode::Owner{document, document, {}, std::make_shared<const std::string>(path)});
+            XmlNode::Owner{loaded.document, loaded.document, {}, loaded.source});
     } catch (const Refusal& refusal) {
         reason_ = refusal.reason;
         line_ = refusal.line;
@@ -486,7 +506,9 @@ XmlDocument::XmlDocument(const std::string& path) {
 }
 
 XmlNode XmlDocument::FirstNode() const {
-    return owner_ ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node)))) : XmlNode();
+    return owner_
+               ? XmlNodeAccess::Make(owner_->With(SkipBlankText(ChildOf(owner_->node), owner_->source.get())))
+               : XmlNode();
 }
 
 }  // namespace tovarek

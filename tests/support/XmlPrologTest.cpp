@@ -163,6 +163,26 @@ TEST(XmlProlog, EntitiesThatMultiplyAreAnsweredAtOnce) {
     EXPECT_FALSE(deep.IsPlainText("c100000")) << "nobody follows that far";
 }
 
+TEST(XmlProlog, TextsOfEntitiesAreResolvedToTheEnd) {
+    const XmlProlog prolog(
+        Documented("<!ENTITY blank ' '><!ENTITY in 'in'><!ENTITY e '&in;&#45;&in;&blank;&lt;&#38;#38;'>"
+                   "<!ENTITY m '<b/>'><!ENTITY none ''>"));
+    EXPECT_EQ(prolog.TextOf("e"), "in-in <&");
+    EXPECT_EQ(prolog.TextOf("blank"), " ");
+    EXPECT_EQ(prolog.TextOf("none"), "");
+    EXPECT_EQ(prolog.TextOf("m"), std::nullopt);
+    EXPECT_EQ(prolog.TextOf("other"), std::nullopt);
+    for (const std::string text : {"x", ""}) {
+        std::string bomb = "<!ENTITY e0 '" + text + "'>";
+        for (int i = 1; i <= 60; ++i)
+            bomb += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";&e" +
+                    std::to_string(i - 1) + ";'>";
+        const XmlProlog bombed(Documented(bomb));
+        EXPECT_EQ(bombed.TextOf("e60"), std::nullopt) << "answered at once";
+        EXPECT_EQ(bombed.TextOf("e3"), text + text + text + text + text + text + text + text);
+    }
+}
+
 const std::string kRich =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<!-- \"<!DOCTYPE\" -->\n"
     "<!DOCTYPE t PUBLIC \"-//x\" 'sub/a.dtd' [\n<!ELEMENT t (#PCDATA|u)*>\n<!ATTLIST t k CDATA \"]>\">\n"
