@@ -1,7 +1,7 @@
 // Windows only: strings of COM.
 #pragma once
 
-#include <oleauto.h>
+#include <windows.h>
 
 #include <climits>
 #include <new>

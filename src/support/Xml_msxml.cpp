@@ -1,38 +1,18 @@
 #include "support/Xml_msxml.h"
 
-#include <windows.h>
-// The header wants the types of windows.h.
-#include <msxml2.h>
-
-#include <algorithm>
-#include <cstring>
-
 #include "support/Bstr.h"
-#include "support/ComPtr.h"
-#include "support/Files.h"
+#include "support/Dom_msxml.h"
+#include "support/Error.h"
 #include "support/Text.h"
 #include "support/Wide.h"
-#include "support/XmlPrefixes.h"
-#include "support/XmlProlog.h"
-
-// No library holds the identifier of this interface.
-__CRT_UUID_DECL(IXMLDOMDocument2, 0x2933BF95, 0x7B36, 0x11D2, 0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60)
 
 namespace tovarek {
-
-using DomNode = ComPtr<IXMLDOMNode>;
-
-// What is known of a document beside its tree; nothing of a host's document.
-struct XmlSource {
-    std::string file;
-    XmlProlog prolog;
-};
 
 struct XmlNode::Owner {
     DomNode node;
     DomNode document;         // where the node stands; empty when the platform did not tell
     ComPtr<IDispatch> given;  // the object of the host, where the node came from one
-    std::shared_ptr<const XmlSource> source;
+    std::shared_ptr<const DomSource> source;
 
     // Another node of the same document.
     Owner With(DomNode other) const { return {std::move(other), document, {}, source}; }
@@ -50,94 +30,10 @@ struct XmlNodeAccess {
 
 namespace {
 
-class Variant {
-  public:
-    Variant() { VariantInit(&value_); }
-    ~Variant() { VariantClear(&value_); }
-    Variant(const Variant&) = delete;
-    Variant& operator=(const Variant&) = delete;
-
-    VARIANT& Get() { return value_; }
-
-    // `bytes` as an array, which the parser decodes as it would decode a file.
-    void SetBytes(std::string_view bytes) {
-        SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
-        if (array == nullptr)
-            throw std::bad_alloc();
-        value_.vt = VT_ARRAY | VT_UI1;
-        value_.parray = array;
-        void* data = nullptr;
-        if (SUCCEEDED(SafeArrayAccessData(array, &data))) {
-            std::memcpy(data, bytes.data(), bytes.size());
-            SafeArrayUnaccessData(array);
-        }
-    }
-
-  private:
-    VARIANT value_{};
-};
-
-// A DOM of a host may live elsewhere and stop to answer; that must not look like the end of a list.
-void Require(HRESULT status) {
-    if (SUCCEEDED(status))
-        return;
-    if (status == E_OUTOFMEMORY)
-        throw std::bad_alloc();
-    RaiseRuntimeError(RuntimeError::deviceIoError,
-                      {.reason = "the XML node cannot be read (status " + std::to_string(status) + ")"});
-}
-
-DOMNodeType TypeOf(const DomNode& node) {
-    DOMNodeType type = NODE_INVALID;
-    Require(node->get_nodeType(&type));
-    return type;
-}
-
-std::string NameOf(const DomNode& node) {
-    Bstr name;
-    Require(node->get_nodeName(name.Out()));
-    return FromWide(name.View());
-}
-
-// Behind a document type declaration: the platform may not know its siblings, but the document knows its
-// children.
-DomNode BehindDocumentType(const DomNode& document) {
-    ComPtr<IXMLDOMNodeList> children;
-    LONG count = 0;
-    Require(document->get_childNodes(children.Out()));
-    Require(children->get_length(&count));
-    bool isBehind = false;
-    for (LONG i = 0; i < count; ++i) {
-        DomNode child;
-        Require(children->get_item(i, child.Out()));
-        if (isBehind)
-            return child;
-        isBehind = TypeOf(child) == NODE_DOCUMENT_TYPE;
-    }
-    return {};
-}
-
-// `document` is where the node stands; empty when that is unknown.
-DomNode SiblingOf(const DomNode& node, const DomNode& document) {
-    if (document && TypeOf(node) == NODE_DOCUMENT_TYPE)
-        return BehindDocumentType(document);
-    DomNode next;
-    Require(node->get_nextSibling(next.Out()));
-    return next;
-}
-
-DomNode ChildOf(const DomNode& node) {
-    DomNode child;
-    // The declarations inside a document type declaration are no content.
-    if (TypeOf(node) != NODE_DOCUMENT_TYPE)
-        Require(node->get_firstChild(child.Out()));
-    return child;
-}
-
 // What an entity stands for. The reference itself may not tell. Where the document's declarations are known,
 // they do; else an element that holds the reference does. The platform trims the text of an element, so the
 // reference stands between two marks there.
-std::wstring ExpansionOf(const DomNode& reference, const XmlSource* source) {
+std::wstring ExpansionOf(const DomNode& reference, const DomSource* source) {
     if (source != nullptr)
         if (const auto text = source->prolog.TextOf(NameOf(reference)); text && IsAscii(*text))
             return ToWide(*text);
@@ -165,13 +61,6 @@ std::wstring ExpansionOf(const DomNode& reference, const XmlSource* source) {
     return marked.size() < 2 ? std::wstring() : std::wstring(marked.substr(1, marked.size() - 2));
 }
 
-// The value of the node itself: get_text is trimmed, and the typed value is that of the whole parent element.
-std::wstring ValueOf(const DomNode& node) {
-    Variant value;
-    Require(node->get_nodeValue(&value.Get()));
-    return value.Get().vt == VT_BSTR ? std::wstring(ViewOf(value.Get().bstrVal)) : std::wstring();
-}
-
 bool IsText(DOMNodeType type) {
     return type == NODE_TEXT || type == NODE_ENTITY_REFERENCE;
 }
@@ -183,7 +72,7 @@ bool BelongTogether(DOMNodeType type, DOMNodeType next) {
 }
 
 // One text: `text` is told, the node behind it answered.
-DomNode ReadRun(const DomNode& first, const XmlSource* source, std::wstring& text) {
+DomNode ReadRun(const DomNode& first, const DomSource* source, std::wstring& text) {
     DomNode node = first;
     DOMNodeType type = TypeOf(node);
     while (true) {
@@ -205,7 +94,7 @@ bool IsBlank(const std::wstring& text) {
 }
 
 // The first node from `node` on that exists for us.
-DomNode SkipBlankText(DomNode node, const XmlSource* source) {
+DomNode SkipBlankText(DomNode node, const DomSource* source) {
     while (node && IsText(TypeOf(node))) {
         std::wstring text;
         DomNode next = ReadRun(node, source, text);
@@ -214,178 +103,6 @@ DomNode SkipBlankText(DomNode node, const XmlSource* source) {
         node = std::move(next);
     }
     return node;
-}
-
-// ---- loading ----
-
-// Why a document is refused.
-struct Refusal {
-    std::string reason;
-    int line = 0;
-};
-
-ComPtr<IXMLDOMDocument2> NewDocument() {
-    CLSID id{};
-    ComPtr<IXMLDOMDocument2> document;
-    Require(CLSIDFromProgID(L"MSXML2.DOMDocument", &id));
-    const auto create = [&] {
-        return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument2),
-                                document.OutVoid());
-    };
-    HRESULT status = create();
-    if (status == CO_E_NOTINITIALIZED) {
-        // A C++ program that knows nothing of COM. It keeps it until it ends: nodes may outlive every scope
-        // of ours.
-        Require(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
-        status = create();
-    }
-    Require(status);
-    return document;
-}
-
-void Refuse(std::string reason) {
-    throw Refusal{std::move(reason)};
-}
-
-// The file at `path` as an ASCII URL, whatever its name is made of.
-std::string FileUrl(const std::string& path) {
-    std::wstring full(32768, L'\0');
-    const DWORD length =
-        GetFullPathNameW(ToWide(path).c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    if (length == 0 || length >= full.size())
-        Refuse("the document type definition '" + path + "' has no full name");
-    std::string name = FromWide(std::wstring_view(full).substr(0, length));
-    std::replace(name.begin(), name.end(), '\\', '/');
-    std::string url = name.starts_with("//") ? "file:" : "file:///";
-    constexpr std::string_view kPlain = "/:-._~";
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        const char upper = AsciiUpper(c);
-        if (IsDigit(c) || (upper >= 'A' && upper <= 'Z') || kPlain.find(c) != std::string_view::npos)
-            url += c;
-        else
-            url.append({'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]});
-    }
-    return url;
-}
-
-// Reads the document's own DTD file into `prolog` and answers its path; nothing else outside the document is
-// read.
-std::string ReadDtd(const std::string& path, XmlProlog& prolog) {
-    const std::string& name = prolog.SystemId();
-    if (name.find("://") != std::string::npos)
-        Refuse("the document type definition '" + name + "' is not a file beside the document");
-    const bool isAbsolute =
-        name.starts_with('\\') || name.starts_with('/') || name.find(':') != std::string::npos;
-    const std::size_t folderEnd = path.find_last_of("\\/:");
-    const std::string folder = folderEnd == std::string::npos ? std::string() : path.substr(0, folderEnd + 1);
-    std::string dtd = isAbsolute ? name : folder + name;
-    try {
-        prolog.ReadExternalPart(ReadFile(dtd));
-    } catch (const Error& error) {
-        Refuse("the document type definition '" + name + "' cannot be read: " + error.Description());
-    }
-    return dtd;
-}
-
-// Throws a Refusal when `fault` tells one.
-void CheckFault(IXMLDOMParseError* fault) {
-    LONG code = 0;
-    if (fault == nullptr || FAILED(fault->get_errorCode(&code)) || code == 0)
-        return;
-    Bstr reason;
-    LONG line = 0;
-    fault->get_reason(reason.Out());
-    fault->get_line(&line);
-    std::string text = FromWide(reason.View());
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-        text.pop_back();
-    throw Refusal{text.empty() || text == "error" ? "not an XML document" : text,
-                  static_cast<int>(std::max(line, 0L))};
-}
-
-// The bytes that were looked at are the bytes that are parsed, whatever the file's name is made of.
-void Parse(IXMLDOMDocument2& document, std::string_view bytes, bool hasDtdFile) {
-    Variant source;
-    source.SetBytes(bytes);
-    Require(document.put_async(VARIANT_FALSE));
-    Require(document.put_validateOnParse(VARIANT_TRUE));
-    Require(document.put_resolveExternals(hasDtdFile ? VARIANT_TRUE : VARIANT_FALSE));
-    // Blank texts are skipped by us; the others must keep their white space.
-    Require(document.put_preserveWhiteSpace(VARIANT_TRUE));
-
-    VARIANT_BOOL isLoaded = VARIANT_FALSE;
-    ComPtr<IXMLDOMParseError> fault;
-    Require(document.load(source.Get(), &isLoaded));
-    Require(document.get_parseError(fault.Out()));
-    CheckFault(fault.Get());
-    if (isLoaded == VARIANT_FALSE)
-        Refuse("not an XML document");
-}
-
-// The parser may have loaded a document that does not follow its document type definition.
-void Validate(IXMLDOMDocument2& document) {
-    ComPtr<IXMLDOMDocumentType> declaration;
-    ComPtr<IXMLDOMParseError> fault;
-    if (FAILED(document.get_doctype(declaration.Out())) || !declaration)
-        return;
-    const HRESULT status = document.validate(fault.Out());
-    CheckFault(fault.Get());
-    if (status != S_OK)
-        Refuse("the document does not follow its document type definition");
-}
-
-// Refuses what the tree must not hold: elements without end, and entities that stand for more than text.
-void CheckTree(const DomNode& document, const XmlProlog& prolog) {
-    std::vector<DomNode> path;  // from the document down to the node before the one at hand
-    DomNode node = ChildOf(document);
-    while (node || !path.empty()) {
-        if (!node) {
-            node = SiblingOf(path.back(), document);
-            path.pop_back();
-            continue;
-        }
-        const DOMNodeType type = TypeOf(node);
-        if (type == NODE_ENTITY_REFERENCE && !prolog.IsPlainText(NameOf(node)))
-            Refuse("only entities that stand for plain text are read: " + NameOf(node));
-        if (type == NODE_ELEMENT) {
-            if (path.size() >= static_cast<std::size_t>(kDeepestXml))
-                Refuse("elements are nested deeper than " + std::to_string(kDeepestXml) + " levels");
-            DomNode child = ChildOf(node);
-            path.push_back(std::move(node));
-            node = std::move(child);
-        } else {
-            node = SiblingOf(node, document);
-        }
-    }
-}
-
-struct Loaded {
-    DomNode document;
-    std::shared_ptr<const XmlSource> source;
-};
-
-Loaded Load(const std::string& path) {
-    std::string bytes = ReadFile(path);
-    XmlProlog prolog(bytes);
-    const bool hasDtdFile = !prolog.SystemId().empty();
-    if (hasDtdFile) {
-        // The parser does not know where bytes come from, so it is told where the DTD file lies.
-        const std::string dtd = ReadDtd(path, prolog);
-        bytes = prolog.ForParser(bytes, FileUrl(dtd));
-    } else if (!prolog.HasDocumentType()) {
-        bytes = WithPrefixesDeclared(bytes);
-    }
-    if (prolog.UsesExternalParameters())
-        Refuse("external entities are not read");
-    const ComPtr<IXMLDOMDocument2> document = NewDocument();
-    Parse(*document.Get(), bytes, hasDtdFile);
-    Validate(*document.Get());
-    DomNode node;
-    Require(document->QueryInterface(IID_IXMLDOMNode, node.OutVoid()));
-    CheckTree(node, prolog);
-    return {std::move(node), std::make_shared<const XmlSource>(XmlSource{path, std::move(prolog)})};
 }
 
 }  // namespace
@@ -492,10 +209,10 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
 
 XmlDocument::XmlDocument(const std::string& path) {
     try {
-        const Loaded loaded = Load(path);
+        const LoadedDom loaded = LoadDom(path);
         owner_ = std::make_shared<const XmlNode::Owner>(
             XmlNode::Owner{loaded.document, loaded.document, {}, loaded.source});
-    } catch (const Refusal& refusal) {
+    } catch (const DomRefusal& refusal) {
         reason_ = refusal.reason;
         line_ = refusal.line;
     } catch (const Error& error) {
