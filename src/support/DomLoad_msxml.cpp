@@ -127,7 +127,7 @@ void Validate(IXMLDOMDocument2& document) {
         Refuse("the document does not follow its document type definition");
 }
 
-// Refuses what the tree must not hold: elements without end, and entities that stand for more than text.
+// Refuses what the tree must not hold: elements without end, and entities that nobody could follow.
 void CheckTree(const DomNode& document, const XmlProlog& prolog) {
     std::vector<DomNode> path;  // from the document down to the node before the one at hand
     DomNode node = ChildOf(document);
@@ -139,7 +139,7 @@ void CheckTree(const DomNode& document, const XmlProlog& prolog) {
         }
         const DOMNodeType type = TypeOf(node);
         if (type == NODE_ENTITY_REFERENCE && !prolog.IsPlainText(NameOf(node)))
-            Refuse("only entities that stand for plain text are read: " + NameOf(node));
+            Refuse("external entities are not read: " + NameOf(node));
         if (type == NODE_ELEMENT) {
             if (path.size() >= static_cast<std::size_t>(kDeepestXml))
                 Refuse("elements are nested deeper than " + std::to_string(kDeepestXml) + " levels");
@@ -161,8 +161,10 @@ LoadedDom LoadDom(const std::string& path) {
     if (hasDtdFile) {
         // The parser does not know where bytes come from, so it is told where the DTD file lies.
         const std::string dtd = ReadDtd(path, prolog);
-        bytes = prolog.ForParser(bytes, FileUrl(dtd));
-    } else if (!prolog.HasDocumentType()) {
+        bytes = prolog.ForParser(prolog.WithMarkupExpanded(bytes), FileUrl(dtd));
+    } else if (prolog.HasDocumentType()) {
+        bytes = prolog.WithMarkupExpanded(bytes);
+    } else {
         bytes = WithPrefixesDeclared(bytes);
     }
     if (prolog.UsesExternalParameters())

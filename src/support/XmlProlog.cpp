@@ -51,6 +51,45 @@ void ForEachReference(std::string_view text, const OnReference& onReference, con
     }
 }
 
+// Where the construct at the front of `text` ends: a comment, a CDATA section, an instruction, a tag, or else
+// one character.
+std::size_t ConstructLength(std::string_view text) {
+    constexpr std::pair<std::string_view, std::string_view> kMarks[] = {
+        {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+    for (const auto& [begin, end] : kMarks)
+        if (text.starts_with(begin)) {
+            const std::size_t place = text.find(end, begin.size());
+            return place == std::string_view::npos ? text.size() : place + end.size();
+        }
+    if (!text.starts_with('<'))
+        return 1;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == '>')
+            return i + 1;
+        if (text[i] == '"' || text[i] == '\'')
+            i = std::min(text.find(text[i], i + 1), text.size());
+    }
+    return text.size();
+}
+
+// Calls `visit(piece, isReference)` with every reference in the content of elements, and with what stands
+// between.
+template <class Visit>
+void ForEachContentPiece(std::string_view content, const Visit& visit) {
+    std::size_t start = 0;
+    for (std::size_t place = 0; place < content.size();) {
+        const std::size_t end = content[place] == '&' ? content.find(';', place) : std::string_view::npos;
+        if (end == std::string_view::npos) {
+            place += ConstructLength(content.substr(place));
+            continue;
+        }
+        visit(content.substr(start, place - start), false);
+        visit(content.substr(place, end + 1 - place), true);
+        place = start = end + 1;
+    }
+    visit(content.substr(start), false);
+}
+
 // An entity's value as the parser keeps it: character references resolved, references to entities not.
 std::string StoredValue(std::string_view literal) {
     std::string value;
@@ -353,6 +392,46 @@ bool XmlProlog::AppendText(const std::string& name, std::string& text, std::size
         [&](std::string_view inner) { isWhole = isWhole && AppendText(std::string(inner), text, steps); },
         [&](std::string_view piece) { text += piece; });
     return isWhole;
+}
+
+bool XmlProlog::AppendMarkup(const std::string& name, std::string& text, std::size_t& steps,
+                             std::size_t depth) const {
+    const auto found = general_.find(name);
+    if (found == general_.end() || !found->second || depth >= kDeepestNesting)
+        return false;
+    const std::string& value = *found->second;
+    steps += value.size() + 1;
+    // Characters that were told by number may not be those that the document's bytes mean.
+    if (steps > kLongestExpansion || !(isUnicode_ || IsAscii(value)))
+        return false;
+    bool isWhole = true;
+    ForEachReference(
+        value,
+        [&](std::string_view reference) {
+            const std::string inner(reference);
+            if (IsPlainText(inner))
+                text.append("&").append(inner).append(";");
+            else
+                isWhole = isWhole && AppendMarkup(inner, text, steps, depth + 1);
+        },
+        [&](std::string_view piece) { text += piece; });
+    return isWhole;
+}
+
+std::string XmlProlog::WithMarkupExpanded(std::string_view document) const {
+    const ReadableXml readable(document);
+    const std::string_view text = readable.Text();
+    std::string expanded(text.substr(0, declarationsEnd_));
+    std::size_t steps = 0;
+    ForEachContentPiece(text.substr(declarationsEnd_), [&](std::string_view piece, bool isReference) {
+        const std::string name(isReference ? piece.substr(1, piece.size() - 2) : std::string_view());
+        std::string markup;
+        if (isReference && !IsPlainText(name) && AppendMarkup(name, markup, steps, 0))
+            expanded += markup;
+        else
+            expanded += piece;
+    });
+    return readable.Encode(expanded);
 }
 
 }  // namespace tovarek

@@ -41,6 +41,11 @@ class XmlProlog {
     // one that expands without measure.
     std::optional<std::string> TextOf(const std::string& name) const;
 
+    // `document`, which this prolog was read from, with the references in its content to entities that stand
+    // for markup replaced by that markup. References that cannot be followed stay: outside the document, to
+    // itself, without measure.
+    std::string WithMarkupExpanded(std::string_view document) const;
+
   private:
     class Scanner;
     // The value between its quotes, character references resolved; nothing for an external entity and for one
@@ -51,6 +56,10 @@ class XmlProlog {
 
     // Appends what a plain entity stands for; false when it takes too many steps.
     bool AppendText(const std::string& name, std::string& text, std::size_t& steps) const;
+    // The same for one that stands for markup; references to plain entities stay in it. False also for what
+    // lies outside or contains itself.
+    bool AppendMarkup(const std::string& name, std::string& text, std::size_t& steps,
+                      std::size_t depth) const;
 
     Entities general_;
     Entities parameters_;

@@ -94,14 +94,5 @@ TEST(WindowsXml, ANodeKeepsItsDocumentAlive) {
     EXPECT_EQ(CTools().nodeTextValue(node), "x");
 }
 
-TEST(WindowsXml, EntitiesThatStandForMarkupAreRefused) {
-    const Scratch scratch;
-    const std::string type = "<!DOCTYPE t [<!ELEMENT t ANY><!ENTITY e '<t/>'>]>";
-    const XmlDocument used(scratch.File("a.xml", type + "<t>&e;</t>"));
-    EXPECT_FALSE(used.IsLoaded());
-    EXPECT_NE(used.Reason().find("plain text"), std::string::npos) << used.Reason();
-    EXPECT_TRUE(XmlDocument(scratch.File("a.xml", type + "<t/>")).IsLoaded()) << "declared alone";
-}
-
 }  // namespace
 }  // namespace tovarek::test

@@ -183,6 +183,33 @@ TEST(XmlProlog, TextsOfEntitiesAreResolvedToTheEnd) {
     }
 }
 
+TEST(XmlProlog, MarkupOfEntitiesTakesTheirPlaceInTheContent) {
+    const std::string declared =
+        "<!DOCTYPE t [<!ENTITY m '<b k=\"&in;\">&n;</b>'><!ENTITY n '&in;&o;'><!ENTITY o '<c/>'><!ENTITY in "
+        "'x'>"
+        "<!ENTITY self '<d/>&self;'><!ENTITY far SYSTEM 'far'><!ENTITY half '<e/>&far;'>]>";
+    const std::pair<const char*, const char*> rows[] = {
+        {"<t>&m;</t>", "<t><b k=\"&in;\">&in;<c/></b></t>"},
+        {"<t a='&in;' b='&m;>'>&in;&amp;&#65;&o;&o;</t>", "<t a='&in;' b='&m;>'>&in;&amp;&#65;<c/><c/></t>"},
+        {"<t><!-- &o; --><![CDATA[&o;]]><?p &o;?></t>", "<t><!-- &o; --><![CDATA[&o;]]><?p &o;?></t>"},
+        {"<t>&self;&far;&half;&unknown;& ;&</t>", "<t>&self;&far;&half;&unknown;& ;&</t>"},
+        {"<t>&o", "<t>&o"},
+        {"<t k='&o;", "<t k='&o;"},
+    };
+    for (const auto& [content, expected] : rows) {
+        const std::string document = declared + content;
+        EXPECT_EQ(XmlProlog(document).WithMarkupExpanded(document), declared + expected);
+        const std::string wide = ToUtf16(document, false);
+        EXPECT_EQ(XmlProlog(wide).WithMarkupExpanded(wide), ToUtf16(declared + expected, false));
+    }
+    std::string bomb = "<!ENTITY e0 '<b/>'>";
+    for (int i = 1; i <= 60; ++i)
+        bomb += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";&e" +
+                std::to_string(i - 1) + ";'>";
+    const std::string document = "<!DOCTYPE t [" + bomb + "]><t>&e60;&e2;</t>";
+    EXPECT_EQ(XmlProlog(document).WithMarkupExpanded(document), document) << "given up at once, and for good";
+}
+
 const std::string kRich =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<!-- \"<!DOCTYPE\" -->\n"
     "<!DOCTYPE t PUBLIC \"-//x\" 'sub/a.dtd' [\n<!ELEMENT t (#PCDATA|u)*>\n<!ATTLIST t k CDATA \"]>\">\n"

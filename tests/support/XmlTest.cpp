@@ -27,6 +27,8 @@ TEST(Xml, TheFirstTextChildIsTheValue) {
         {"<t a='x'/>", ""},
         {"<a><b/><t>inner</t><t>second</t></a>", "inner"},
         {"<!DOCTYPE t [<!ELEMENT t (#PCDATA)><!ENTITY e 'ent'>]><t>a&e;b</t>", "aentb"},
+        {"<!DOCTYPE t [<!ELEMENT t ANY><!ELEMENT b ANY><!ENTITY e '<b>x</b>y'>]><t>&e;z</t>", "yz"},
+        {"<!DOCTYPE t [<!ELEMENT t (#PCDATA)><!ENTITY e ' '>]><t>&e;a&e;</t>", " a "},
         {"<t>3&#176;&amp;</t>", "3\xC2\xB0&"},
         {"<?xml version='1.0' encoding='ISO-8859-1'?><t>\xB0</t>", "\xC2\xB0"},
         {"<?xml version='1.0' encoding='windows-1252'?><t>\x80</t>", "\xE2\x82\xAC"},
