@@ -4,6 +4,8 @@
 # and sets CMAKE_CROSSCOMPILING_EMULATOR, so include this file before the targets are made. A test that runs in Wine
 # takes the property FIXTURES_REQUIRED wine.
 
+include(${CMAKE_CURRENT_LIST_DIR}/WinePath.cmake)
+
 # - A Wine of its own: nothing of the user's Wine is seen or changed.
 # - No offer to install what browsers and .NET programs want, and no debugger for programs that crash: the exit status
 #   tells as much.

@@ -15,17 +15,6 @@ HRESULT ClassFactory::QueryInterface(REFIID iid, void** object) {
     return S_OK;
 }
 
-ULONG ClassFactory::AddRef() {
-    return static_cast<ULONG>(InterlockedIncrement(&references_));
-}
-
-ULONG ClassFactory::Release() {
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0)
-        delete this;
-    return static_cast<ULONG>(left);
-}
-
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object) {
     if (object == nullptr)
         return E_POINTER;

@@ -3,28 +3,19 @@
 
 #include <windows.h>
 
-#include "automation/Module.h"
+#include "automation/Counted.h"
 
 namespace tovarek {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public Counted<ClassFactory, IClassFactory> {
   public:
-    // Born with one reference, for the one that made it.
-    ClassFactory() = default;
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override;
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
 
   private:
+    friend Counted;
     ~ClassFactory() = default;
-
-    ModuleLock lock_;
-    LONG references_ = 1;
 };
 
 }  // namespace tovarek

@@ -31,17 +31,6 @@ HRESULT TovarekObject::QueryInterface(REFIID iid, void** object) {
     return S_OK;
 }
 
-ULONG TovarekObject::AddRef() {
-    return static_cast<ULONG>(InterlockedIncrement(&references_));
-}
-
-ULONG TovarekObject::Release() {
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0)
-        delete this;
-    return static_cast<ULONG>(left);
-}
-
 HRESULT TovarekObject::InterfaceSupportsErrorInfo(REFIID iid) {
     return iid == IID__Tovarek || iid == IID_IDispatch ? S_OK : S_FALSE;
 }

@@ -5,24 +5,17 @@
 #include <QVTovarek_h.h>
 #include <windows.h>
 
-#include "automation/Module.h"
+#include "automation/Counted.h"
 #include "automation/Values.h"
 #include "component/Tovarek.h"
 #include "support/ComPtr.h"
 
 namespace tovarek {
 
-class TovarekObject final : public _Tovarek, public ISupportErrorInfo {
+class TovarekObject final : public Counted<TovarekObject, _Tovarek, ISupportErrorInfo> {
   public:
-    // Born with one reference, for the one that made it.
-    TovarekObject() = default;
-    TovarekObject(const TovarekObject&) = delete;
-    TovarekObject& operator=(const TovarekObject&) = delete;
-
     // ---- IUnknown ----
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
 
     // ---- ISupportErrorInfo ----
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
@@ -66,7 +59,7 @@ class TovarekObject final : public _Tovarek, public ISupportErrorInfo {
 #undef TOVAREK_PUTREF_node
 
   private:
-    // Release alone ends an object.
+    friend Counted;
     ~TovarekObject() = default;
 
     template <class Value, class Getter>
@@ -79,8 +72,6 @@ class TovarekObject final : public _Tovarek, public ISupportErrorInfo {
 
     ITypeInfo* TypeInfo();
 
-    ModuleLock lock_;
-    LONG references_ = 1;
     ComPtr<ITypeInfo> typeInfo_;
     Tovarek component_;
 };

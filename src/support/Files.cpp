@@ -1,6 +1,7 @@
 #include "support/Files.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tovarek {
 namespace {
@@ -13,6 +14,9 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
 }
 
 }  // namespace
+
+SystemFile::SystemFile(SystemFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
 
 std::string ReadFile(std::string_view path, std::uint64_t limit) {
     if (path.empty())

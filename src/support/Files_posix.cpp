@@ -90,9 +90,6 @@ SystemFile SystemFile::Create(std::string_view path) {
     return {path, OpenOrRaise(path, O_WRONLY | O_CREAT | O_TRUNC)};
 }
 
-SystemFile::SystemFile(SystemFile&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
-
 SystemFile::~SystemFile() {
     if (IsOpen())
         close(static_cast<int>(handle_));

@@ -109,9 +109,6 @@ SystemFile SystemFile::Create(std::string_view path) {
     return {path, OpenOrRaise(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS)};
 }
 
-SystemFile::SystemFile(SystemFile&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
-
 SystemFile::~SystemFile() {
     if (IsOpen())
         CloseHandle(Handle(handle_));

@@ -1,5 +1,7 @@
 #include "support/XmlBytes.h"
 
+#include <algorithm>
+
 #include "support/Text.h"
 
 namespace tovarek {
@@ -38,6 +40,30 @@ bool ReadableXml::IsUnicode() const {
 std::string ReadableXml::Encode(std::string_view text) const {
     const std::string whole = std::string(mark_).append(text);
     return units_ == Units::bytes ? whole : ToUtf16(whole, units_ == Units::bigEndian);
+}
+
+bool XmlCursor::Take(std::string_view word) {
+    if (!rest_.starts_with(word))
+        return false;
+    rest_.remove_prefix(word.size());
+    return true;
+}
+
+void XmlCursor::SkipBehind(std::string_view mark) {
+    rest_.remove_prefix(std::min(rest_.find(mark), rest_.size()));
+    Take(mark);
+}
+
+bool XmlCursor::SkipUnparsed() {
+    if (Take("<!--"))
+        SkipBehind("-->");
+    else if (Take("<![CDATA["))
+        SkipBehind("]]>");
+    else if (Take("<?"))
+        SkipBehind("?>");
+    else
+        return false;
+    return true;
 }
 
 }  // namespace tovarek

@@ -2,6 +2,7 @@
 // encoding that is in use; only the size of the units differs.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -34,5 +35,24 @@ class ReadableXml {
 constexpr bool IsXmlSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
+
+// Takes markup off the front of a text, piece by piece.
+class XmlCursor {
+  public:
+    explicit XmlCursor(std::string_view text) : start_(text.data()), rest_(text) {}
+
+    // The number of bytes that were taken.
+    std::size_t Position() const { return static_cast<std::size_t>(rest_.data() - start_); }
+    // True when `word` stood at the front and was taken.
+    bool Take(std::string_view word);
+    // Takes all up to the end of the next `mark`, or everything.
+    void SkipBehind(std::string_view mark);
+    // Takes a comment, a CDATA section or a processing instruction; false when none stands at the front.
+    bool SkipUnparsed();
+
+  protected:
+    const char* start_;
+    std::string_view rest_;
+};
 
 }  // namespace tovarek

@@ -9,23 +9,19 @@ namespace tovarek {
 namespace {
 
 // Walks over the tags of a document.
-class TagScanner {
+class TagScanner : private XmlCursor {
   public:
-    explicit TagScanner(std::string_view text) : text_(text), rest_(text) {}
+    explicit TagScanner(std::string_view text) : XmlCursor(text) {}
 
     // False when the document has a document type declaration.
     bool Run() {
         while (!rest_.empty()) {
             rest_.remove_prefix(std::min(rest_.find('<'), rest_.size()));
-            if (Take("<!--"))
-                SkipBehind("-->");
-            else if (Take("<![CDATA["))
-                SkipBehind("]]>");
-            else if (Take("<?"))
-                SkipBehind("?>");
-            else if (rest_.starts_with("<!"))
+            if (SkipUnparsed())
+                continue;
+            if (rest_.starts_with("<!"))
                 return false;
-            else if (Take("</"))
+            if (Take("</"))
                 SkipBehind(">");
             else if (Take("<"))
                 Element();
@@ -48,7 +44,7 @@ class TagScanner {
     void Element() {
         Use(Name());
         if (place_ == 0)
-            place_ = text_.size() - rest_.size();
+            place_ = Position();
         while (!rest_.empty() && !Take(">")) {
             const std::string_view name = Name();
             constexpr std::string_view kDeclaration = "xmlns:";
@@ -84,20 +80,6 @@ class TagScanner {
         rest_.remove_prefix(std::min<std::size_t>(1, rest_.size()));
     }
 
-    bool Take(std::string_view word) {
-        if (!rest_.starts_with(word))
-            return false;
-        rest_.remove_prefix(word.size());
-        return true;
-    }
-
-    void SkipBehind(std::string_view mark) {
-        rest_.remove_prefix(std::min(rest_.find(mark), rest_.size()));
-        Take(mark);
-    }
-
-    std::string_view text_;
-    std::string_view rest_;
     std::size_t place_ = 0;
     std::set<std::string_view> used_;
     std::set<std::string_view> declared_ = {"xml", "xmlns"};

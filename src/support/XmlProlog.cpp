@@ -54,13 +54,9 @@ void ForEachReference(std::string_view text, const OnReference& onReference, con
 // Where the construct at the front of `text` ends: a comment, a CDATA section, an instruction, a tag, or else
 // one character.
 std::size_t ConstructLength(std::string_view text) {
-    constexpr std::pair<std::string_view, std::string_view> kMarks[] = {
-        {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
-    for (const auto& [begin, end] : kMarks)
-        if (text.starts_with(begin)) {
-            const std::size_t place = text.find(end, begin.size());
-            return place == std::string_view::npos ? text.size() : place + end.size();
-        }
+    XmlCursor cursor(text);
+    if (cursor.SkipUnparsed())
+        return cursor.Position();
     if (!text.starts_with('<'))
         return 1;
     for (std::size_t i = 1; i < text.size(); ++i) {
@@ -115,11 +111,11 @@ constexpr std::size_t kDeepestNesting = 100;
 constexpr std::size_t kLongestExpansion = 1'000'000;
 
 // Walks over declarations, from the front to the back.
-class XmlProlog::Scanner {
+class XmlProlog::Scanner : private XmlCursor {
   public:
     // `depth` counts the parameter entities that `text` is the value of.
     Scanner(XmlProlog& prolog, std::string_view text, std::size_t depth = 0)
-        : prolog_(prolog), depth_(depth), start_(text.data()), rest_(text) {}
+        : XmlCursor(text), prolog_(prolog), depth_(depth) {}
 
     // The front of a document: everything up to the document type declaration and that itself.
     void Document() {
@@ -269,15 +265,6 @@ class XmlProlog::Scanner {
         return literal;
     }
 
-    std::size_t Position() const { return static_cast<std::size_t>(rest_.data() - start_); }
-
-    bool Take(std::string_view word) {
-        if (!rest_.starts_with(word))
-            return false;
-        rest_.remove_prefix(word.size());
-        return true;
-    }
-
     std::string Name() {
         const auto* const end = std::find_if(rest_.begin(), rest_.end(), EndsName);
         const auto length = static_cast<std::size_t>(end - rest_.begin());
@@ -301,11 +288,6 @@ class XmlProlog::Scanner {
             rest_.remove_prefix(1);
     }
 
-    void SkipBehind(std::string_view mark) {
-        rest_.remove_prefix(std::min(rest_.find(mark), rest_.size()));
-        Take(mark);
-    }
-
     // Up to the ">" that is in no literal.
     void SkipDeclaration() {
         while (!rest_.empty() && !Take(">"))
@@ -317,8 +299,6 @@ class XmlProlog::Scanner {
 
     XmlProlog& prolog_;
     std::size_t depth_;
-    const char* start_;
-    std::string_view rest_;
 };
 
 XmlProlog::XmlProlog(std::string_view document) {

@@ -4,10 +4,6 @@
 namespace tovarek::test {
 namespace {
 
-std::wstring WidePath(const std::string& path) {
-    return ToWide(path);
-}
-
 // One failure of every family: an error of the component, of the control behind it, the runtime's own.
 TEST(Failures, TellNumberSourceAndDescriptionOnBothWays) {
     const Apartment apartment;
@@ -32,8 +28,8 @@ TEST(Failures, TellNumberSourceAndDescriptionOnBothWays) {
     for (const auto& row : rows) {
         const auto server = CreateServer();
         EXPECT_EQ(DispatchPut(server.Get(), "mustGenerateTypes", Variant(false)), "S_OK");
-        EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(WidePath(goodTemplate))), "S_OK");
-        EXPECT_EQ(DispatchPut(server.Get(), row.property, Variant(WidePath(row.value))), "S_OK");
+        EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(ToWide(goodTemplate))), "S_OK");
+        EXPECT_EQ(DispatchPut(server.Get(), row.property, Variant(ToWide(row.value))), "S_OK");
         EXPECT_EQ(Telling(server->Generate()), row.told) << row.property << ' ' << row.value;
         EXPECT_EQ(Dispatch(server.Get(), "Generate", DISPATCH_METHOD).told, row.told)
             << row.property << ' ' << row.value;
@@ -44,7 +40,7 @@ TEST(Failures, ACatalogThatDoesNotOpenIsToldAndStaysStored) {
     const Apartment apartment;
     const Scratch scratch;
     const auto server = CreateServer();
-    const Bstr folder(WidePath(scratch.Path("nowhere")));
+    const Bstr folder(ToWide(scratch.Path("nowhere")));
     EXPECT_EQ(Telling(server->put_catalogDir(folder.Get())),
               "80040082 QVTovarek: Error accessing SNVT master list catalog.");
     EXPECT_EQ(DispatchGet(server.Get(), "catalogDir").value.Text(), scratch.Path("nowhere"));
@@ -69,7 +65,7 @@ TEST(Failures, OutOfMemoryIsTheStatusOfThePlatform) {
     const Scratch scratch;
     // A file of more than a gigabyte that takes no room.
     const std::string big = scratch.File("big.xif", "");
-    HANDLE file = CreateFileW(WidePath(big).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    HANDLE file = CreateFileW(ToWide(big).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
     LARGE_INTEGER size{};
     size.QuadPart = (LONGLONG{1} << 30U) + 1;
@@ -79,11 +75,11 @@ TEST(Failures, OutOfMemoryIsTheStatusOfThePlatform) {
     const auto server = CreateServer();
     const std::string goodTemplate = scratch.File("good.ini", "[general]\r\nprogramID=9000010a0b040100\r\n");
     EXPECT_EQ(DispatchPut(server.Get(), "mustGenerateTypes", Variant(false)), "S_OK");
-    EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(WidePath(goodTemplate))), "S_OK");
-    EXPECT_EQ(DispatchPut(server.Get(), "xmlProfileFile", Variant(WidePath(big))), "S_OK");
+    EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(ToWide(goodTemplate))), "S_OK");
+    EXPECT_EQ(DispatchPut(server.Get(), "xmlProfileFile", Variant(ToWide(big))), "S_OK");
     EXPECT_EQ(Telling(server->Generate()), "80040057 QVTovarek: Error loading template XML file.");
-    EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(WidePath(goodTemplate))), "S_OK");
-    EXPECT_EQ(DispatchPut(server.Get(), "xifProfileFile", Variant(WidePath(big))), "S_OK");
+    EXPECT_EQ(DispatchPut(server.Get(), "iniTemplateFile", Variant(ToWide(goodTemplate))), "S_OK");
+    EXPECT_EQ(DispatchPut(server.Get(), "xifProfileFile", Variant(ToWide(big))), "S_OK");
     EXPECT_EQ(Telling(server->Generate()), "8007000E QVTovarek: Out of memory");
 }
 

@@ -9,11 +9,7 @@ set(PACKAGE_FOLDER "${UNPACKED}/${PACKAGE}")
 # What the program makes of the example; the hosts of the server must make the same.
 set(REFERENCE_FOLDER ${WORK}/program)
 
-# The root of this machine is Wine's drive Z.
-function(to_windows_path variable path)
-  string(REPLACE "/" "\\" path "Z:${path}")
-  set(${variable} ${path} PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/WinePath.cmake)
 
 # require_run(<exit status> <expression> <command>...): runs a command, which must end with that status and print
 # a match. A script that fails under Wine may end in silence and with 0, so the output counts too.

@@ -3,8 +3,8 @@ include(${CMAKE_CURRENT_LIST_DIR}/Package.cmake)
 
 file(REMOVE_RECURSE ${REFERENCE_FOLDER})
 file(MAKE_DIRECTORY ${REFERENCE_FOLDER})
-to_windows_path(inputs "${PACKAGE_FOLDER}/examples/fan-coil")
-to_windows_path(output ${REFERENCE_FOLDER})
+tovarek_path_in_wine(inputs "${PACKAGE_FOLDER}/examples/fan-coil")
+tovarek_path_in_wine(output ${REFERENCE_FOLDER})
 require_run(0 "wrote .*fan-coil\\.xif" ${WINE} ${PACKAGE_FOLDER}/tovarek.exe generate
   --iniProfileFile ${inputs}\\profile.ini
   --iniTemplateFile ${inputs}\\template.ini

@@ -1,0 +1,37 @@
+// The counting that every object of the server does.
+#pragma once
+
+#include <windows.h>
+
+#include "automation/Module.h"
+
+namespace tovarek {
+
+// The base of `Object`, which has the interfaces `Interfaces`: born with one reference, for the one that made
+// it, and ended by the last Release alone. It keeps the server in memory.
+template <class Object, class... Interfaces>
+class Counted : public Interfaces... {
+  public:
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+    ULONG STDMETHODCALLTYPE AddRef() override {
+        return static_cast<ULONG>(InterlockedIncrement(&references_));
+    }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const LONG left = InterlockedDecrement(&references_);
+        if (left == 0)
+            delete static_cast<Object*>(this);
+        return static_cast<ULONG>(left);
+    }
+
+  protected:
+    Counted() = default;
+    ~Counted() = default;
+
+  private:
+    ModuleLock lock_;
+    LONG references_ = 1;
+};
+
+}  // namespace tovarek
