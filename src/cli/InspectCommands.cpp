@@ -97,7 +97,10 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
         if (options.bytes)
             return DumpBytes(path, options.format, streams);
         const std::unique_ptr<StandardCatalog> catalog = OpenCatalog(options.place);
-        const Inspection inspection = InspectFile(path, catalog.get());
+        // The shipped catalog is made from published facts; a genuine file means other texts by most numbers.
+        const bool isShipped = options.place.folder.empty();
+        const Inspection inspection =
+            InspectFile(path, catalog.get(), isShipped ? StandardTexts::published : StandardTexts::all);
         if (options.format == OutputFormat::json)
             streams.out << JsonText(inspection.tree) << '\n';
         else

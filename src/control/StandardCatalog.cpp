@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "control/LanguageFile.h"
 #include "control/TypeFileView.h"
@@ -114,6 +115,11 @@ class StandardCatalog::Impl {
 
     const LanguageFile& Texts();
     const std::vector<DisplayFormat>& Formats(std::string_view typeName);
+    bool IsFormatString(const StringRef& string) {
+        if (!formats_)
+            LoadFormats();
+        return string.scope == 0 && formatStrings_.count(string.number) != 0;
+    }
     std::string Text(const StringRef& string) {
         const std::string* text = string.scope == 0 ? Texts().Find(string.number) : nullptr;
         return text == nullptr ? std::string() : *text;
@@ -162,6 +168,7 @@ class StandardCatalog::Impl {
     std::unordered_map<std::int32_t, std::unique_ptr<Enumeration>> enumerations_;
     std::unique_ptr<LanguageFile> texts_;
     std::unique_ptr<std::unordered_map<std::string, std::vector<DisplayFormat>>> formats_;
+    std::unordered_set<std::uint32_t> formatStrings_;
 };
 
 Outcome StandardCatalog::Impl::OpenTypes(const std::string& typePath) {
@@ -219,7 +226,11 @@ void StandardCatalog::Impl::LoadFormats() {
     }
     for (DisplayFormat& format : formats.formats) {
         for (FormatParameter& parameter : format.parameters) {
-            if (parameter.unit.empty() && parameter.unitText.number != 0)
+            if (parameter.unitText.number == 0)
+                continue;
+            if (parameter.unitText.scope == 0)
+                formatStrings_.insert(parameter.unitText.number);
+            if (parameter.unit.empty())
                 parameter.unit = Text(parameter.unitText);
         }
         (*formats_)[format.type].push_back(std::move(format));
@@ -342,6 +353,9 @@ const Enumeration* StandardCatalog::EnumerationSet(std::int32_t number) const {
 }
 std::string StandardCatalog::Text(const StringRef& string) const {
     return impl_->Text(string);
+}
+bool StandardCatalog::IsFormatString(const StringRef& string) const {
+    return impl_->IsFormatString(string);
 }
 
 namespace {

@@ -83,6 +83,9 @@ class StandardCatalog {
     const Enumeration* EnumerationSet(std::int32_t number) const;
     // The text of a string of scope 0; empty when there is none.
     std::string Text(const StringRef& string) const;
+    // True when a display format refers to the string. Those numbers are the same in every standard set; the
+    // other strings of a set that was made from published facts have numbers of its own.
+    bool IsFormatString(const StringRef& string) const;
 
     // ---- values and display formats ----
 

@@ -1,6 +1,5 @@
 #include "inspect/Inspect.h"
 
-#include "inspect/ResourceNames.h"
 #include "inspect/ResourceTrees.h"
 #include "inspect/XifTree.h"
 #include "support/CErrorHandler.h"
@@ -16,7 +15,7 @@ FileKind KindOf(std::string_view bytes, const std::string& path) {
     return kind;
 }
 
-// Reads one file and makes its tree. `names` is filled with what lies beside it when `isAlone` is false.
+// Reads one file and makes its tree.
 class FileInspector {
   public:
     FileInspector(const std::string& path, std::string_view bytes, FileKind kind)
@@ -78,14 +77,14 @@ class FileInspector {
     XifFile xif_;
 };
 
-Inspection Inspected(const std::string& path, const StandardCatalog* catalog, bool isAlone) {
+// `names` is filled with what lies beside the file when `isAlone` is false.
+Inspection Inspected(const std::string& path, ResourceNames& names, bool isAlone) {
     const std::string bytes = ReadFile(path);
     const FileKind kind = KindOf(bytes, path);
     FileInspector inspector(path, bytes, kind);
     if (const Outcome outcome = inspector.Read(); !outcome.Ok())
         CErrorHandler().RaiseQVxTypesEditError(
             outcome.code, {.record = std::string(KindName(kind)), .file = path, .reason = outcome.reason});
-    ResourceNames names(catalog);
     if (!isAlone)
         inspector.ReadNeighbours(names);
     Inspection inspection{kind, InspectNode::Object("")};
@@ -97,12 +96,14 @@ Inspection Inspected(const std::string& path, const StandardCatalog* catalog, bo
 
 }  // namespace
 
-Inspection InspectFile(const std::string& path, const StandardCatalog* catalog) {
-    return Inspected(path, catalog, false);
+Inspection InspectFile(const std::string& path, const StandardCatalog* catalog, StandardTexts texts) {
+    ResourceNames names(catalog, texts);
+    return Inspected(path, names, false);
 }
 
 Inspection InspectAlone(const std::string& path) {
-    return Inspected(path, nullptr, true);
+    ResourceNames names;
+    return Inspected(path, names, true);
 }
 
 FileListing ListFile(const std::string& path) {

@@ -10,6 +10,7 @@
 #include "inspect/Compare.h"
 #include "inspect/FileKind.h"
 #include "inspect/InspectNode.h"
+#include "inspect/ResourceNames.h"
 
 namespace tovarek {
 
@@ -19,9 +20,11 @@ struct Inspection {
 };
 
 // Everything in the file at `path`. References are resolved through the other files of its set and through
-// `catalog`, which may be null. Raises the runtime error of a file that cannot be read, and for what is
-// damaged, or of no known kind, the error of the control's result code; the reason stands in its context.
-Inspection InspectFile(const std::string& path, const StandardCatalog* catalog);
+// those `texts` of `catalog`, which may be null. Raises the runtime error of a file that cannot be read, and
+// for what is damaged, or of no known kind, the error of the control's result code; the reason stands in its
+// context.
+Inspection InspectFile(const std::string& path, const StandardCatalog* catalog,
+                       StandardTexts texts = StandardTexts::all);
 
 // As InspectFile, for comparisons: other files are not looked at.
 Inspection InspectAlone(const std::string& path);

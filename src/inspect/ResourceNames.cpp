@@ -51,7 +51,8 @@ std::string ResourceNames::Text(const StringRef& string) const {
     if (language_ != nullptr && language_->header.scope == string.scope) {
         if (const std::string* found = language_->Find(string.number))
             text = *found;
-    } else if (catalog_ != nullptr && string.scope == 0 && string.number != 0) {
+    } else if (catalog_ != nullptr && string.scope == 0 && string.number != 0 &&
+               (standardTexts_ == StandardTexts::all || catalog_->IsFormatString(string))) {
         text = catalog_->Text(string);
     }
     const std::string_view shown = FirstCharacters(text, kLongestText);

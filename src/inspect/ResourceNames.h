@@ -11,10 +11,15 @@
 
 namespace tovarek {
 
+// Which texts of a standard catalog are those that the files of other makers mean by the same numbers: all of
+// an installed catalog, but of one that was made from published facts only those whose numbers are published.
+enum class StandardTexts { all, published };
+
 class ResourceNames {
   public:
     // Knows nothing but the catalog, which may be null.
-    explicit ResourceNames(const StandardCatalog* catalog = nullptr) : catalog_(catalog) {}
+    explicit ResourceNames(const StandardCatalog* catalog = nullptr, StandardTexts texts = StandardTexts::all)
+        : catalog_(catalog), standardTexts_(texts) {}
 
     ResourceNames(const ResourceNames&) = delete;
     ResourceNames& operator=(const ResourceNames&) = delete;
@@ -46,6 +51,7 @@ class ResourceNames {
     bool IsStandard(const TypeRef& type) const { return catalog_ != nullptr && type.scope == 0; }
 
     const StandardCatalog* catalog_;
+    StandardTexts standardTexts_;
     const LanguageFile* language_ = nullptr;
     const TypeFile* types_ = nullptr;
     LanguageFile ownLanguage_;

@@ -78,6 +78,31 @@ TEST_F(DumpTest, StandardNamesComeFromTheCatalog) {
               "SNVT_temp_p");
 }
 
+// The shipped catalog numbers most of its strings itself: other makers mean something else by them.
+TEST_F(DumpTest, PublishedNumbersAloneHaveTextsOfTheShippedCatalog) {
+    std::unique_ptr<StandardCatalog> catalog;
+    ASSERT_TRUE(StandardCatalog::Open(std::string(TOVAREK_CATALOG) + "/ldrf.cat", catalog).Ok());
+    for (const auto& [number, text] :
+         std::vector<std::pair<std::uint32_t, std::string>>{{854, "degrees C"},
+                                                            {855, "degrees F"},
+                                                            {966, "cubic feet/minute"},
+                                                            {1400, "BTU/pound"},
+                                                            {1409, "kiloJoules/kg"},
+                                                            {1, ""},
+                                                            {6, ""}}) {
+        TypeFile file = test::SmallTypes();
+        file.nvTypes[0]->unit = {0, number};
+        const std::string path = scratch.File("scope0.typ", test::BytesOf(WriteTypeFile, file));
+        const std::string own = catalog->Text({0, number});
+        EXPECT_NE(own, "") << number;
+        for (const auto& [texts, shown] :
+             {std::pair{StandardTexts::published, text}, {StandardTexts::all, own}})
+            EXPECT_EQ(At(InspectFile(path, catalog.get(), texts).tree, {"nvTypes", "1", "unitText"}),
+                      shown.empty() ? "no unitText" : shown)
+                << number;
+    }
+}
+
 TEST_F(DumpTest, DamagedNeighboursAreNamedAndLeftOut) {
     scratch.File("Belt.ENU", "URES and nothing more");
     const InspectNode tree = InspectFile(types, nullptr).tree;

@@ -92,6 +92,18 @@ TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
     EXPECT_EQ(kinds.out, "");
 }
 
+TEST_F(InspectCommandsTest, OnlyACatalogThatTheUserNamesHasItsOwnTexts) {
+    TypeFile file = test::SmallTypes();
+    file.nvTypes[0]->unit = {0, 6};
+    file.nvTypes[2]->unit = {0, 854};
+    scratch.File("belt.typ", test::BytesOf(WriteTypeFile, file));
+    const std::string shipped = Dump(types, {}).out;
+    const std::string named = Dump(types, {.place = {.folder = TOVAREK_CATALOG}}).out;
+    EXPECT_NE(shipped.find("    unitText: degrees C\n"), std::string::npos) << "no shipped catalog";
+    EXPECT_EQ(shipped.find("unitString: 0-6\n    unitText"), std::string::npos);
+    EXPECT_NE(named.find("unitString: 0-6\n    unitText"), std::string::npos);
+}
+
 TEST_F(InspectCommandsTest, ACatalogThatTheUserNamesMustBeThere) {
     EXPECT_EQ(Dump(types, {.place = {.folder = scratch.Path("nowhere")}}).status, kFailed);
     EXPECT_EQ(Dump(scratch.Path("none.typ"), {}).status, kFailed);
