@@ -71,25 +71,39 @@ std::string QualifiedName(const xmlNs* ns, const xmlChar* name) {
     return qualified;
 }
 
+// How much a report explains of a refusal. Prefixes that nobody declared and the like are no fault for us.
+enum class Weight { none, notice, invalid, fatal };
+
 // What the parser's callbacks need to know and to report about one load.
 struct LoadState {
     std::string folder;  // of the document, with its final separator
     std::string reason;
     int line = 0;
+    Weight weight = Weight::none;
     bool refused = false;
+    bool outOfMemory = false;
 
-    // The first fault is the one that explains.
-    void Note(std::string_view message, int where) {
-        if (!reason.empty())
+    // The first of the heaviest faults is the one that explains. Called from inside the library, which no
+    // exception may cross.
+    void Note(Weight what, std::string_view message, int where) noexcept {
+        if (what <= weight)
             return;
-        reason = message;
+        try {
+            reason = message;
+        } catch (const std::bad_alloc&) {
+            outOfMemory = true;
+        }
         while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r'))
             reason.pop_back();
+        weight = what;
         line = where;
     }
-    void Refuse(std::string_view message, int where) {
+    // Ends the parsing as any fatal fault does: the library asks no further callback for the same thing.
+    void Refuse(xmlParserCtxtPtr parser, std::string_view message) noexcept {
         refused = true;
-        Note(message, where);
+        parser->wellFormed = 0;
+        parser->disableSAX = 1;
+        Note(Weight::fatal, message, parser->input != nullptr ? parser->input->line : 0);
     }
 };
 
@@ -97,45 +111,86 @@ LoadState& StateOf(void* context) {
     return *static_cast<LoadState*>(static_cast<xmlParserCtxtPtr>(context)->_private);
 }
 
-void NoteError(void* context, xmlErrorPtr error) {
+Weight WeightOf(const xmlError& error) {
     // A missing document type declaration is no fault, and warnings are not faults either.
-    if (error->code == XML_DTD_NO_DTD || error->level <= XML_ERR_WARNING)
-        return;
-    StateOf(context).Note(error->message != nullptr ? error->message : "not an XML document", error->line);
+    if (error.code == XML_DTD_NO_DTD || error.level <= XML_ERR_WARNING)
+        return Weight::none;
+    if (error.level == XML_ERR_FATAL)
+        return Weight::fatal;
+    return error.domain == XML_FROM_VALID || error.domain == XML_FROM_DTD ? Weight::invalid : Weight::notice;
 }
+
+void NoteError(void* state, xmlErrorPtr error) {
+    auto& load = *static_cast<LoadState*>(state);
+    if (error->code == XML_ERR_NO_MEMORY)
+        load.outOfMemory = true;
+    load.Note(WeightOf(*error), error->message != nullptr ? error->message : "not an XML document",
+              error->line);
+}
+
+// While it lives, what the library has to say on this thread goes to one load; else it would go to the
+// standard error of whoever hosts us. A parser's own outlet does not get everything.
+class ReportsTo {
+  public:
+    explicit ReportsTo(LoadState& state) : outlet_(xmlStructuredError), context_(xmlStructuredErrorContext) {
+        xmlSetStructuredErrorFunc(&state, NoteError);
+    }
+    ~ReportsTo() { xmlSetStructuredErrorFunc(context_, outlet_); }
+    ReportsTo(const ReportsTo&) = delete;
+    ReportsTo& operator=(const ReportsTo&) = delete;
+
+  private:
+    xmlStructuredErrorFunc outlet_;
+    void* context_;
+};
 
 // Gives the parser the document's own DTD file and nothing else.
 xmlParserInputPtr ReadDtd(void* context, const xmlChar* /*publicId*/, const xmlChar* systemId) {
     LoadState& state = StateOf(context);
-    std::string name(View(systemId));
-    if (name.empty() || name.find("://") != std::string::npos) {
-        state.Refuse("the document type definition '" + name + "' is not a file beside the document", 0);
-        return nullptr;
-    }
+    auto* parser = static_cast<xmlParserCtxtPtr>(context);
     try {
-        const bool absolute = name.front() == '/';
-        const std::string dtd = ReadFile(absolute ? name : state.folder + name);
-        auto* parser = static_cast<xmlParserCtxtPtr>(context);
-        xmlParserInputBufferPtr buffer =
-            xmlParserInputBufferCreateMem(dtd.data(), static_cast<int>(dtd.size()), XML_CHAR_ENCODING_NONE);
-        xmlParserInputPtr input =
-            buffer == nullptr ? nullptr : xmlNewIOInputStream(parser, buffer, XML_CHAR_ENCODING_NONE);
-        if (input != nullptr)
-            input->filename = reinterpret_cast<char*>(xmlStrdup(systemId));
-        return input;
-    } catch (const Error& error) {
-        state.Refuse("the document type definition '" + name + "' cannot be read: " + error.Description(), 0);
-        return nullptr;
+        const std::string name(View(systemId));
+        if (name.empty() || name.find("://") != std::string::npos) {
+            state.Refuse(parser,
+                         "the document type definition '" + name + "' is not a file beside the document");
+            return nullptr;
+        }
+        try {
+            const bool absolute = name.front() == '/';
+            const std::string dtd = ReadFile(absolute ? name : state.folder + name);
+            xmlParserInputBufferPtr buffer = xmlParserInputBufferCreateMem(
+                dtd.data(), static_cast<int>(dtd.size()), XML_CHAR_ENCODING_NONE);
+            xmlParserInputPtr input =
+                buffer == nullptr ? nullptr : xmlNewIOInputStream(parser, buffer, XML_CHAR_ENCODING_NONE);
+            if (input != nullptr)
+                input->filename = reinterpret_cast<char*>(xmlStrdup(systemId));
+            return input;
+        } catch (const Error& error) {
+            state.Refuse(
+                parser, "the document type definition '" + name + "' cannot be read: " + error.Description());
+        }
+    } catch (const std::bad_alloc&) {
+        state.outOfMemory = true;
     }
+    return nullptr;
 }
 
+bool IsExternal(const xmlEntity* entity) {
+    return entity != nullptr && (entity->etype == XML_EXTERNAL_GENERAL_PARSED_ENTITY ||
+                                 entity->etype == XML_EXTERNAL_PARAMETER_ENTITY);
+}
+
+// The library would ask its own look-up after ours, and open the file: the refusal itself has to stop it.
 xmlEntityPtr RefuseExternal(void* context, xmlEntityPtr entity) {
-    if (entity == nullptr || (entity->etype != XML_EXTERNAL_GENERAL_PARSED_ENTITY &&
-                              entity->etype != XML_EXTERNAL_PARAMETER_ENTITY))
+    if (!IsExternal(entity))
         return entity;
-    const auto* parser = static_cast<xmlParserCtxtPtr>(context);
-    StateOf(context).Refuse("external entities are not read: " + std::string(View(entity->name)),
-                            parser->input != nullptr ? parser->input->line : 0);
+    LoadState& state = StateOf(context);
+    try {
+        state.Refuse(static_cast<xmlParserCtxtPtr>(context),
+                     "external entities are not read: " + std::string(View(entity->name)));
+    } catch (const std::bad_alloc&) {
+        state.outOfMemory = true;
+    }
     return nullptr;
 }
 
@@ -176,14 +231,14 @@ struct FreeParser {
 // Parses `bytes`; the tree, or null with the reason in `state`.
 xmlDocPtr Parse(const std::string& bytes, const std::string& path, LoadState& state) {
     if (bytes.size() > INT_MAX) {
-        state.Note("the file is too large", 0);
+        state.Note(Weight::fatal, "the file is too large", 0);
         return nullptr;
     }
+    const ReportsTo reports(state);
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
     if (!parser)
         throw std::bad_alloc();
     parser->_private = &state;
-    parser->sax->serror = NoteError;
     parser->sax->resolveEntity = ReadDtd;
     parser->sax->getEntity = GetEntity;
     parser->sax->getParameterEntity = GetParameterEntity;
@@ -192,18 +247,25 @@ xmlDocPtr Parse(const std::string& bytes, const std::string& path, LoadState& st
                              XML_PARSE_BIG_LINES | XML_PARSE_COMPACT;
     xmlDocPtr tree = xmlCtxtReadMemory(parser.get(), bytes.data(), static_cast<int>(bytes.size()),
                                        path.c_str(), nullptr, kOptions);
+    if (state.outOfMemory) {
+        xmlFreeDoc(tree);
+        throw std::bad_alloc();
+    }
     if (tree == nullptr) {
-        state.Note("not an XML document", 0);
+        state.Note(Weight::fatal, "not an XML document", 0);
         return nullptr;
     }
     const bool hasDtd = tree->intSubset != nullptr || tree->extSubset != nullptr;
     if (state.refused || parser->wellFormed == 0 || (hasDtd && parser->valid == 0)) {
-        state.Note("the document does not follow its document type definition", 0);
+        if (state.refused || parser->wellFormed == 0)
+            state.Note(Weight::fatal, "not an XML document", 0);
+        state.Note(Weight::invalid, "the document does not follow its document type definition", 0);
         xmlFreeDoc(tree);
         return nullptr;
     }
     if (IsTooDeep(tree)) {
-        state.Note("elements are nested deeper than " + std::to_string(kDeepestXml) + " levels", 0);
+        state.Note(Weight::fatal,
+                   "elements are nested deeper than " + std::to_string(kDeepestXml) + " levels", 0);
         xmlFreeDoc(tree);
         return nullptr;
     }
@@ -316,7 +378,7 @@ XmlDocument::XmlDocument(const std::string& path) {
         const std::string bytes = ReadFile(path);
         tree = Parse(bytes, path, state);
     } catch (const Error& error) {
-        state.Note(error.Description(), 0);
+        state.Note(Weight::fatal, error.Description(), 0);
     }
     if (tree != nullptr) {
         owner_ = std::make_shared<const XmlNode::Owner>(tree, path);

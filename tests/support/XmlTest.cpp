@@ -1,4 +1,8 @@
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 #include "Scratch.h"
 #include "support/CTools.h"
@@ -67,6 +71,35 @@ TEST(Xml, WhatIsNoDocumentOrNotValidIsRefused) {
     for (const std::string& document : refused)
         EXPECT_TRUE(TextOf(scratch, document).starts_with("! ")) << document;
 }
+
+#ifndef _WIN32
+// Whoever opens a pipe that nobody writes to waits for good, so each document is loaded by a process with an
+// end.
+TEST(Xml, NothingIsOpenedButTheDocumentsOwnDtd) {
+    const Scratch scratch;
+    ASSERT_EQ(mkfifo(scratch.Path("pipe").c_str(), 0600), 0);
+    scratch.File("entity.dtd", "<!ELEMENT t ANY><!ENTITY e SYSTEM 'pipe'>");
+    const std::string type = "<!DOCTYPE t [<!ELEMENT t ANY><!ATTLIST t a CDATA ''><!ENTITY e SYSTEM 'pipe'>";
+    const std::string refused[] = {
+        type + "]><t>&e;</t>",
+        type + "<!ENTITY f '&e;'>]><t>&f;</t>",
+        type + "]><t a='&e;'/>",
+        type + "<!ATTLIST t b CDATA '&e;'>]><t/>",
+        type + "<!ENTITY % p SYSTEM 'pipe'>%p;]><t/>",
+        type + "<!ENTITY % p SYSTEM 'pipe'><!ENTITY % q '%p;'>%q;]><t/>",
+        "<!DOCTYPE t SYSTEM 'entity.dtd'><t>&e;</t>",
+    };
+    const auto load = [&](const std::string& document, bool isGood) {
+        alarm(10);
+        _exit(XmlDocument(scratch.File("d.xml", document)).IsLoaded() == isGood ? 0 : 1);
+    };
+    for (const std::string& document : refused)
+        EXPECT_EXIT(load(document, false), testing::ExitedWithCode(0), "^$") << document;
+    EXPECT_EXIT(load(type + "<!NOTATION n PUBLIC 'n'><!ENTITY u SYSTEM 'pipe' NDATA n>]><t/>", true),
+                testing::ExitedWithCode(0), "^$")
+        << "declared and never asked for";
+}
+#endif
 
 TEST(Xml, BombsAndBottomlessNestingAreRefusedAtOnce) {
     const Scratch scratch;
@@ -186,6 +219,37 @@ TEST(Xml, LoadFailuresTellTheLine) {
         EXPECT_EQ(document.Line(), 3);
     }
     EXPECT_FALSE(document.Reason().empty());
+}
+
+TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
+    const Scratch scratch;
+    const std::string type = "<!DOCTYPE t [<!ELEMENT t ANY>";
+    struct Row {
+        std::string document;
+        const char* reason;
+        int line;
+    };
+    const Row rows[] = {
+        {type + "<!ATTLIST t r IDREF #IMPLIED>]>\n<t r='x'/>", "unknown ID", 2},
+        {type + "<!ENTITY e SYSTEM 'none'>]>\n<t>&e;</t>", "external entities are not read: e", 2},
+        {type + "<!ELEMENT n:u EMPTY>]>\n<t><n:u/>\n<v/></t>", "No declaration for element v", 3},
+        {"<?xml version='1.0' encoding='EUC-KR'?><t>\xFF\xFF</t>", "conver", 0},
+        {"<a><n:b/>\n<t>\n</a>", "mismatch", 3},
+        {"<a xml:id='1 2'>\n<t>\n</a>", "mismatch", 3},
+        {"<a xmlns:xml='urn:x'>\n<t>\n</a>", "mismatch", 3},
+    };
+    for (const auto& [text, reason, line] : rows) {
+        const std::string path = scratch.File("d.xml", text);
+        testing::internal::CaptureStderr();
+        const XmlDocument document(path);
+        const std::string printed = testing::internal::GetCapturedStderr();
+        EXPECT_FALSE(document.IsLoaded()) << text;
+        if (!kXmlTellsLines)
+            continue;
+        EXPECT_EQ(printed, "") << text;
+        EXPECT_NE(document.Reason().find(reason), std::string::npos) << text << document.Reason();
+        EXPECT_EQ(document.Line(), line) << text << document.Reason();
+    }
 }
 
 TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
