@@ -199,8 +199,11 @@ class QVxTypes {
     // large as its largest member). Codes: 11, 12, 21, 23, 20 (number out of order, size above 65535).
     // Names may repeat.
     std::int32_t RegisterNetworkVariableType(std::int32_t number);
-    // `length` in bytes; the raw values are hexadecimal, two digits a byte. Further codes: 16 bad length, 26,
-    // 24, 25 the initial, minimum or maximum value does not have `length` bytes.
+    // The size of the record is that of the description, as for a network-variable type; `length`, in bytes,
+    // may be another. The raw values are hexadecimal, two digits a byte: as many bytes as the size, or a
+    // multiple of that for an array, whose first element is stored. Zeros of `length` bytes stand for a value
+    // that nobody gave. Further codes: 16 a length below 1; 26, 24, 25 a bad initial, minimum or maximum
+    // value.
     std::int32_t RegisterConfigurationPropertyType(std::int32_t number, std::int32_t length,
                                                    const std::string& rawInitial,
                                                    const std::string& rawMinimum,

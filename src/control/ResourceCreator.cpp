@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "control/TypeDescriptionCodec.h"
 #include "support/CodePage.h"
@@ -273,6 +274,29 @@ std::size_t TypeRecordLength(const NvType& type) {
     return kTypeHead + 1 + ToCodePage(type.name).size() + 12 + record.Size();
 }
 
+// A raw value of a property type whose record is `size` bytes large. The `length` that the type was given may
+// be another: a value that nobody gave is that many zeros, and one of an array holds several elements. `code`
+// is what a value of neither kind is answered with.
+Outcome RawValue(const std::string& hex, std::int32_t length, std::uint32_t size, QVxResult code,
+                 std::string& bytes) {
+    std::optional<std::string> value = FromHex(hex);
+    if (!value)
+        return Failure(code, "a raw value has two hexadecimal digits for each of its bytes");
+    const bool isAbsent = value->size() == static_cast<std::size_t>(length) &&
+                          value->find_first_not_of('\0') == std::string::npos;
+    if (isAbsent)
+        value = std::string(size, '\0');
+    if (value->empty() || value->size() % size != 0) {
+        return Failure(code,
+                       "the type has " + std::to_string(size) +
+                           " bytes, so a raw value has as many, or a multiple of that for an array; this "
+                           "one has " +
+                           std::to_string(value->size()));
+    }
+    bytes = value->substr(0, size);
+    return {};
+}
+
 }  // namespace
 
 Outcome ResourceCreator::RegisterNv(std::int32_t number) {
@@ -295,25 +319,21 @@ Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, co
     const std::size_t registered = file_ ? file_->types.cpTypes.size() : 0;
     if (Outcome check = CheckRegistration(number, registered); !check.Ok())
         return check;
-    if (length < 1 || length > 65535)
-        return Failure(resultBadParam, "the length of a configuration property is 1 to 65535 bytes");
-    const auto raw = [length](const std::string& hex, std::string& bytes) {
-        std::optional<std::string> value = FromHex(hex);
-        const bool fits = value && value->size() == static_cast<std::size_t>(length);
-        bytes = fits ? std::move(*value) : std::string();
-        return fits;
-    };
-    const std::string expected = " value needs two hexadecimal digits for each of its bytes";
+    if (length < 1)
+        return Failure(resultBadParam, "the length of a configuration property is 1 byte or more");
+    const std::uint32_t size = builder_.Size();
+    if (size > 65535)
+        return Failure(resultErrorAddingType, "type \"" + builder_.Name() + "\" is larger than 65535 bytes");
     CpType type;
-    if (!raw(rawInitial, type.initial))
-        return Failure(resultBadInitial, "the initial" + expected);
-    if (!raw(rawMinimum, type.minimum.emplace()))
-        return Failure(resultBadMinimum, "the minimum" + expected);
-    if (!raw(rawMaximum, type.maximum.emplace()))
-        return Failure(resultBadMaximum, "the maximum" + expected);
+    for (const auto& [hex, bytes, code] : {std::tuple{&rawInitial, &type.initial, resultBadInitial},
+                                           {&rawMinimum, &type.minimum.emplace(), resultBadMinimum},
+                                           {&rawMaximum, &type.maximum.emplace(), resultBadMaximum}}) {
+        if (Outcome value = RawValue(*hex, length, size, code, *bytes); !value.Ok())
+            return value;
+    }
     static_cast<NvType&>(type) = builder_.Take();
-    type.size = static_cast<std::uint16_t>(length);
-    if (TypeRecordLength(type) + 1 + 3 * static_cast<std::size_t>(length) > kLongestRecord)
+    type.size = static_cast<std::uint16_t>(size);
+    if (TypeRecordLength(type) + 1 + 3 * static_cast<std::size_t>(size) > kLongestRecord)
         return Failure(resultErrorAddingType, "the record of \"" + type.name + "\" exceeds 65535 bytes");
     file_->types.cpTypes.emplace_back(std::move(type));
     return {};

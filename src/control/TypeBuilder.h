@@ -32,6 +32,8 @@ class TypeBuilder {
     // Hands out the completed type and is ready for the next one.
     NvType Take();
 
+    // Bytes of a value as it is described so far; more than 65535 is answered as 65536.
+    std::uint32_t Size() const { return SizeOf(type_.type); }
     // The type that is being described, for messages.
     const std::string& Name() const { return type_.name; }
 

@@ -60,6 +60,10 @@ class CTemplate {
     // to 16 of whatever programID holds; a shorter one leaves groups empty.
     std::string displayPID() const;
 
+    // Where the field `member` of the configuration property `position`, from 0, is told: field, file and
+    // line, for messages about it.
+    ErrorContext PlaceOf(std::size_t position, std::string CCp::*member) const;
+
   private:
     void ResetTemplate();
     void LoadTemplateFromIni();

@@ -184,6 +184,11 @@ void CTemplate::VerifyTemplate() {
                                                       " static ones the maximum exceeds 4096"));
 }
 
+ErrorContext CTemplate::PlaceOf(std::size_t position, std::string CCp::*member) const {
+    const ErrorContext place = Places(*this).Of(cps[position], position, member, {});
+    return {.field = place.field, .file = place.file, .line = place.line};
+}
+
 void CTemplate::VerifyNv(CNv& nv, std::size_t position) {
     const auto fail = [&](eErrors error, auto CNv::*member, std::string reason) {
         errorHandler->RaiseError(error, Places(*this).Of(nv, position, member, std::move(reason)));

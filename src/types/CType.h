@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -55,6 +56,13 @@ using CFormats = KeyedList<CFormat>;
 // Numbers of the enumerations that a type file holds already, by name.
 using CreatedEnums = std::unordered_map<std::string, std::int32_t>;
 
+// The raw values of a property type.
+enum class RawValueKind { initial, minimum, maximum };
+
+// Tells where a raw value stands in the input: field, file and line, for messages. It looks into the template
+// or the user type file, so it is asked while they are as they were loaded.
+using RawValuePlace = std::function<ErrorContext(RawValueKind which)>;
+
 // A type may hold up to a million members, nested up to a thousand deep: what many members have in common is
 // shared between them, and the operations that descend keep their frames small.
 class CType {
@@ -90,6 +98,7 @@ class CType {
     std::string rawInitValue;  // hexadecimal, two digits a byte; configuration-property types only
     std::string rawMinValue;
     std::string rawMaxValue;
+    std::shared_ptr<const RawValuePlace> rawValuePlace;  // none: not known
     std::string enumName;
     std::shared_ptr<std::vector<CEnumValue>>
         enumValues;  // shared by all types of one type element; none: no values
@@ -156,6 +165,7 @@ class CType {
     std::int32_t Describe(QVxTypes& control) const;
     void StartType(CCatalog& catalog, const CErrorHandler& errorHandler) const;
     void Register(CCatalog& catalog, const CErrorHandler& errorHandler) const;
+    ErrorContext RegistrationContext(std::int32_t code) const;
 };
 
 // Adds to `error`, which arose in `member`, what the member is called and where it is defined.

@@ -16,6 +16,20 @@ constexpr std::int32_t kOwnScope = 6;
 // for gigabytes; what no device can hold ends as "out of memory" before memory does.
 constexpr std::int64_t kMostZeros = std::int64_t{64} * 1024 * 1024;
 
+constexpr std::pair<RawValueKind, std::string CCp::*> kRawValues[] = {
+    {RawValueKind::initial, &CCp::initValue},
+    {RawValueKind::minimum, &CCp::minValue},
+    {RawValueKind::maximum, &CCp::maxValue},
+};
+
+// Where the template tells a raw value of its configuration property `position`, from 0.
+ErrorContext PlaceOfRawValue(const CTemplate& source, std::size_t position, RawValueKind which) {
+    for (const auto& [kind, member] : kRawValues)
+        if (kind == which)
+            return source.PlaceOf(position, member);
+    return {};
+}
+
 std::string Key(std::int32_t scope, std::int32_t indexInScope) {
     return std::to_string(scope) + '_' + std::to_string(indexInScope);
 }
@@ -59,6 +73,8 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
              .rawMinValue = cp.minValue,
              .rawMaxValue = cp.maxValue,
              .rawInitValue = cp.initValue,
+             .rawValuePlace = [source = deviceTemplate,
+                               i](RawValueKind which) { return PlaceOfRawValue(*source, i, which); },
              .onlyScope6 = true},
             cp, i);
     }
@@ -119,6 +135,7 @@ void CTypes::FillRawValues(CType& type, const TypeRequest& request) {
     type.rawInitValue = request.rawInitValue;
     type.rawMinValue = request.rawMinValue;
     type.rawMaxValue = request.rawMaxValue;
+    type.rawValuePlace = std::make_shared<const RawValuePlace>(request.rawValuePlace);
     for (std::string CType::*value : {&CType::rawInitValue, &CType::rawMinValue, &CType::rawMaxValue}) {
         if (!(type.*value).empty())
             continue;

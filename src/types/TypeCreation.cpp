@@ -182,7 +182,42 @@ void CType::Register(CCatalog& catalog, const CErrorHandler& errorHandler) const
     const std::int32_t code = isUnvt ? control.RegisterNetworkVariableType(indexInScope)
                                      : control.RegisterConfigurationPropertyType(
                                            indexInScope, length, rawInitValue, rawMinValue, rawMaxValue);
-    CheckControl(code, "index in scope " + std::to_string(indexInScope), control, errorHandler);
+    if (code == resultOk)
+        return;
+    try {
+        RaiseControlError(code, {}, control, errorHandler);
+    } catch (Error& error) {
+        error.AddContext(RegistrationContext(code));
+        throw;
+    }
+}
+
+// What the control's answer `code` to the registration is about: a raw value where it stands in the input, or
+// the number of the type.
+ErrorContext CType::RegistrationContext(std::int32_t code) const {
+    constexpr struct {
+        std::int32_t code;
+        RawValueKind which;
+        std::string CType::*value;
+        const char* title;
+    } kRawValues[] = {
+        {resultBadInitial, RawValueKind::initial, &CType::rawInitValue, "initial value"},
+        {resultBadMinimum, RawValueKind::minimum, &CType::rawMinValue, "minimum value"},
+        {resultBadMaximum, RawValueKind::maximum, &CType::rawMaxValue, "maximum value"},
+    };
+    for (const auto& row : kRawValues) {
+        if (row.code != code)
+            continue;
+        ErrorContext context = rawValuePlace ? (*rawValuePlace)(row.which) : ErrorContext{};
+        context.value = Excerpt(this->*row.value);
+        if (context.field.empty())
+            context.field = row.title;
+        // A line says nothing without its file.
+        if (context.file.empty())
+            context.line = 0;
+        return context;
+    }
+    return {.field = "index in scope " + std::to_string(indexInScope)};
 }
 
 }  // namespace tovarek

@@ -29,12 +29,13 @@ constexpr ScopeRule kScopeRules[] = {
 // Where the raw values of a type are found.
 struct RawValueRule {
     std::string_view element;
+    RawValueKind which;
     std::string TypeRequest::*value;
 };
 constexpr RawValueRule kRawValueRules[] = {
-    {"MINRAWVAL", &TypeRequest::rawMinValue},
-    {"MAXRAWVAL", &TypeRequest::rawMaxValue},
-    {"INITRAWVAL", &TypeRequest::rawInitValue},
+    {"MINRAWVAL", RawValueKind::minimum, &TypeRequest::rawMinValue},
+    {"MAXRAWVAL", RawValueKind::maximum, &TypeRequest::rawMaxValue},
+    {"INITRAWVAL", RawValueKind::initial, &TypeRequest::rawInitValue},
 };
 
 // Letters in front of a type's number.
@@ -57,6 +58,21 @@ void ForEachElement(const XmlNode& parent, const Operation& operation) {
     for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
         if (child.IsElement())
             operation(child);
+}
+
+// The element of a raw value of the type `node`; of several the last one counts. Without one, the type.
+ErrorContext PlaceOfRawValue(const XmlNode& node, RawValueKind which) {
+    ErrorContext place{.file = node.File(), .line = node.Line()};
+    for (const RawValueRule& rule : kRawValueRules) {
+        if (rule.which != which)
+            continue;
+        place.field = rule.element;
+        ForEachElement(node, [&](const XmlNode& child) {
+            if (UpperCase(child.Name()) == rule.element)
+                place.line = child.Line();
+        });
+    }
+    return place;
 }
 
 class UserTypeFileReader {
@@ -92,6 +108,8 @@ class UserTypeFileReader {
             return;
         TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
         ReadChildren(node, request);
+        if (!isUnvt)
+            request.rawValuePlace = [node](RawValueKind which) { return PlaceOfRawValue(node, which); };
         request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
         try {
             add_(request);

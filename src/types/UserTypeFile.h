@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/CErrorHandler.h"
+#include "types/CType.h"
 
 namespace tovarek {
 
@@ -19,7 +20,8 @@ struct TypeRequest {
     std::string rawMinValue;
     std::string rawMaxValue;
     std::string rawInitValue;
-    bool onlyScope6 = false;  // dropped when its definition puts it into another scope
+    RawValuePlace rawValuePlace;  // of a configuration-property type
+    bool onlyScope6 = false;      // dropped when its definition puts it into another scope
     bool fromUserTypeFile = false;
 };
 

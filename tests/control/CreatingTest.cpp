@@ -266,19 +266,24 @@ TEST_F(Creating, RawValuesOfAnotherLengthAreCodes26And24And25) {
     OpenTypes();
     ASSERT_EQ(StartNumber("UCPTx"), 22);
     EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 0, "", "", ""), 16);
-    EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 65536, "", "", ""), 16);
-    for (const char* bad : {"", "00", "000", "00000", "000G"}) {
-        EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 2, bad, "0000", "0000"), 26) << bad;
-        EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 2, "0000", bad, "0000"), 24) << bad;
-        EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 2, "0000", "0000", bad), 25) << bad;
+    ASSERT_EQ(types.RegisterConfigurationPropertyType(1, 1, "01", "00", "FF"), 0);
+    ASSERT_EQ(types.StartType("UCPT_y"), 0);
+    ASSERT_EQ(types.DescribeUnsigned({}, 2, {}), 0);
+    ASSERT_EQ(types.CompleteType(), 22);
+    // The size is that of the description, whatever length is told; zeros of 3 bytes are no value at all.
+    for (const char* bad : {"", "00", "000", "00000", "000G", "010203", "0000000000"}) {
+        EXPECT_EQ(types.RegisterConfigurationPropertyType(2, 3, bad, "0000", "0000"), 26) << bad;
+        EXPECT_EQ(types.RegisterConfigurationPropertyType(2, 3, "0000", bad, "0000"), 24) << bad;
+        EXPECT_EQ(types.RegisterConfigurationPropertyType(2, 3, "0000", "0000", bad), 25) << bad;
     }
-    EXPECT_EQ(types.RegisterConfigurationPropertyType(1, 2, "0258", "0000", "04b0"), 0);
+    EXPECT_EQ(types.RegisterConfigurationPropertyType(2, 3, "0258", "000000", "04b000000001"), 0);
     ASSERT_EQ(control.Save(), 0);
     TypeFile file;
     ASSERT_EQ(ReadTypeFile(ReadFile(folder.Path("set.typ")), file).reason, "");
-    EXPECT_EQ(file.cpTypes[0]->size, 2);
-    EXPECT_EQ(file.cpTypes[0]->maximum, Bytes("04B0"));
-    EXPECT_EQ(file.cpTypes[0]->initial, Bytes("0258"));
+    EXPECT_EQ(file.cpTypes[1]->size, 2);
+    EXPECT_EQ(file.cpTypes[1]->minimum, Bytes("0000"));
+    EXPECT_EQ(file.cpTypes[1]->maximum, Bytes("04B0"));
+    EXPECT_EQ(file.cpTypes[1]->initial, Bytes("0258"));
 }
 
 TEST_F(Creating, UnregisteredTypeIsCode23OnSaving) {

@@ -100,6 +100,98 @@ TEST(Driver, KindsInTheTypeFile) {
     EXPECT_EQ(limit.initial, std::string(2, '\0'));
 }
 
+std::string BytesOf(const std::string& hex) {
+    std::string bytes;
+    for (std::size_t i = 0; i < hex.size(); i += 2)
+        bytes.push_back(static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16)));
+    return bytes;
+}
+
+// Types whose LENGTH is not the size that their description has. `given` is the raw maximum, empty for none.
+TEST(Driver, TheRecordOfAPropertyHasTheSizeOfItsDescription) {
+    const struct {
+        const char* what;
+        const char* definition;
+        const char* given;
+        const char* stored;  // hexadecimal; null: refused
+        int size;
+    } rows[] = {
+        {"an array", "<TYPE>USER</TYPE><LENGTH>1</LENGTH><ARRAY>8</ARRAY>", "", "0000000000000000", 8},
+        {"its elements", "<TYPE>USER</TYPE><LENGTH>1</LENGTH><ARRAY>4</ARRAY>", "01020304", "01020304", 4},
+        {"one of them", "<TYPE>USER</TYPE><LENGTH>1</LENGTH><ARRAY>4</ARRAY>", "01", nullptr, 4},
+        {"three elements", "<TYPE>USER</TYPE><LENGTH>2</LENGTH>", "0102030405ff", "0102", 2},
+        {"one and a half", "<TYPE>USER</TYPE><LENGTH>2</LENGTH>", "010203", nullptr, 2},
+        {"a short float", "<TYPE>FLOAT</TYPE><LENGTH>2</LENGTH>", "", "00000000", 4},
+        {"its value", "<TYPE>FLOAT</TYPE><LENGTH>2</LENGTH>", "3F800000", "3F800000", 4},
+        {"a long enumeration", "<TYPE>ENUM</TYPE><ENUMS><A>1</A></ENUMS><LENGTH>2</LENGTH>", "", "00", 1},
+        {"bits that share a byte", "<TYPE>STRUCT</TYPE><FIELDS><a>401</a><b>402</b></FIELDS>", "", "00", 1},
+        {"a union", "<TYPE>UNION</TYPE><FIELDS><a>403</a><b>404</b></FIELDS>", "", "0000", 2},
+        {"its value", "<TYPE>UNION</TYPE><FIELDS><a>403</a><b>404</b></FIELDS>", "0102", "0102", 2},
+        {"one for both", "<TYPE>UNION</TYPE><FIELDS><a>403</a><b>404</b></FIELDS>", "010203", nullptr, 2},
+        {"a standard type called a structure", "<TYPE>STRUCT</TYPE><FIELDS><a>403</a><b>105</b></FIELDS>", "",
+         "000000", 3},
+    };
+    const std::string parts =
+        "<SNVT_105><TYPE>STRUCT</TYPE></SNVT_105>"
+        "<SNVT_401><TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>4</BFSIZE></SNVT_401>"
+        "<SNVT_402><TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>4</BFSIZE><BFOFFSET>4</BFOFFSET></SNVT_402>"
+        "<SNVT_403><TYPE>USER</TYPE><LENGTH>1</LENGTH></SNVT_403>"
+        "<SNVT_404><TYPE>USER</TYPE><LENGTH>2</LENGTH></SNVT_404>";
+    for (const auto& row : rows) {
+        DriverDevice device;
+        const std::string value =
+            *row.given == '\0' ? "" : "\n<maxrawval>" + std::string(row.given) + "</maxrawval>";
+        device.WriteFiles(parts + "<SNVT_300>" + row.definition + "</SNVT_300>",
+                          UserTypes("UCPTS", "_3", "_F00001",
+                                    "<UCPT_1><NAME>a</NAME><SNVTTYPE>300</SNVTTYPE>" + value + "</UCPT_1>"));
+        const auto error = Raised([&] { device.Generate(); });
+        ASSERT_EQ(error.has_value(), row.stored == nullptr) << row.what;
+        if (error) {
+            EXPECT_EQ(error->Number(), eQVXIFerr_QVX_editResult_badmaxvalue) << row.what;
+            const ErrorContext& context = error->Context();
+            EXPECT_EQ(context.field, "MAXRAWVAL");
+            EXPECT_EQ(context.value, row.given);
+            EXPECT_EQ(context.file, device.scratch.Folder() + "\\user.xml");
+            EXPECT_EQ(context.line, kIsWindows ? context.line : 2);
+            EXPECT_EQ(context.reason.find("the type has " + std::to_string(row.size) + " bytes"), 0U);
+            const std::string given = "has " + std::to_string(std::string(row.given).size() / 2);
+            EXPECT_TRUE(context.reason.ends_with(given)) << context.reason;
+            continue;
+        }
+        const CpType type = *device.OutputTypes("node_3.typ").cpTypes.at(0);
+        EXPECT_EQ(type.size, row.size) << row.what;
+        EXPECT_EQ(*type.maximum, BytesOf(row.stored)) << row.what;
+        EXPECT_EQ(type.initial, std::string(type.size, '\0')) << row.what;
+    }
+}
+
+TEST(Driver, APropertyOfTheTemplateMayBeAnArray) {
+    DriverDevice device;
+    device.deviceTemplate.iniFile = device.scratch.File(
+        "template.ini",
+        "[general]\nprogramID=9000010A0B040100\nuserTypeFile=user.xml\n[cps]\nnumberOfCp=2\nversion=1.0\n"
+        "[cp1]\ndeclaration=1,1,6\\x80,1,2,3;\ntypeIndex=310\nvalue=000102030405\n"
+        "maxRawVal=112233445566\n[cp2]\ndeclaration=1,1,6\\x80,2,3;\ntypeIndex=310\n");
+    device.deviceTemplate.errorHandler = &device.errorHandler;
+    device.deviceTemplate.catalog = &device.catalog;
+    device.deviceTemplate.Load();
+    device.deviceTemplate.VerifyData();
+    device.WriteFiles(kElements);
+    const auto error = Raised([&] { device.Generate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), eQVXIFerr_QVX_editResult_badinitvalue) << "3 bytes for a type of 2";
+    EXPECT_EQ(error->Context().field, "initRawVal");
+    EXPECT_EQ(error->Context().file, device.deviceTemplate.iniFile);
+    EXPECT_EQ(error->Context().line, 12) << "the header of its section, which lacks the key";
+
+    device.deviceTemplate.cps.pop_back();
+    device.Generate();
+    const CpType type = *device.OutputTypes("node_6.typ").cpTypes.at(0);
+    EXPECT_EQ(type.size, 2);
+    EXPECT_EQ(*type.maximum, "\x11\x22");
+    EXPECT_EQ(type.initial, std::string("\0\1", 2));
+}
+
 // The driver by itself, with types under chosen indexes.
 TEST(Driver, GapsInTheIndexes) {
     struct Case {
