@@ -68,6 +68,7 @@ TEST(FormatLines, FactorOffsetAndUnit) {
                                            {"C_COEF='32.5'", "", ",*1+32.5);"},
                                            {"", "", ",);"},
                                            {"", "<UNIT>kPa</UNIT>", ",*1+0);\t! kPa"},
+                                           {"", "<UNIT>\r\n   m\t \n /  s\r</UNIT>", ",*1+0);\t!  m /  s "},
                                            {"A_COEF='1e-5'", "<UNIT>\xC2\xB0</UNIT>", ",*1E-05+0);\t! \xB0"}})
         EXPECT_EQ(LinesOf("<TYPE>FLOAT</TYPE><LENGTH>4</LENGTH><UNITS><C " + std::string(c.attributes) + ">" +
                           c.unit + "</C></UNITS>"),
