@@ -73,12 +73,13 @@ class StatementReader {
         return c;
     }
 
-    // "!=" inside a statement compares, unless the line begins with it.
+    // "!=" compares what stands before it on its line; where nothing does, it begins a comment.
     bool IsOperator(const Statement& statement) const {
         if (position_ + 1 >= text_.size() || text_[position_ + 1] != '=')
             return false;
         const std::size_t last = statement.text.find_last_not_of(" \t");
-        return last != std::string::npos && statement.text[last] != '\n' && statement.text[last] != '\r';
+        constexpr std::string_view kNoValue = "\r\n,(:";
+        return last != std::string::npos && kNoValue.find(statement.text[last]) == std::string_view::npos;
     }
 
     std::string CommentText() {

@@ -136,7 +136,12 @@ std::string EncodeIni(std::string_view text, IniEncoding encoding) {
         case IniEncoding::codePage:
             break;
     }
-    return ToCodePage(text);
+    std::string bytes = ToCodePage(text);
+    // Text that begins like a mark would be read as what the mark says.
+    for (const std::string_view mark : {kUtf8Mark, kLittleEndianMark, kBigEndianMark})
+        if (bytes.starts_with(mark))
+            return "\r\n" + bytes;
+    return bytes;
 }
 
 std::size_t CaselessHash::operator()(std::string_view name) const {

@@ -25,7 +25,7 @@ enum class IniEncoding { codePage, utf8, utf16LittleEndian, utf16BigEndian };
 
 // The text of `bytes` in UTF-8, without a mark; `encoding` is told where wanted.
 std::string DecodeIni(std::string bytes, IniEncoding* encoding = nullptr);
-// The inverse, mark included.
+// The inverse, mark included. In the code page a text that begins like a mark gets an empty line in front.
 std::string EncodeIni(std::string_view text, IniEncoding encoding);
 
 struct CaselessHash {

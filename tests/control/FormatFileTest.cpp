@@ -61,6 +61,8 @@ TEST(FormatFiles, QuotesAndParenthesesProtect) {
     EXPECT_EQ(format.parameters[1].expression, "f(b,c)");
     EXPECT_EQ(ReadOne("T: date(a,b,c);").form, "date");
     EXPECT_EQ(ReadOne("T: a != 1 ? x : y;").body, "a != 1 ? x : y") << "not understood, kept";
+    // Behind a comma nothing is compared, so what comes is a comment and the unit of the value before.
+    EXPECT_EQ(ReadOne("T: text(\"%d %d\",a*2,\t!= 1\n b);").parameters.at(0).unit, "= 1");
 }
 
 TEST(FormatFiles, SettingsAndComments) {

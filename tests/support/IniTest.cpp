@@ -81,6 +81,19 @@ TEST_P(IniWriting, RewritesTheFileAsThePlatformDoes) {
 
 INSTANTIATE_TEST_SUITE_P(Files, IniWriting, testing::ValuesIn(IniWrites()));
 
+// Rewriting drops blank lines; what stood behind one may look like the mark of another encoding.
+TEST(Ini, WritingDoesNotChangeTheEncoding) {
+    const Scratch scratch;
+    for (const std::string mark : {"\xFF\xFE", "\xFE\xFF", "\xEF\xBB\xBF"}) {
+        cIni ini;
+        ini.iniFile(scratch.File("a.ini", "\r\n" + mark + "\n[s]\nold=1\n"));
+        ini.SetLongValue("s", "k", 22);
+        EXPECT_EQ(ini.GetLongValue("s", "k", 0), 22);
+        EXPECT_EQ(ini.GetLongValue("s", "old", 0), 1);
+        EXPECT_EQ(ReadFile(ini.iniFile()), "\r\n" + mark + "\r\n[s]\r\nold=1\r\nk=22\r\n");
+    }
+}
+
 TEST(Ini, AWriteThatFailsIsSilent) {
     const Scratch scratch;
     cIni ini;
