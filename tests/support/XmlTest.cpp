@@ -177,16 +177,20 @@ TEST(Xml, NamesOfFilesAndFoldersMayHoldAnything) {
 TEST(Xml, ADtdFileServesDocumentsOfEveryEncoding) {
     const Scratch scratch;
     ASSERT_TRUE(MakeDirectory(scratch.Path("dtd")));
-    scratch.File("dtd/t.dtd",
-                 "<?xml version='1.0' encoding='UTF-8'?><!ELEMENT t (#PCDATA)><!ENTITY e 'ent'>");
+    const std::string type = "<!ELEMENT t (#PCDATA)><!ENTITY e 'ent'>";
     const std::string text = "<!DOCTYPE t SYSTEM 'dtd/t.dtd'><t>\xC2\xB0&e;</t>";
     const std::string mark = "\xEF\xBB\xBF";
-    for (const std::string& document :
-         {text, mark + text, ToUtf16(mark + text, false), ToUtf16(mark + text, true),
-          "<?xml version='1.0' encoding='ISO-8859-1'?>" + ToCodePage(text)})
-        EXPECT_EQ(TextOf(scratch, document),
-                  "\xC2\xB0"
-                  "ent");
+    for (const char* declaration :
+         {"", "<?xml version='1.0' encoding='UTF-8'?>", "<?xml encoding='US-ASCII'?>"}) {
+        scratch.File("dtd/t.dtd", declaration + type);
+        for (const std::string& document :
+             {text, mark + text, ToUtf16(mark + text, false), ToUtf16(mark + text, true),
+              "<?xml version='1.0' encoding='ISO-8859-1'?>" + ToCodePage(text)})
+            EXPECT_EQ(TextOf(scratch, document),
+                      "\xC2\xB0"
+                      "ent")
+                << declaration;
+    }
 }
 
 TEST(Xml, ElementsNestToTheLimitAndNoDeeper) {
@@ -209,6 +213,16 @@ TEST(Xml, ElementsNestToTheLimitAndNoDeeper) {
         type += "<!ENTITY e" + std::to_string(i) + " '" + levels + "'>";
     }
     EXPECT_FALSE(XmlDocument(scratch.File("d.xml", type + "]><a>&e3;</a>")).IsLoaded());
+    if (!kXmlTellsLines)
+        return;
+    std::string endless = "<?xml version='1.0'?>\n";
+    for (int i = 0; i < 1000; ++i)
+        endless += "<n:a>";
+    for (const std::string& document : {endless, type + "]>\n<a>&e3;</a>"}) {
+        const XmlDocument tooDeep(scratch.File("d.xml", document));
+        EXPECT_EQ(tooDeep.Reason(), "elements are nested deeper than 256 levels");
+        EXPECT_EQ(tooDeep.Line(), 2);
+    }
 }
 
 TEST(Xml, LoadFailuresTellTheLine) {
@@ -233,11 +247,17 @@ TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
         {type + "<!ATTLIST t r IDREF #IMPLIED>]>\n<t r='x'/>", "unknown ID", 2},
         {type + "<!ENTITY e SYSTEM 'none'>]>\n<t>&e;</t>", "external entities are not read: e", 2},
         {type + "<!ELEMENT n:u EMPTY>]>\n<t><n:u/>\n<v/></t>", "No declaration for element v", 3},
-        {"<?xml version='1.0' encoding='EUC-KR'?><t>\xFF\xFF</t>", "conver", 0},
+        {"<?xml version='1.0' encoding='EUC-KR'?>\r\n<t>\xFF\xFF</t>", "0xFF 0xFF", 2},
+        {"<?xml version='1.0'?>\n<!DOCTYPE t SYSTEM 'bad.dtd'><t/>", "'bad.dtd', line 3: S", 2},
+        {"\n\n<!DOCTYPE t SYSTEM 'latin.dtd'><t/>", "line 2: the bytes 0x81", 3},
+        {type + "<!ENTITY e '\n\n<v/>'>]>\n<t>&e;</t>", "No declaration for element v", 4},
+        {type + "<!ENTITY e '<v>\n\n'>]>\n<t>&e;</t>", "v", 4},
         {"<a><n:b/>\n<t>\n</a>", "mismatch", 3},
         {"<a xml:id='1 2'>\n<t>\n</a>", "mismatch", 3},
         {"<a xmlns:xml='urn:x'>\n<t>\n</a>", "mismatch", 3},
     };
+    scratch.File("bad.dtd", "<!ELEMENT t EMPTY>\r\n\r<!ELEMENT>");
+    scratch.File("latin.dtd", "<?xml version='1.0' encoding='windows-1250'?>\r\n<!--\x81-->");
     for (const auto& [text, reason, line] : rows) {
         const std::string path = scratch.File("d.xml", text);
         testing::internal::CaptureStderr();
@@ -258,6 +278,11 @@ TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
     const XmlNode node = CTools().SearchXmlNode(path, "n:t", CErrorHandler());
     EXPECT_EQ(node.Line(), kXmlTellsLines ? 2 : 0);
     EXPECT_EQ(node.File(), path);
+    const std::string entity = scratch.File("e.xml",
+                                            "<!DOCTYPE a [<!ELEMENT a ANY><!ELEMENT t ANY>"
+                                            "<!ENTITY e '<t/>\n\n<t/>'>]>\n<a>\n&e;</a>");
+    for (XmlNode t = CTools().SearchXmlNode(entity, "t", CErrorHandler()); t; t = t.NextSibling())
+        EXPECT_EQ(t.Line(), kXmlTellsLines ? 5 : 0) << "where the entity is asked for";
     EXPECT_EQ(node.Attributes().size(), 2U);
     EXPECT_EQ(node.Attributes()[1].first, "n:k");
     EXPECT_EQ(RaisedNumber([&] { CTools().SearchXmlNode(path, "t", CErrorHandler()); }), 1088);
