@@ -6,6 +6,7 @@
 
 #include "cli/Assignments.h"
 #include "cli/Locations.h"
+#include "cli/OutputGuard.h"
 #include "component/Tovarek.h"
 
 namespace tovarek {
@@ -59,6 +60,14 @@ int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Strea
         for (const Setting& setting : settings)
             Apply(component, setting);
         UseShippedCatalog(component);
+        std::vector<std::string> jobs;
+        for (const Setting& setting : settings)
+            if (setting.kind == Setting::Kind::job)
+                jobs.push_back(setting.value);
+        const auto guard = [&](const JobFiles& files) { RefuseOverwriting(files, jobs); };
+        guard(component.Files());
+        // Once more when the template has told the user type file.
+        component.SetGuard(guard);
         component.Generate();
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), streams);

@@ -34,7 +34,25 @@ void AddTypesOfScope(const CTypes::Types& types, std::int32_t scope, const std::
             ofScope.Add(keyPrefix + std::to_string(type->indexInScope), type.get());
 }
 
+std::string ListPath(const TypeFilesSettings& settings) {
+    return WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
+}
+
 }  // namespace
+
+std::string UserTypeFile(const CTemplate& deviceTemplate, const std::string& userTypeFilePath) {
+    return WithFinalBackslash(userTypeFilePath) + deviceTemplate.userTypeFile;
+}
+
+std::vector<std::string> PossibleTypeFiles(const TypeFilesSettings& settings) {
+    std::vector<std::string> paths;
+    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope)
+        for (const ResourceFileKind kind : kResourceFileKinds)
+            paths.push_back(WithFinalBackslash(settings.typeFilesDirectory) +
+                            ResourceFileName(settings, scope, kind));
+    paths.push_back(ListPath(settings));
+    return paths;
+}
 
 void WriteFilesListText(FileSink& sink, const std::vector<CResFile>& files) {
     TextWriter out(sink);
@@ -59,7 +77,7 @@ void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CC
     types.deviceTemplate = &deviceTemplate;
     types.errorHandler = &errorHandler;
     types.catalog = &catalog;
-    types.LoadTypes(formatFile, WithFinalBackslash(userTypeFilePath) + deviceTemplate.userTypeFile);
+    types.LoadTypes(formatFile, UserTypeFile(deviceTemplate, userTypeFilePath));
 
     std::vector<CResFile> files;
     for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
@@ -71,7 +89,7 @@ void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CC
                               files, writtenFiles);
     }
 
-    const std::string path = WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
+    const std::string path = ListPath(settings);
     OutputFile list(path);
     WriteFilesListText(list, files);
     list.Close();

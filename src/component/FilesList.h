@@ -15,6 +15,12 @@
 
 namespace tovarek {
 
+// Paths of all files that this step writes when there are types of every scope.
+std::vector<std::string> PossibleTypeFiles(const TypeFilesSettings& settings);
+
+// Path of the template's user type file, which is looked for in `userTypeFilePath`.
+std::string UserTypeFile(const CTemplate& deviceTemplate, const std::string& userTypeFilePath);
+
 // `formatFile` defines the types; the template's user type file is looked for in `userTypeFilePath`. The
 // template is loaded and checked already. Paths of finished files are appended to `writtenFiles`, files.lst
 // last. Raises the errors of CTypes::LoadTypes and GenerateTypeFiles, and file errors for files.lst; files

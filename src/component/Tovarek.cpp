@@ -87,6 +87,8 @@ void Tovarek::Generate() {
         template_.VerifyData();
         if (addNameInCpString_)
             template_.AddNameInCp();
+        if (guard_)
+            guard_(Files());
         if (mustGenerateTypes_)
             GenerateTypeFiles();
         if (mustGenerateXif_)

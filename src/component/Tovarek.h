@@ -12,10 +12,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "component/JobFiles.h"
 #include "profile/CProfile.h"
 #include "support/CErrorHandler.h"
 #include "support/CResources.h"
@@ -128,6 +131,12 @@ class Tovarek {
     void SetClock(std::shared_ptr<const Clock> clock);
     // Paths of the files that the last Generate finished, in order; also after a failed one.
     const std::vector<std::string>& WrittenFiles() const { return writtenFiles_; }
+    // The files that Generate reads and may write with the properties as they are; the user type file is
+    // known from the first template that was loaded.
+    JobFiles Files() const;
+    // `guard` sees them in Generate when the template is loaded and nothing is written yet; what it throws
+    // ends Generate.
+    void SetGuard(std::function<void(const JobFiles&)> guard) { guard_ = std::move(guard); }
 
   private:
     void RaiseWhenCatalogFailed() const;
@@ -143,6 +152,7 @@ class Tovarek {
 
     std::shared_ptr<const Clock> clock_;
     std::vector<std::string> writtenFiles_;
+    std::function<void(const JobFiles&)> guard_;
 
     std::string outputXIFfile_;
     std::string typeFilesXMLFormat_;

@@ -113,6 +113,12 @@ class StandardCatalog::Impl {
     }
     const Enumeration* EnumerationSet(std::int32_t number);
 
+    // The path of another file of the set, whether or not it exists.
+    std::string Companion(const std::string& name) const {
+        const std::string file = FindFile(FolderOf(path), name);
+        return file.empty() ? FolderOf(path) + name : file;
+    }
+
     const LanguageFile& Texts();
     const std::vector<DisplayFormat>& Formats(std::string_view typeName);
     bool IsFormatString(const StringRef& string) {
@@ -136,6 +142,7 @@ class StandardCatalog::Impl {
     static std::int32_t IndexOf(const Entries& entries, std::string_view prefix, std::string_view name,
                                 std::unordered_map<std::string, std::int32_t>& names);
 
+    std::string catalogPath;
     std::string path;
     TypeFileView view;
     std::unordered_map<std::string, std::int32_t> nvNames;
@@ -200,9 +207,8 @@ const LanguageFile& StandardCatalog::Impl::Texts() {
     if (texts_)
         return *texts_;
     texts_ = std::make_unique<LanguageFile>();
-    const std::string file = FindFile(FolderOf(path), "standard.enu");
     std::string bytes;
-    Outcome read = ReadWhole(file.empty() ? FolderOf(path) + "standard.enu" : file, bytes);
+    Outcome read = ReadWhole(Companion("standard.enu"), bytes);
     if (read.Ok())
         read = ReadLanguageFile(bytes, *texts_);
     if (!read.Ok()) {
@@ -214,10 +220,9 @@ const LanguageFile& StandardCatalog::Impl::Texts() {
 
 void StandardCatalog::Impl::LoadFormats() {
     formats_ = std::make_unique<std::unordered_map<std::string, std::vector<DisplayFormat>>>();
-    const std::string file = FindFile(FolderOf(path), "standard.fmt");
     std::string bytes;
     FormatFile formats;
-    Outcome read = ReadWhole(file.empty() ? FolderOf(path) + "standard.fmt" : file, bytes);
+    Outcome read = ReadWhole(Companion("standard.fmt"), bytes);
     if (read.Ok())
         read = ReadFormatFile(bytes, formats);
     if (!read.Ok()) {
@@ -288,6 +293,7 @@ Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardC
         std::unique_ptr<StandardCatalog> candidate(new StandardCatalog);
         Outcome opened = candidate->impl_->OpenTypes(types);
         if (opened.Ok()) {
+            candidate->impl_->catalogPath = path;
             catalog = std::move(candidate);
             return opened;
         }
@@ -298,6 +304,10 @@ Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardC
 
 const std::string& StandardCatalog::TypeFilePath() const {
     return impl_->path;
+}
+std::vector<std::string> StandardCatalog::Files() const {
+    return {impl_->catalogPath, impl_->path, impl_->Companion("standard.enu"),
+            impl_->Companion("standard.fmt")};
 }
 const ResourceHeader& StandardCatalog::Header() const {
     return impl_->view.Header();

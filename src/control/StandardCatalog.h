@@ -57,6 +57,8 @@ class StandardCatalog {
 
     // Path of the standard type file, and its header (version, date).
     const std::string& TypeFilePath() const;
+    // Paths of all files that the catalog is read from: the catalog file, then those of the standard set.
+    std::vector<std::string> Files() const;
     const ResourceHeader& Header() const;
     // All types by index; those that the set has deleted or lacks are left out.
     std::vector<CatalogEntry> NvTypes() const;

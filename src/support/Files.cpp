@@ -1,7 +1,14 @@
 #include "support/Files.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <new>
 #include <utility>
+
+#ifdef _WIN32
+#include "support/Text.h"
+#include "support/Wide.h"
+#endif
 
 namespace tovarek {
 namespace {
@@ -94,6 +101,69 @@ void OutputFile::WriteOut(std::string_view bytes) {
     failed_ = true;
     file_.Write(bytes);
     failed_ = false;
+}
+
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+// The library refuses names that are no valid UTF-16, which the system has.
+fs::path PathOf(const std::string& path) {
+    return ToWide(path);
+}
+std::string TextOf(const fs::path& path) {
+    return FromWide(path.native());
+}
+// Names of one folder that differ in letter case only are one name.
+std::string NameKey(const std::string& name) {
+    return UpperCase(name);
+}
+#else
+fs::path PathOf(const std::string& path) {
+    return path;
+}
+std::string TextOf(const fs::path& path) {
+    return path.native();
+}
+std::string NameKey(std::string name) {
+    return name;
+}
+#endif
+
+// The path without "..", with the links of the part that exists followed, also one at its end that leads to a
+// file which does not exist yet: that file is the one that would be written.
+fs::path FollowLinks(fs::path path) {
+    constexpr int kMostLinks = 40;
+    for (int i = 0; i < kMostLinks; ++i) {
+        std::error_code failed;
+        fs::path full = fs::weakly_canonical(path, failed);
+        if (failed == std::errc::not_enough_memory)
+            throw std::bad_alloc();
+        if (!failed)
+            path = std::move(full);
+        const fs::path target = fs::read_symlink(path, failed);
+        if (failed)
+            break;
+        path = path.parent_path() / target;
+    }
+    return path;
+}
+
+}  // namespace
+
+std::optional<FileIdentity> IdentityOf(std::string_view path) {
+    fs::path folder = FollowLinks(PathOf(SystemPath(path)));
+    FileStamp stamp = StampOf(TextOf(folder));
+    if (stamp != FileStamp() && !FileExists(TextOf(folder)))
+        return std::nullopt;
+    std::string name;
+    while (stamp == FileStamp() && folder.has_filename()) {
+        name.insert(0, '/' + NameKey(TextOf(folder.filename())));
+        folder = folder.parent_path();
+        stamp = StampOf(folder.empty() ? "." : TextOf(folder));
+    }
+    return FileIdentity{stamp.device, stamp.inode, std::move(name)};
 }
 
 void WriteFile(std::string_view path, std::string_view bytes) {

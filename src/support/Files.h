@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,18 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 FileStamp StampOf(std::string_view path);
+
+// What two paths have in common exactly when they lead to the same file, however they are spelled and through
+// whatever links. A file that does not exist yet is known by its folder and its name; folders that do not
+// exist yet are part of the name.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::string name;  // empty for a file that exists
+    bool operator==(const FileIdentity&) const = default;
+};
+// Nothing for what holds no bytes that could be overwritten: folders, devices and pipes.
+std::optional<FileIdentity> IdentityOf(std::string_view path);
 
 // Names of the entries of a directory ("." and ".." left out), in no order; empty when it cannot be listed.
 std::vector<std::string> DirectoryEntries(std::string_view path);

@@ -75,26 +75,36 @@ class TypeFilesDriver {
         control_.GetResourceSetHandle(handle_);
         // The creation calls carry no scope.
         Check(control_.SetResourceScope(scope_), "scope");
-        WriteFile("." + settings_.langExtension, fileLanguage, [&] { LanguageFile(); });
-        WriteFile(".fpt", fileProfiles, [&] { ProfileFile(); });
-        WriteFile(".typ", fileTypes, [&] { TypeFile(); });
-        WriteFile(".fmt", fileFormats, [&] { FormatFile(); });
+        for (const ResourceFileKind kind : kResourceFileKinds)
+            WriteFile(kind);
     }
 
   private:
-    // Records the file with this ending, and has `write` write it.
-    template <class Write>
-    void WriteFile(const std::string& ending, ResourceFileKind kind, const Write& write) {
-        const std::string name = settings_.typeFilesBaseName + '_' + std::to_string(scope_) + ending;
+    // Records the file of this kind and writes it.
+    void WriteFile(ResourceFileKind kind) {
+        const std::string name = ResourceFileName(settings_, scope_, kind);
         result_.push_back({name, kind, scope_, programID_, kind == fileLanguage ? settings_.localeID : 0});
         path_ = folder_ + name;
         try {
-            write();
+            WriteContent(kind);
         } catch (Error& error) {
             error.AddContext({.record = name, .file = path_});
             throw;
         }
         writtenFiles_.push_back(path_);
+    }
+
+    void WriteContent(ResourceFileKind kind) {
+        switch (kind) {
+            case fileLanguage:
+                return LanguageFile();
+            case fileProfiles:
+                return ProfileFile();
+            case fileTypes:
+                return TypeFile();
+            case fileFormats:
+                return FormatFile();
+        }
     }
 
     void LanguageFile() {
@@ -214,7 +224,25 @@ class TypeFilesDriver {
     std::int32_t handle_ = 0;
 };
 
+// What the name of a file ends in.
+std::string Ending(const TypeFilesSettings& settings, ResourceFileKind kind) {
+    switch (kind) {
+        case fileProfiles:
+            return "fpt";
+        case fileTypes:
+            return "typ";
+        case fileFormats:
+            return "fmt";
+        default:
+            return settings.langExtension;
+    }
+}
+
 }  // namespace
+
+std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t scope, ResourceFileKind kind) {
+    return settings.typeFilesBaseName + '_' + std::to_string(scope) + '.' + Ending(settings, kind);
+}
 
 void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
                        const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,

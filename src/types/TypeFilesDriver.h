@@ -17,6 +17,12 @@ namespace tovarek {
 // The types of one scope under "NV_" or "CP_" and their index in the scope.
 using ScopeTypes = KeyedList<CType*>;
 
+// The files of a scope, in the order in which they are written.
+inline constexpr ResourceFileKind kResourceFileKinds[] = {fileLanguage, fileProfiles, fileTypes, fileFormats};
+
+// The name of one of them, without folder.
+std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t scope, ResourceFileKind kind);
+
 // Writes the files in the folder of the settings, which is created when its parent exists. Appends a record
 // for each file to `result` before it is begun, and its path to `writtenFiles` when it is finished. Raises
 // error 134 or 135 for a gap in the indexes, the errors of the control's result codes, and file errors for

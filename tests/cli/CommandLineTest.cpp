@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -152,6 +153,76 @@ TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     std::string deep = "{\"creator\": ";
     deep.append(100000, '[');
     EXPECT_EQ(Generate({"--job", scratch_.File("deep.json", deep)}).status, 2);
+}
+
+// Every job is sound but for the output that is named twice. The user types are none, so that nothing but the
+// names of the files is at stake.
+TEST_F(CommandLine, NoOutputTakesTheFileOfAnInputOrOfAnotherOutput) {
+    const std::string xml = scratch_.File(
+        "t.xml",
+        "<!DOCTYPE D SYSTEM "
+        "\"t.dtd\"><D><PROGRAMID>9000010A0B040100</PROGRAMID><USERCPFILE>u_6.fmt</USERCPFILE></D>");
+    const std::string dtd = scratch_.File("t.dtd",
+                                          "<!ELEMENT D (PROGRAMID, USERCPFILE)><!ELEMENT PROGRAMID (#PCDATA)>"
+                                          "<!ELEMENT USERCPFILE (#PCDATA)>");
+    scratch_.File("u_6.fmt", "<UNVTS/>");
+    const std::string format = scratch_.File("f.xml", "<F/>");
+    const std::string job = scratch_.File("job.json", "{}");
+    scratch_.File("node.xif", std::string(kTemplateIni));
+    const std::string linked = scratch_.Path("linked.ini");
+    std::filesystem::create_hard_link(StandardPath(profile_), StandardPath(linked));
+    std::filesystem::copy(StandardPath(TOVAREK_CATALOG), StandardPath(scratch_.Path("c")));
+
+    using Arguments = std::vector<std::string>;
+    const auto out = [](const std::string& path) { return Arguments{"--outputXIFfile", path}; };
+    const auto with = [](Arguments one, const Arguments& other) {
+        one.insert(one.end(), other.begin(), other.end());
+        return one;
+    };
+    const Arguments fromXml = {"--xmlTemplateFile", xml, "--xmlTemplateNodeName", "D"};
+    const Arguments withTypes = {"--mustGenerateTypes",  "true",
+                                 "--typeFilesXMLFormat", format,
+                                 "--typeFilesDirectory", scratch_.Folder(),
+                                 "--userTypeFilePath",   scratch_.Folder(),
+                                 "--typeFilesBaseName",  "b"};
+    const Arguments newFolder = {"--typeFilesDirectory", scratch_.Path("new")};
+    const Arguments catalog = {"--catalogDir", scratch_.Path("c")};
+    const std::pair<Arguments, const char*> refused[] = {
+        {out(profile_), "iniProfileFile"},
+        {with(out(linked), {"--iniTemplateFile", "missing.ini"}), "iniProfileFile"},
+        {out(scratch_.Folder() + "\\.\\template.ini"), "iniTemplateFile"},
+        {with(out(job), {"--job", job}), "job file"},
+        {with(out(xml), fromXml), "xmlTemplateFile"},
+        {with(out(dtd), fromXml), "document type definition of xmlTemplateFile"},
+        {with(out(dtd), {"--xmlTemplateNode", xml + "#D"}), "document type definition of xmlTemplateNode"},
+        {with(out(scratch_.Path("u_6.fmt")), with(fromXml, withTypes)), "user type file"},
+        {with(with(fromXml, withTypes), {"--typeFilesBaseName", "u"}), "user type file"},
+        {with(out(format), {"--typeFilesXMLFormat", format}), "typeFilesXMLFormat"},
+        {with(out(scratch_.Path("c/ldrf.cat")), catalog), "catalog"},
+        {with(out(scratch_.Path("c/standard.typ")), catalog), "catalog"},
+        {with(withTypes, {"--xifProfileFile", scratch_.File("files.lst", "")}), "xifProfileFile"},
+        {with(withTypes, {"--langExtension", "typ"}), "typeFilesDirectory"},
+        {with(withTypes, with(newFolder, out(scratch_.Path("new/b_3.fpt")))), "outputXIFfile"},
+    };
+    const auto content = [&] {
+        std::map<std::string, std::string> files;
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(StandardPath(scratch_.Folder())))
+            files[SystemSpelling(entry.path())] =
+                entry.is_regular_file() ? ReadFile(SystemSpelling(entry.path())) : "";
+        return files;
+    };
+    const auto before = content();
+    for (const auto& [arguments, hint] : refused) {
+        const Answer run = Generate(arguments);
+        EXPECT_EQ(run.status, 2) << hint << '\n' << run.error;
+        EXPECT_NE(run.error.find(hint), std::string::npos) << run.error;
+        EXPECT_EQ(content(), before) << hint;
+    }
+
+    EXPECT_EQ(Generate({"--set", "mustGenerateXif=false", "--outputXIFfile", profile_}).status, 0);
+    EXPECT_EQ(Generate(with(fromXml, withTypes)).status, 0);
+    EXPECT_EQ(Generate({"--xifProfileFile", xif_}).status, 0) << "a profile may be its own output";
 }
 
 TEST_F(CommandLine, ElementsAreNamedByFileAndName) {

@@ -64,5 +64,39 @@ TEST(Files, AnAbandonedFileKeepsWhatWasWritten) {
     EXPECT_EQ(ReadFile(scratch.Path("a")), "half");
 }
 
+TEST(Files, OneFileHasOneIdentityUnderAllItsNames) {
+    const Scratch scratch;
+    const std::string file = scratch.File("f", "x");
+    const std::string link = scratch.Path("hard");
+    std::filesystem::create_hard_link(StandardPath(file), StandardPath(link));
+    std::filesystem::create_directory(StandardPath(scratch.Path("sub")));
+    std::vector<std::pair<std::string, std::string>> same = {
+        {file, link},
+        {file, scratch.Folder() + "\\sub\\..\\.\\f"},
+        {scratch.Path("new"), scratch.Path("sub/../new")},
+        {scratch.Path("no/way/new"), scratch.Path("sub/../no/./other/../way/new")},
+        {file, scratch.Path("no/../f")},
+    };
+    std::vector<std::pair<std::string, std::string>> different = {
+        {file, scratch.File("g", "x")},
+        {scratch.Path("new"), scratch.Path("old")},
+        {scratch.Path("new"), scratch.Path("sub/new")},
+        {scratch.Path("no/new"), scratch.Path("new")},
+    };
+    (kIsWindows ? same : different).emplace_back(scratch.Path("new"), scratch.Path("NEW"));
+    if (!kIsWindows) {
+        std::filesystem::create_symlink(scratch.Path("sub"), scratch.Path("folder"));
+        std::filesystem::create_symlink("../later", scratch.Path("sub/nowhere"));
+        same.emplace_back(scratch.Path("sub/new"), scratch.Path("folder/new"));
+        same.emplace_back(scratch.Path("later"), scratch.Path("folder/nowhere"));
+        EXPECT_FALSE(IdentityOf("/dev/null").has_value());
+    }
+    for (const auto& [one, other] : same)
+        EXPECT_TRUE(IdentityOf(one) && IdentityOf(one) == IdentityOf(other)) << one << "\n" << other;
+    for (const auto& [one, other] : different)
+        EXPECT_TRUE(IdentityOf(one) != IdentityOf(other)) << one << "\n" << other;
+    EXPECT_FALSE(IdentityOf(scratch.Folder()).has_value());
+}
+
 }  // namespace
 }  // namespace tovarek::test
