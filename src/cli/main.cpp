@@ -15,5 +15,5 @@ int main(int argc, char** argv) {
     mallopt(M_MXFAST, 0);
     mallopt(M_TOP_PAD, 1 << 20);
 #endif
-    return tovarek::RunProgram(std::vector<std::string>(argv, argv + argc));
+    return tovarek::RunProgram([=] { return std::vector<std::string>(argv, argv + argc); });
 }

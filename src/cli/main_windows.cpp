@@ -26,9 +26,11 @@ class Utf8Console {
 
 int wmain(int argc, wchar_t** argv) {
     const Utf8Console console;
-    std::vector<std::string> arguments;
-    arguments.reserve(static_cast<std::size_t>(argc));
-    for (int i = 0; i < argc; ++i)
-        arguments.push_back(tovarek::FromWide(argv[i]));
-    return tovarek::RunProgram(arguments);
+    return tovarek::RunProgram([=] {
+        std::vector<std::string> arguments;
+        arguments.reserve(static_cast<std::size_t>(argc));
+        for (int i = 0; i < argc; ++i)
+            arguments.push_back(tovarek::FromWide(argv[i]));
+        return arguments;
+    });
 }
