@@ -37,6 +37,8 @@ tovarek_package_registration(register.cmd Registers registered "")
 tovarek_package_registration(unregister.cmd Unregisters unregistered "/u ")
 tovarek_package_text(packaging/README.txt.in README.txt)
 tovarek_package_text(LICENSE LICENSE.txt)
+# The XML library, which is part of both programs.
+tovarek_package_text(${TOVAREK_LIBXML2_FOLDER}/copyright LICENSE-libxml2.txt)
 foreach(name IN ITEMS generate.vbs generate.js generate.ps1 generate.cpp README.md)
   tovarek_package_text(examples/automation/${name} examples/automation/${name})
 endforeach()

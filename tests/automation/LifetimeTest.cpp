@@ -1,11 +1,20 @@
 #include <atomic>
+#include <filesystem>
 #include <functional>
+#include <latch>
 #include <thread>
 
 #include "Host.h"
+#include "Scratch.h"
 
 namespace tovarek::test {
 namespace {
+
+template <class Function>
+Function EntryOf(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+using ClassObjectOf = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
 
 // The server's own word on whether it is used. The module stays loaded as long as this object lives.
 class LoadedServer {
@@ -18,16 +27,12 @@ class LoadedServer {
         module_ = GetModuleHandleW(L"QVTovarek.dll");
         EXPECT_NE(module_, nullptr);
     }
-    bool CanUnload() const { return Entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")() == S_OK; }
+    bool CanUnload() const { return EntryOf<HRESULT(WINAPI*)()>(module_, "DllCanUnloadNow")() == S_OK; }
     HRESULT ClassObject(REFCLSID id, REFIID iid, void** object) const {
-        return Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(id, iid, object);
+        return EntryOf<ClassObjectOf>(module_, "DllGetClassObject")(id, iid, object);
     }
 
   private:
-    template <class Function>
-    Function Entry(const char* name) const {
-        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
-    }
     HMODULE module_ = nullptr;
 };
 
@@ -94,6 +99,61 @@ TEST(Lifetime, AThousandObjectsComeAndGo) {
     EXPECT_FALSE(module.CanUnload());
     many.clear();
     EXPECT_TRUE(module.CanUnload());
+}
+
+// Generates from a valid document and from one that is no XML, as the class of `module`.
+void GenerateTwice(HMODULE module, const Scratch& scratch) {
+    ComPtr<IClassFactory> factory;
+    ComPtr<_Tovarek> server;
+    ASSERT_EQ(EntryOf<ClassObjectOf>(module, "DllGetClassObject")(CLSID_Tovarek, IID_IClassFactory,
+                                                                  factory.OutVoid()),
+              S_OK);
+    ASSERT_EQ(factory->CreateInstance(nullptr, IID__Tovarek, server.OutVoid()), S_OK);
+    ASSERT_EQ(server->put_mustGenerateTypes(VARIANT_FALSE), S_OK);
+    ASSERT_EQ(server->put_mustGenerateXif(VARIANT_FALSE), S_OK);
+    ASSERT_EQ(server->put_xmlTemplateNodeName(Bstr(L"D").Get()), S_OK);
+    const auto generate = [&](const char* name) {
+        EXPECT_EQ(server->put_xmlTemplateFile(Bstr(ToWide(scratch.Path(name))).Get()), S_OK);
+        return server->Generate();
+    };
+    EXPECT_EQ(generate("good.xml"), S_OK);
+    EXPECT_TRUE(FAILED(generate("bad.xml")));
+    SetErrorInfo(0, nullptr);
+}
+
+// What the server keeps for every thread must not want the server's code when the thread ends.
+TEST(Lifetime, ThreadsThatUsedTheServerOutliveIt) {
+    const Scratch scratch;
+    scratch.File("good.xml",
+                 "<!DOCTYPE D [<!ELEMENT D (PROGRAMID)><!ELEMENT PROGRAMID (#PCDATA)>]>"
+                 "<D><PROGRAMID>9000010a0b040100</PROGRAMID></D>");
+    scratch.File("bad.xml", "<D>");
+    // A copy, because the registered server is not this test's to free.
+    wchar_t program[MAX_PATH];
+    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
+    const std::filesystem::path copy = StandardPath(scratch.Path("server.dll"));
+    std::filesystem::copy_file(std::filesystem::path(program).replace_filename("QVTovarek.dll"), copy);
+    HMODULE module = LoadLibraryW(copy.c_str());
+    ASSERT_NE(module, nullptr);
+
+    std::latch generated(3);
+    std::latch freed(1);
+    const auto use = [&] {
+        {
+            const Apartment apartment;
+            GenerateTwice(module, scratch);
+        }
+        generated.count_down();
+        freed.wait();
+    };
+    std::thread first(use);
+    std::thread second(use);
+    generated.arrive_and_wait();
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(GetModuleHandleW(copy.c_str()), nullptr) << "it is still loaded";
+    freed.count_down();
+    first.join();
+    second.join();
 }
 
 TEST(Lifetime, TwoObjectsShareNothing) {

@@ -7,7 +7,7 @@ file(ARCHIVE_EXTRACT INPUT ${WORK}/zip/${PACKAGE}.zip DESTINATION ${UNPACKED})
 
 # ---- the files, no more and no less ----
 set(expected
-  LICENSE.txt QVTovarek.dll QVTovarek.tlb README.txt register.cmd tovarek.exe unregister.cmd
+  LICENSE-libxml2.txt LICENSE.txt QVTovarek.dll QVTovarek.tlb README.txt register.cmd tovarek.exe unregister.cmd
   catalog/ldrf.cat catalog/standard.enu catalog/standard.fmt catalog/standard.fpt catalog/standard.typ
   include/QVTovarek_h.h include/QVTovarek_i.c)
 foreach(name IN ITEMS README.md generate.cpp generate.js generate.ps1 generate.vbs)
@@ -33,8 +33,12 @@ foreach(file IN LISTS files)
   endif()
 endforeach()
 
-# ---- the server: its entry points and no debug information ----
+# ---- the server: its entry points, no library beside those of every system, and no debug information ----
 execute_process(COMMAND ${OBJDUMP} -p -h ${PACKAGE_FOLDER}/QVTovarek.dll OUTPUT_VARIABLE dump)
+string(REGEX MATCHALL "DLL Name: [^\n]*" imports "${dump}")
+list(TRANSFORM imports REPLACE "DLL Name: " "")
+list(SORT imports)
+require_equal("${imports}" "ADVAPI32.dll;KERNEL32.dll;OLEAUT32.dll;msvcrt.dll;ole32.dll" "Libraries of QVTovarek.dll")
 if(dump MATCHES "\\.debug_")
   message(FATAL_ERROR "QVTovarek.dll holds debug information")
 endif()
