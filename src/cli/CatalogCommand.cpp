@@ -122,14 +122,14 @@ int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFor
     if (!Open(place, catalog, format, streams))
         return kFailed;
     const StandardCatalog& standard = *catalog.types.Catalog();
-    const std::optional<InspectNode> node = TypeNode(standard, name);
+    std::optional<InspectNode> node = TypeNode(standard, name);
     if (!node) {
         const std::string nearest = Nearest(name, AllNames(standard));
         streams.error << "tovarek: the catalog knows no type '" << name << "'"
                       << (nearest.empty() ? "" : "; did you mean '" + nearest + "'?") << '\n';
         return kFailed;
     }
-    streams.out << (format == OutputFormat::json ? JsonText(*node) + '\n' : TreeText(*node));
+    streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
     return kDone;
 }
 

@@ -35,7 +35,8 @@ ErrorContext DamageContext(const std::string& path, const FileListing& file) {
 int DumpBytes(const std::string& path, OutputFormat format, Streams streams) {
     const FileListing file = ListFile(path);
     if (format == OutputFormat::json) {
-        streams.out << "{\"kind\": " << JsonString(KindName(file.kind)) << ", \"damage\": "
+        streams.out << "{\"schema\": " << kJsonSchema << ", \"kind\": " << JsonString(KindName(file.kind))
+                    << ", \"damage\": "
                     << (file.code == resultOk ? std::string("null") : JsonString(file.damage))
                     << ", \"rows\": " << ListingJson(file.listing, file.bytes) << "}\n";
         return file.code == resultOk ? kDone : kFailed;
@@ -78,7 +79,7 @@ void WriteDifferences(const std::vector<Difference>& differences, OutputFormat f
         InspectNode result = InspectNode::Object("");
         result.Flag("same", differences.empty());
         result.Add(DifferencesNode(differences));
-        out << JsonText(result) << '\n';
+        out << JsonDocument(std::move(result));
         return;
     }
     for (const Difference& difference : differences) {
@@ -99,10 +100,10 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
         const std::unique_ptr<StandardCatalog> catalog = OpenCatalog(options.place);
         // The shipped catalog is made from published facts; a genuine file means other texts by most numbers.
         const bool isShipped = options.place.folder.empty();
-        const Inspection inspection =
+        Inspection inspection =
             InspectFile(path, catalog.get(), isShipped ? StandardTexts::published : StandardTexts::all);
         if (options.format == OutputFormat::json)
-            streams.out << JsonText(inspection.tree) << '\n';
+            streams.out << JsonDocument(std::move(inspection.tree));
         else
             streams.out << TreeText(inspection.tree);
         return kDone;

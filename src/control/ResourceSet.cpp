@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "control/LanguageFile.h"
+#include "support/Error.h"
 #include "support/Files.h"
 #include "support/Text.h"
 
@@ -13,6 +14,16 @@ namespace {
 std::string Lower(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), AsciiLower);
     return text;
+}
+
+// Told by its content: a set may be written with an extension of the user's own.
+bool IsLanguageFile(const std::string& path) {
+    constexpr std::string_view kMagic = "URES";
+    try {
+        return FileExists(path) && ReadFile(path, kMagic.size()) == kMagic;
+    } catch (const Error&) {
+        return false;
+    }
 }
 
 // Where the extension's dot stands, or the end of the name.
@@ -31,6 +42,7 @@ ResourceSetFiles FindResourceSet(const std::string& path) {
     std::vector<std::string> names = DirectoryEntries(folder.empty() ? "." : folder);
     std::sort(names.begin(), names.end());  // folders are listed in no order
     ResourceSetFiles files;
+    std::vector<std::string> others;
     for (const std::string& name : names) {
         const std::size_t dot = Dot(name);
         if (dot == name.size() || Lower(name.substr(0, dot)) != stem)
@@ -44,8 +56,13 @@ ResourceSetFiles FindResourceSet(const std::string& path) {
             files.formats = folder + name;
         } else if (IsLanguageExtension(extension) && (files.language.empty() || extension == "enu")) {
             files.language = folder + name;
+        } else {
+            others.push_back(folder + name);
         }
     }
+    const auto language = std::find_if(others.begin(), others.end(), IsLanguageFile);
+    if (files.language.empty() && language != others.end())
+        files.language = *language;
     return files;
 }
 

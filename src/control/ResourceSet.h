@@ -8,7 +8,9 @@ namespace tovarek {
 
 // Paths of a set's files; empty where there is none.
 struct ResourceSetFiles {
-    std::string language;  // American English where there is a choice, else the first by extension
+    // American English where there is a choice, else the first by extension; one with an extension that no
+    // language has only where there is no other.
+    std::string language;
     std::string types;
     std::string profiles;
     std::string formats;

@@ -1,5 +1,7 @@
 #include "inspect/InspectNode.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace tovarek {
@@ -34,6 +36,10 @@ InspectNode& InspectNode::Real(std::string_view child, double number) {
     return Add(ValueNode(child, number));
 }
 
+InspectNode& InspectNode::Single(std::string_view child, float number) {
+    return Real(child, ShortestOf(number));
+}
+
 InspectNode& InspectNode::Flag(std::string_view child, bool flag) {
     return Add(ValueNode(child, flag));
 }
@@ -43,6 +49,16 @@ const InspectNode* InspectNode::Find(std::string_view child) const {
         if (node.name == child)
             return &node;
     return nullptr;
+}
+
+double ShortestOf(float number) {
+    if (!std::isfinite(number))
+        return number;
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    double value = 0;
+    std::from_chars(digits.data(), end.ptr, value);
+    return value;
 }
 
 std::string HexText(std::string_view bytes) {

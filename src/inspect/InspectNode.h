@@ -38,11 +38,16 @@ struct InspectNode {
     InspectNode& Number(std::string_view child, std::int64_t number);
     // A number that JSON cannot hold (infinite, or none at all) becomes a text.
     InspectNode& Real(std::string_view child, double number);
+    // A 4-byte float by its shortest decimal digits.
+    InspectNode& Single(std::string_view child, float number);
     InspectNode& Flag(std::string_view child, bool flag);
 
     // The child of this name, or null.
     const InspectNode* Find(std::string_view child) const;
 };
+
+// The number that the shortest decimal digits of a 4-byte float name: 0.1, not 0.10000000149011612.
+double ShortestOf(float number);
 
 // "00 1A FF".
 std::string HexText(std::string_view bytes);

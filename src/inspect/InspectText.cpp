@@ -19,6 +19,10 @@ void AppendHex(std::string& text, unsigned value, int digits) {
 
 // A few values that belong together read better side by side.
 bool FitsOneLine(const InspectNode& node) {
+    if (node.IsList())
+        return std::all_of(node.children.begin(), node.children.end(), [](const InspectNode& child) {
+            return child.name.empty() && std::holds_alternative<std::int64_t>(child.value);
+        });
     return node.shape == InspectNode::Shape::object && node.children.size() <= kMostInOneLine &&
            std::all_of(node.children.begin(), node.children.end(),
                        [](const InspectNode& child) { return child.shape == InspectNode::Shape::value; });
@@ -152,6 +156,12 @@ std::string JsonText(const InspectNode& node) {
     JsonWriter writer;
     writer.Node(node, 0);
     return writer.Take();
+}
+
+std::string JsonDocument(InspectNode tree) {
+    InspectNode schema = {.name = "schema", .value = std::int64_t{kJsonSchema}};
+    tree.children.insert(tree.children.begin(), std::move(schema));
+    return JsonText(tree) + '\n';
 }
 
 std::string ValueText(const InspectNode::Value& value) {

@@ -14,6 +14,13 @@ std::string TreeText(const InspectNode& node);
 // The tree as one JSON value: objects and lists as what they are, names of list items left out.
 std::string JsonText(const InspectNode& node);
 
+// The version of the names and kinds of values in the JSON of dump, diff and catalog show. It rises with
+// every change that a program which reads them would notice.
+inline constexpr int kJsonSchema = 2;
+
+// An object as a JSON document that begins with its version.
+std::string JsonDocument(InspectNode tree);
+
 // A value as people read it, and everything below a node in one line. `comparedOnly` leaves out what is
 // derived.
 std::string ValueText(const InspectNode::Value& value);

@@ -7,6 +7,7 @@
 #include "inspect/Checksum.h"
 #include "inspect/InspectNode.h"
 #include "inspect/InspectText.h"
+#include "inspect/KindNames.h"
 #include "support/CodePage.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
@@ -16,30 +17,29 @@ namespace {
 
 constexpr int kDeepest = 1024;
 
-// What a kind of type description is called and how its limits are stored.
+// How the limits of a kind of type description are stored.
 struct KindRow {
-    std::string_view name;
     std::size_t size = 0;  // of a stored limit; 0 = no range
     bool isSigned = false;
     bool hasInvalid = false;  // a byte behind the range tells whether there is an invalid value
 };
-constexpr std::array<KindRow, 16> kKinds = {{
-    {"unknown kind"},
-    {"signed character", 1, true, true},
-    {"unsigned character", 1, false, true},
-    {"signed short", 1, true, true},
-    {"unsigned short", 1, false, true},
-    {"signed long", 2, true, true},
-    {"unsigned long", 2, false, true},
-    {"enumeration", 1, true, false},
-    {"array"},
-    {"structure"},
-    {"union"},
-    {"bit field", 1, false, false},
-    {"float", 4, true, true},
-    {"signed quad", 4, true, true},
-    {"reference"},
-    {"unsigned quad", 4, false, true},
+constexpr std::array<KindRow, kKindNames.size()> kKinds = {{
+    {},
+    {1, true, true},  // characters
+    {1, false, true},
+    {1, true, true},  // shorts
+    {1, false, true},
+    {2, true, true},  // longs
+    {2, false, true},
+    {1, true, false},  // enumeration
+    {},                // array, structure, union
+    {},
+    {},
+    {1, false, false},  // bit field
+    {4, true, true},    // float
+    {4, true, true},    // signed quad
+    {},                 // reference
+    {4, false, true},   // unsigned quad
 }};
 constexpr unsigned kEnumeration = 7;
 constexpr unsigned kArray = 8;
@@ -99,7 +99,7 @@ void Limit(ByteCursor& cursor, std::string_view field, unsigned kind, bool isSig
     const std::size_t size = kKinds.at(kind).size;
     if (kind == kFloat) {
         const auto bits = static_cast<std::uint32_t>(cursor.Unsigned(field, size));
-        cursor.Value(DoubleToText(std::bit_cast<float>(bits)));
+        cursor.Value(DoubleToText(ShortestOf(std::bit_cast<float>(bits))));
     } else if (isSigned) {
         cursor.Signed(field, size);
     } else {
@@ -149,7 +149,7 @@ void Description(ByteCursor& cursor, int depth) {
     if (cursor.IsCut())
         return;
     const bool isKnown = kind > 0 && kind < kKinds.size() && depth < kDeepest;
-    cursor.Value(std::to_string(kind) + ' ' + std::string(isKnown ? kKinds.at(kind).name : kKinds[0].name));
+    cursor.Value(std::to_string(kind) + ' ' + std::string(kKindNames.at(isKnown ? kind : 0)));
     if (!isKnown) {
         cursor.GiveUp("not understood");
     } else if (kind == kArray) {

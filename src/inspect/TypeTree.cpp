@@ -1,34 +1,14 @@
 #include "inspect/TypeTree.h"
 
-#include <array>
 #include <bit>
 #include <cmath>
 
+#include "inspect/KindNames.h"
 #include "support/CodePage.h"
 #include "support/Text.h"
 
 namespace tovarek {
 namespace {
-
-// By code in the file; 0 is no kind.
-constexpr std::array<std::string_view, 16> kKindNames = {
-    "",
-    "signed character",
-    "unsigned character",
-    "signed, 1 byte",
-    "unsigned, 1 byte",
-    "signed, 2 bytes",
-    "unsigned, 2 bytes",
-    "enumeration",
-    "array",
-    "structure",
-    "union",
-    "bit field",
-    "float",
-    "signed, 4 bytes",
-    "reference",
-    "unsigned, 4 bytes",
-};
 
 // How far references to references are followed.
 constexpr int kLongestChain = 8;
@@ -73,10 +53,10 @@ void AddNumberRange(InspectNode& node, const TypeDescription& type) {
 }
 
 void AddFloatRange(InspectNode& node, const TypeDescription& type) {
-    node.Real("minimum", type.floatMinimum);
-    node.Real("maximum", type.floatMaximum);
+    node.Single("minimum", type.floatMinimum);
+    node.Single("maximum", type.floatMaximum);
     if (type.floatInvalid)
-        node.Real("invalid", *type.floatInvalid);
+        node.Single("invalid", *type.floatInvalid);
     // Floats have no scaling; a file that stores one nevertheless shows it.
     if (type.a != 1 || type.b != 0 || type.c != 0)
         AddScaling(node, type);
@@ -228,7 +208,7 @@ void AddRawValue(InspectNode& node, std::string_view what, const std::string& ra
     if (type->kind == TypeKind::enumeration)
         AddEnumerator(node, value, number, type->target, names);
     else if (type->kind == TypeKind::floatingPoint)
-        node.Real(value, std::bit_cast<float>(static_cast<std::uint32_t>(number))).derived = true;
+        node.Single(value, std::bit_cast<float>(static_cast<std::uint32_t>(number))).derived = true;
     else if (IsInteger(type->kind))
         AddScaled(node, value, number, *type);
 }

@@ -71,15 +71,21 @@ class XifReader {
     // The next line without its line end, false at the end of the text: of the file, at the byte 1A, or
     // before bytes that are no text.
     bool Peek(std::string_view& line) {
+        line = {};
         if (position_ >= bytes_.size())
             return false;
         const std::size_t end = std::min(bytes_.find('\n', position_), bytes_.size());
         line = bytes_.substr(position_, end - position_);
         next_ = std::min(end + 1, bytes_.size());
+        // The mark may follow the last line without a line end.
+        if (const std::size_t mark = line.find(kEndOfText); mark != std::string_view::npos) {
+            line = line.substr(0, mark);
+            next_ = position_ + mark;
+            if (mark == 0)
+                return false;
+        }
         if (line.ends_with('\r'))
             line.remove_suffix(1);
-        if (line.starts_with(kEndOfText))
-            return false;
         return std::none_of(line.begin(), line.end(), IsControl);
     }
 
@@ -324,7 +330,18 @@ class XifReader {
             }
             Accept(role);
         }
+        TakeLastValues(line, content, role);
         return true;
+    }
+
+    // An attached image may follow the last value without a line end.
+    void TakeLastValues(std::string_view line, XifContent& content, const std::string& role) {
+        if (std::none_of(line.begin(), line.end(), IsControl))
+            return;
+        const std::size_t length = TakeXifValues(line, content.bytes);
+        next_ = position_ + length;
+        if (length != 0)
+            Accept(role);
     }
 
     void ReadUnknown() {

@@ -51,7 +51,8 @@ struct XifVariable {
 
 // Lines of texts and values. Values are bytes whatever their notation.
 struct XifContent {
-    std::string text;
+    std::string text;                     // of all its lines
+    std::vector<std::size_t> lineStarts;  // where each line begins in it
     std::string bytes;
 };
 

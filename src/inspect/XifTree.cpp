@@ -1,8 +1,12 @@
 #include "inspect/XifTree.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <utility>
 
-#include "inspect/XifParameterNames.h"
+#include "inspect/XifProperties.h"
+#include "profile/ProfileFields.h"
 
 namespace tovarek {
 namespace {
@@ -65,35 +69,60 @@ void AddWord(InspectNode& node, std::string_view name, const XifNumber& number,
         AddNumber(node, name, number);
 }
 
-void AddDecoded(InspectNode& node, const XifParameterName& row, const XifNumber& number) {
-    const bool isCode = number && *number >= 0 && *number < 16;
-    if (!isCode || row.code == XifCode::none)
+// The places on the parameter lines that hold no values of a profile; templates know the first three.
+struct OtherParameter {
+    int line;
+    int token;
+    std::string_view name;
+};
+constexpr std::array<OtherParameter, 4> kOtherParameters = {{
+    {6, 4, "numberOfStaticNvs"},
+    {6, 5, "numberOfTags"},
+    {6, 23, "maximumNumberOfNvs"},
+    {8, 3, "transceiverType"},
+}};
+
+// A value of the profile is called what it is called there. Later versions of the format have more numbers.
+std::string ParameterName(int line, int token) {
+    for (const ProfileField& field : kProfileFields)
+        if (field.line == line && field.token == token)
+            return std::string(field.iniKey);
+    for (const OtherParameter& other : kOtherParameters)
+        if (other.line == line && other.token == token)
+            return std::string(other.name);
+    return "number" + std::to_string(token);
+}
+
+// The codes of buffer counts and sizes.
+void AddDecoded(InspectNode& node, int line, int token, const std::string& name, const XifNumber& number) {
+    constexpr int kFirstCount = 6;
+    constexpr int kFirstSize = 12;
+    constexpr int kLastSize = 15;
+    if (line != kFirstProfileLine || token < kFirstCount || token > kLastSize || !number || *number < 0 ||
+        *number >= 16)
         return;
     const auto code = static_cast<std::size_t>(*number);
-    const std::string name = std::string(row.name) + "Decoded";
-    node.Number(name, row.code == XifCode::count ? kBufferCounts.at(code) : kBufferSizes.at(code)).derived =
-        true;
+    node.Number(name + "Decoded", token < kFirstSize ? kBufferCounts.at(code) : kBufferSizes.at(code))
+        .derived = true;
 }
 
 InspectNode ParametersNode(const XifParameters& parameters) {
     InspectNode node = InspectNode::Object("line" + std::to_string(parameters.line));
-    const std::span<const XifParameterName> names = XifParameterNames(parameters.line);
-    for (std::size_t i = 0; i < parameters.numbers.size(); ++i) {
-        if (i >= names.size()) {
-            AddNumber(node, "number" + std::to_string(i + 1), parameters.numbers[i]);
-            continue;
-        }
-        AddNumber(node, names[i].name, parameters.numbers[i]);
-        AddDecoded(node, names[i], parameters.numbers[i]);
+    int token = 0;
+    for (const XifNumber& number : parameters.numbers) {
+        const std::string name = ParameterName(parameters.line, ++token);
+        AddNumber(node, name, number);
+        AddDecoded(node, parameters.line, token, name, number);
     }
     return node;
 }
 
-std::string NumbersText(const std::vector<XifNumber>& numbers) {
-    std::string text;
+// Numbers without a meaning that anybody told.
+void AddNumbers(InspectNode& node, std::string_view name, const std::vector<XifNumber>& numbers) {
+    InspectNode list = InspectNode::Sequence(name);
     for (const XifNumber& number : numbers)
-        text += (text.empty() ? "" : " ") + (number ? std::to_string(*number) : "*");
-    return text;
+        AddNumber(list, "", number);
+    node.Add(std::move(list));
 }
 
 InspectNode TagNode(const XifTag& tag) {
@@ -105,7 +134,7 @@ InspectNode TagNode(const XifTag& tag) {
     AddFlag(node, "bindable", tag.attributes[1]);
     std::vector<XifNumber> others = tag.attributes;
     others.erase(others.begin() + 1);
-    node.Text("otherAttributes", NumbersText(others));
+    AddNumbers(node, "otherAttributes", others);
     return node;
 }
 
@@ -133,7 +162,7 @@ InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names
     // Two places are the same in every file.
     const std::vector<XifNumber> constants(variable.attributes.begin() + 1, variable.attributes.begin() + 3);
     if (constants != std::vector<XifNumber>{1, 63})
-        node.Text("otherAttributes", NumbersText(constants));
+        AddNumbers(node, "otherAttributes", constants);
     node.Text("selfDocumentation", variable.documentation);
     AddNumber(node, "standardType", variable.standardType);
     const std::int64_t type = variable.standardType.value_or(0);
@@ -148,56 +177,46 @@ InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names
     return node;
 }
 
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    while (true) {
-        const std::size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return parts;
-        text.remove_prefix(end + 1);
-    }
+// Digits as the number that they are; what is none, or no 64-bit number, as it stands. Nothing for nothing.
+void AddDigits(InspectNode& node, std::string_view name, const std::string& digits) {
+    std::int64_t number = 0;
+    const char* end = digits.data() + digits.size();
+    const auto parsed = std::from_chars(digits.data(), end, number);
+    if (parsed.ec == std::errc() && parsed.ptr == end)
+        node.Number(name, number);
+    else if (!digits.empty())
+        node.Text(name, digits);
 }
 
-// One record of a property template: "header,select,scope flags,type,length[,count[,range]]". The scope digit
-// and the flags byte stand together.
-InspectNode PropertyNode(std::string_view record, const ResourceNames& names) {
+// The name of a standard property type; empty for others, and where it is not known.
+std::string StandardTypeName(const XifProperty& property, const ResourceNames& names) {
+    std::uint16_t index = 0;
+    const auto parsed =
+        std::from_chars(property.type.data(), property.type.data() + property.type.size(), index);
+    return property.scope == "0" && parsed.ec == std::errc() ? names.CpName({0, index}) : std::string();
+}
+
+InspectNode PropertyNode(const XifProperty& property, const ResourceNames& names) {
     constexpr std::array<std::string_view, 3> kAppliesTo = {"device", "functional block", "network variable"};
-    InspectNode node = InspectNode::Object("");
-    const std::vector<std::string_view> parts = Split(record, ',');
-    if (parts.size() < 5) {
-        node.Text("record", std::string(record));
+    InspectNode node = InspectNode::Object(property.Key());
+    if (!property.isKnown) {
+        node.Text("record", property.record);
         return node;
     }
-    const bool isKnown = parts[0].size() == 1 && parts[0][0] >= '0' && parts[0][0] <= '2';
-    node.Text("appliesTo",
-              std::string(isKnown ? kAppliesTo.at(static_cast<std::size_t>(parts[0][0] - '0')) : parts[0]));
-    node.Text("select", std::string(parts[1]));
-    node.Text("scope", std::string(parts[2].substr(0, 1)));
-    node.Text("flags", std::string(parts[2].substr(std::min<std::size_t>(1, parts[2].size()))));
-    node.Text("type", std::string(parts[3]));
-    const int index = std::atoi(std::string(parts[3].substr(0, 6)).c_str());
-    if (parts[2].starts_with('0') && index > 0 && index <= 0xFFFF)
-        if (std::string name = names.CpName({0, static_cast<std::uint16_t>(index)}); !name.empty())
-            node.Text("typeName", std::move(name));
-    node.Text("length", std::string(parts[4]));
-    if (parts.size() > 5)
-        node.Text("count", std::string(parts[5]));
-    if (parts.size() > 6)
-        node.Text("range", std::string(parts[6]));
+    if (!property.name.empty())
+        node.Text("name", property.name);
+    AddWord(node, "appliesTo", property.appliesTo[0] - '0', kAppliesTo);
+    node.Text("select", property.select);
+    AddDigits(node, "scope", property.scope);
+    node.Text("flags", property.flags);
+    AddDigits(node, "type", property.type);
+    if (std::string name = StandardTypeName(property, names); !name.empty())
+        node.Text("typeName", std::move(name)).derived = true;
+    AddDigits(node, "length", property.length);
+    AddDigits(node, "count", property.count);
+    if (!property.range.empty())
+        node.Text("range", property.range);
     return node;
-}
-
-// "version;record;record;...".
-void AddTemplate(InspectNode& node, const std::string& text, const ResourceNames& names) {
-    std::vector<std::string_view> records = Split(text, ';');
-    node.Text("templateVersion", std::string(records.front())).derived = true;
-    InspectNode properties = InspectNode::Sequence("properties");
-    properties.derived = true;
-    for (std::size_t i = 1; i < records.size(); ++i)
-        if (!records[i].empty())
-            properties.Add(PropertyNode(records[i], names));
-    node.Add(std::move(properties));
 }
 
 void AddContent(InspectNode& node, const XifContent& content) {
@@ -207,7 +226,7 @@ void AddContent(InspectNode& node, const XifContent& content) {
         node.Text("bytes", HexText(content.bytes));
 }
 
-InspectNode SectionNode(const XifSection& section, const ResourceNames& names) {
+InspectNode SectionNode(const XifSection& section) {
     InspectNode node = InspectNode::Object(section.name);
     node.Text("name", section.name);
     AddNumber(node, "index", section.index);
@@ -215,9 +234,26 @@ InspectNode SectionNode(const XifSection& section, const ResourceNames& names) {
     if (section.length)
         AddNumber(node, "length", *section.length);
     AddContent(node, section.content);
-    if (section.type == kTemplateType && !section.content.text.empty())
-        AddTemplate(node, section.content.text, names);
     return node;
+}
+
+// The files; the first template record by record, and the values of its properties one by one.
+InspectNode SectionsNode(const XifFile& file, const ResourceNames& names) {
+    const XifPropertyTemplate declared = ReadXifTemplate(file);
+    InspectNode sections = InspectNode::List("files");
+    bool isFirst = true;
+    for (const XifSection& section : file.sections) {
+        InspectNode& node = sections.Add(SectionNode(section));
+        if (section.type == kTemplateType && std::exchange(isFirst, false)) {
+            node.Text("templateVersion", declared.version).derived = true;
+            InspectNode properties = InspectNode::Sequence("properties");
+            properties.derived = true;
+            for (const XifProperty& property : declared.properties)
+                properties.Add(PropertyNode(property, names));
+            node.Add(std::move(properties));
+        }
+    }
+    return sections;
 }
 
 // The default values variable by variable. Their lines do not tell which is whose, only the bytes in order
@@ -301,10 +337,7 @@ InspectNode XifTree(const XifFile& file, const ResourceNames& names) {
     for (const XifVariable& variable : file.variables)
         variables.Add(VariableNode(variable, names));
     tree.Add(std::move(variables));
-    InspectNode sections = InspectNode::List("files");
-    for (const XifSection& section : file.sections)
-        sections.Add(SectionNode(section, names));
-    tree.Add(std::move(sections));
+    tree.Add(SectionsNode(file, names));
     if (file.values) {
         InspectNode values = InspectNode::Object("defaultValues");
         AddContent(values, *file.values);

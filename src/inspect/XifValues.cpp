@@ -6,6 +6,8 @@
 namespace tovarek {
 namespace {
 
+constexpr const char* kSeparators = " \t,";
+
 bool StartsValue(std::string_view text) {
     return text.size() >= 2 &&
            ((text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) || (text[0] == '\\' && text[1] == 'x'));
@@ -34,21 +36,31 @@ bool TakeValue(std::string_view& text, std::string& bytes) {
 bool AddXifContent(std::string_view line, XifContent& content) {
     if (line.starts_with('"')) {
         line.remove_prefix(1);
+        content.lineStarts.push_back(content.text.size());
         content.text += FromCodePage(line.substr(0, line.find('"')));
         return true;
     }
     std::string bytes;
-    while (true) {
-        line.remove_prefix(std::min(line.find_first_not_of(" \t,"), line.size()));
-        if (line.empty())
-            break;
-        if (StartsValue(line))
-            line.remove_prefix(2);
-        if (!TakeValue(line, bytes))
-            return false;
-    }
+    line.remove_prefix(TakeXifValues(line, bytes));
+    if (line.find_first_not_of(kSeparators) != std::string_view::npos)
+        return false;
     content.bytes += bytes;
     return true;
+}
+
+std::size_t TakeXifValues(std::string_view line, std::string& bytes) {
+    std::string_view rest = line;
+    std::size_t taken = 0;
+    while (true) {
+        rest.remove_prefix(std::min(rest.find_first_not_of(kSeparators), rest.size()));
+        if (StartsValue(rest))
+            rest.remove_prefix(2);
+        std::string value;
+        if (!TakeValue(rest, value))
+            return taken;
+        bytes += value;
+        taken = line.size() - rest.size();
+    }
 }
 
 }  // namespace tovarek

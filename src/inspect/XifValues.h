@@ -12,4 +12,7 @@ namespace tovarek {
 // start with 0x or \x and are separated by blanks, tabs or commas, or by nothing. False when it is neither.
 bool AddXifContent(std::string_view line, XifContent& content);
 
+// Appends the values at the beginning of `line` as far as it consists of values. Answers their length in it.
+std::size_t TakeXifValues(std::string_view line, std::string& bytes);
+
 }  // namespace tovarek

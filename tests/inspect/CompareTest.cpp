@@ -106,7 +106,7 @@ TEST(CompareFiles, DatesDoNotCount) {
     const std::string c = scratch.File("c", xif);
     const std::vector<Difference> differences = Compare(InspectAlone(a).tree, InspectAlone(c).tree);
     ASSERT_EQ(differences.size(), 1U);
-    EXPECT_EQ(differences[0].path, "parameters.line9.bitRate");
+    EXPECT_EQ(differences[0].path, "parameters.line9.channelBitsRate");
 }
 
 // Writing a file anew drops dead space and moves every record; the content stays.

@@ -3,6 +3,7 @@
 
 #include "Fixtures.h"
 #include "inspect/InspectText.h"
+#include "profile/ProfileFields.h"
 
 namespace tovarek {
 namespace {
@@ -118,11 +119,96 @@ TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
     floating.type.floatMinimum = -std::numeric_limits<float>::infinity();
     floating.type.floatMaximum = std::numeric_limits<float>::quiet_NaN();
     file.nvTypes[1] = floating;
+    floating.name = "_digits";
+    floating.type.floatMinimum = 0.1F;
+    floating.type.floatMaximum = std::numeric_limits<float>::max();
+    file.nvTypes.emplace_back(floating);
     const std::string path = scratch.File("extreme.typ", test::BytesOf(WriteTypeFile, file));
     const InspectNode tree = InspectFile(path, nullptr).tree;
     EXPECT_EQ(At(tree, {"nvTypes", "1", "type", "minimum"}), "-2500E-32768");
     EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "minimum"}), "-infinite");
     EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "maximum"}), "not a number");
+    // Seven digits tell a 4-byte float, in the listing too.
+    const std::string json = JsonText(tree);
+    EXPECT_NE(json.find("\"minimum\": 0.1,"), std::string::npos);
+    EXPECT_NE(json.find("\"maximum\": 3.4028235e+38"), std::string::npos);
+    EXPECT_NE(ListingText(ListFile(path).listing, ReadFile(path)).find("minimum = 0.1\n"), std::string::npos);
+}
+
+TEST_F(DumpTest, AKindHasOneNameInContentAndListing) {
+    TypeFile file = test::SmallTypes();
+    file.nvTypes.clear();
+    for (const TypeKind kind : {TypeKind::signedChar, TypeKind::unsignedChar, TypeKind::signedShort,
+                                TypeKind::unsignedShort, TypeKind::signedLong, TypeKind::unsignedLong,
+                                TypeKind::floatingPoint, TypeKind::signedQuad, TypeKind::unsignedQuad}) {
+        NvType type{.name = "_" + std::to_string(static_cast<int>(kind))};
+        type.type = NumberOfKind(kind);
+        type.size = static_cast<std::uint16_t>(SizeOf(type.type));
+        file.nvTypes.emplace_back(type);
+    }
+    const std::string path = scratch.File("kinds.typ", test::BytesOf(WriteTypeFile, file));
+    const InspectNode tree = InspectFile(path, nullptr).tree;
+    std::size_t shown = 0;
+    for (const ByteRow& row : ListFile(path).listing.rows)
+        if (row.record.starts_with("NV type ") && row.field == "kind") {
+            const std::string kind = At(tree, {"nvTypes", std::to_string(++shown), "type", "kind"});
+            EXPECT_TRUE(row.value.ends_with(' ' + kind)) << row.value << kind;
+        }
+    EXPECT_EQ(shown, file.nvTypes.size());
+}
+
+// The generator writes the language file with any extension that it is told.
+TEST_F(DumpTest, TheLanguageFileMayHaveAnyExtension) {
+    for (const char* extension : {"xyz", ""}) {
+        const std::string stem = scratch.Path("other" + std::string(extension) + ".");
+        WriteFile(stem + "typ", ReadFile(types));
+        WriteFile(stem + "abc", "no language file");
+        WriteFile(stem + extension, ReadFile(scratch.Path("Belt.ENU")));
+        EXPECT_EQ(At(InspectFile(stem + "typ", nullptr).tree, {"nvTypes", "1", "unitText"}), "m/s");
+    }
+}
+
+TEST_F(DumpTest, ProfileValuesHaveTheNamesOfTheProfile) {
+    std::string xif(test::kSmallXif);
+    xif.insert(xif.find("4\r\n# a comment") + 1, " 10000000");
+    const InspectNode tree = InspectFile(scratch.File("belt.xif", xif), nullptr).tree;
+    for (const ProfileField& field : kProfileFields)
+        EXPECT_NE(At(tree, {"parameters", "line" + std::to_string(field.line), std::string(field.iniKey)})
+                      .substr(0, 3),
+                  "no ")
+            << field.iniKey;
+    for (const auto& [line, name, value] : std::vector<std::tuple<const char*, const char*, const char*>>{
+             {"line6", "numberOfTags", "1"},
+             {"line6", "maximumNumberOfNvs", "default"},
+             {"line6", "numberapplicationinputbuffersDecoded", "2"},
+             {"line6", "sizenetworkinputbuffersDecoded", "66"},
+             {"line7", "number13", "10000000"},
+             {"line8", "transceiverType", "1"},
+             {"line10", "rawData4", "15"}})
+        EXPECT_EQ(At(tree, {"parameters", line, name}), value) << name;
+}
+
+// Names behind the declarations, records over several lines and several in one.
+TEST_F(DumpTest, EveryPropertyRecordIsFound) {
+    std::string xif(test::kSmallXif);
+    const std::string old = "\"1,0,0\\x80,49,2,,0:600;\r\n";
+    xif.replace(xif.find(old), old.size(),
+                "\"1,0,0\\x80,49,2;nciBeat\"\r\n\"1,1.2,6\\x84,1,2,3;\"\r\n\"2,0~3,0\\x80,5,\"\r\n"
+                "\"2,,0:600;0,,0\\x80,24,7;a, text\"\r\n\"strange;\"\r\n");
+    const InspectNode tree = InspectFile(scratch.File("belt.xif", xif), nullptr).tree;
+    const InspectNode& properties = *tree.Find("files")->children[0].Find("properties");
+    std::string shown;
+    for (const InspectNode& property : properties.children)
+        shown += property.name + ": " + OneLineText(property, true) + '\n';
+    EXPECT_EQ(shown,
+              "nciBeat: name nciBeat, appliesTo functional block, select 0, scope 0, flags \\x80, type 49, "
+              "length 2\n"
+              "1,1.2,6,1: appliesTo functional block, select 1.2, scope 6, flags \\x84, type 1, length 2, "
+              "count 3\n"
+              "2,0~3,0,5: appliesTo network variable, select 0~3, scope 0, flags \\x80, type 5, length 2, "
+              "range 0:600\n"
+              "a, textstrange: name a, textstrange, appliesTo device, select , scope 0, flags \\x80, type "
+              "24, length 7\n");
 }
 
 // Deepest nesting that a file may have: no walk over the tree may run out of stack.
@@ -134,8 +220,8 @@ TEST_F(DumpTest, DeepTypesAreShownWhole) {
     file.nvTypes[0]->type = std::move(type);
     const std::string path = scratch.File("deep.typ", test::BytesOf(WriteTypeFile, file));
     const Inspection inspection = InspectFile(path, nullptr);
-    EXPECT_NE(JsonText(inspection.tree).find("unsigned, 1 byte"), std::string::npos);
-    EXPECT_NE(TreeText(inspection.tree).find("unsigned, 1 byte"), std::string::npos);
+    EXPECT_NE(JsonText(inspection.tree).find("unsigned short"), std::string::npos);
+    EXPECT_NE(TreeText(inspection.tree).find("unsigned short"), std::string::npos);
     EXPECT_TRUE(Compare(inspection.tree, inspection.tree).empty());
 }
 
@@ -212,8 +298,8 @@ TEST(DumpSamples, EverySampleIsShownWhole) {
         const auto count = [&](const char* list) {
             return InspectNode::Value(static_cast<std::int64_t>(inspection.tree.Find(list)->children.size()));
         };
-        EXPECT_EQ(line6->Find("staticNetworkVariables")->value, count("networkVariables")) << path;
-        EXPECT_EQ(line6->Find("messageTags")->value, count("messageTags")) << path;
+        EXPECT_EQ(line6->Find("numberOfStaticNvs")->value, count("networkVariables")) << path;
+        EXPECT_EQ(line6->Find("numberOfTags")->value, count("messageTags")) << path;
     }
 }
 

@@ -46,6 +46,12 @@ TEST_F(InspectCommandsTest, DumpsAsTextAndJson) {
     const Json json = Json::parse(Dump(types, {.format = OutputFormat::json}).out);
     EXPECT_EQ(json["nvTypes"][0]["type"]["rawMinimum"], -500);
     EXPECT_EQ(json["nvTypes"][0]["type"]["minimum"], -25.0);
+    EXPECT_EQ(json["schema"], 2);
+    const Json xif =
+        Json::parse(Dump(scratch.File("belt.xif", test::kSmallXif), {.format = OutputFormat::json}).out);
+    EXPECT_EQ(xif["messageTags"][0]["otherAttributes"], Json({0, 63, 1, 0, 1, 0, 1, 0, 0, 0, 0, 0}));
+    for (const char* number : {"scope", "type", "length"})
+        EXPECT_TRUE(xif["files"][0]["properties"][0][number].is_number()) << number;
     const Json rows = Json::parse(Dump(types, {.format = OutputFormat::json, .bytes = true}).out)["rows"];
     EXPECT_EQ(rows.back()["offset"].get<std::size_t>() + rows.back()["length"].get<std::size_t>(),
               bytes.size());
@@ -84,6 +90,7 @@ TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
     EXPECT_EQ(different.status, kDifferent);
     EXPECT_EQ(different.out, "nvTypes[1].size: 2 -> 4\n");
     const Json json = Json::parse(Diff(types, other, OutputFormat::json).out);
+    EXPECT_EQ(json["schema"], 2);
     EXPECT_EQ(json["same"], false);
     EXPECT_EQ(json["differences"], Json::array({{{"path", "nvTypes[1].size"}, {"old", 2}, {"new", 4}}}));
     const std::string xif = scratch.File("belt.xif", test::kSmallXif);

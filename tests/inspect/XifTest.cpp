@@ -63,6 +63,14 @@ TEST(XifReader, SurvivesWhatOldToolsLeave) {
     const std::string image("\x01\0\xFFimage\r\n", 10);
     EXPECT_EQ(Read(text + "\x1A" + image).attached, image);
     EXPECT_EQ(Read(text + image).attached, image);
+    // Image and mark may follow the last line without a line end.
+    const std::string cut = text.substr(0, text.size() - 2);
+    for (const std::string& rest : {image, "MZ" + image, '\x1A' + image}) {
+        EXPECT_EQ(Read(cut + rest).values->bytes, Read(text).values->bytes);
+        EXPECT_EQ(Read(cut + rest).attached, rest.starts_with('\x1A') ? image : rest);
+    }
+    const std::string records = text.substr(0, text.find("\r\n\r\nFILE"));
+    EXPECT_EQ(Read(records + "\x1A").variables[1].Size(), 4);
     EXPECT_EQ(Read(text + ":10000000FF\r\n").unknown.size(), 2U);
     // Version 2 has no lines 8 to 10.
     const std::size_t line8 = text.find("1 7 1 1");
