@@ -74,14 +74,29 @@ InspectNode DifferencesNode(const std::vector<Difference>& differences) {
     return list;
 }
 
-void WriteDifferences(const std::vector<Difference>& differences, OutputFormat format, std::ostream& out) {
+// What lies beside the files and cannot be used; references then count by their numbers.
+InspectNode ProblemsNode(const Inspection& old, const Inspection& now) {
+    InspectNode list = InspectNode::List("problems");
+    for (const InspectNode* tree : {&old.tree, &now.tree})
+        if (const InspectNode* problems = tree->Find(list.name))
+            list.children.insert(list.children.end(), problems->children.begin(), problems->children.end());
+    return list;
+}
+
+void WriteDifferences(const std::vector<Difference>& differences, InspectNode problems, OutputFormat format,
+                      Streams streams) {
+    std::ostream& out = streams.out;
     if (format == OutputFormat::json) {
         InspectNode result = InspectNode::Object("");
         result.Flag("same", differences.empty());
         result.Add(DifferencesNode(differences));
+        if (!problems.children.empty())
+            result.Add(std::move(problems));
         out << JsonDocument(std::move(result));
         return;
     }
+    for (const InspectNode& problem : problems.children)
+        streams.error << "tovarek: " << ValueText(problem.value) << '\n';
     for (const Difference& difference : differences) {
         out << difference.path << ": ";
         WriteValue(difference.before, out);
@@ -114,17 +129,19 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
 
 int RunDiff(const std::string& before, const std::string& after, OutputFormat format, Streams streams) {
     try {
-        const Inspection old = InspectAlone(before);
-        const Inspection now = InspectAlone(after);
+        const Inspection old = InspectFile(before, nullptr);
+        const Inspection now = InspectFile(after, nullptr);
         if (old.kind != now.kind)
             return ReportWrongUse("cannot compare a " + std::string(KindName(old.kind)) + " with a " +
                                       std::string(KindName(now.kind)),
                                   streams);
         const std::vector<Difference> differences = Compare(old.tree, now.tree);
-        WriteDifferences(differences, format, streams.out);
+        WriteDifferences(differences, ProblemsNode(old, now), format, streams);
         return differences.empty() ? kDone : kDifferent;
     } catch (const Error& error) {
-        return ReportError(error, format, streams);
+        // Not kFailed, which here tells of differences.
+        ReportError(error, format, streams);
+        return kWrongUse;
     }
 }
 

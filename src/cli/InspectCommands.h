@@ -16,8 +16,10 @@ struct DumpOptions {
 // Shows a language, type, profile, format or XIF file, or a catalog. A damaged file is kFailed.
 int RunDump(const std::string& path, const DumpOptions& options, Streams streams);
 
-// Compares two files of one kind by content: dates and unreferenced bytes do not count. One line per
-// difference. kDone when there is none, kDifferent when there are some, kWrongUse for files of two kinds.
+// Compares two files of one kind by content: dates, the files' own names and unreferenced bytes do not count,
+// and references to strings count by their texts where the language files beside both files tell them. One
+// line per difference. kDone when there is none, kDifferent when there are some, kWrongUse for files of two
+// kinds or that cannot be read.
 int RunDiff(const std::string& before, const std::string& after, OutputFormat format, Streams streams);
 
 }  // namespace tovarek

@@ -4,11 +4,12 @@
 #include <unordered_map>
 
 #include "inspect/InspectText.h"
+#include "inspect/TypeTree.h"
 
 namespace tovarek {
 namespace {
 
-// The compared children of a node under names that are all different.
+// The children of a node under names that are all different.
 struct Keyed {
     std::vector<std::string> keys;
     std::unordered_map<std::string, const InspectNode*> nodes;
@@ -18,8 +19,6 @@ Keyed KeyedChildren(const InspectNode& node) {
     Keyed keyed;
     std::unordered_map<std::string, int> seen;
     for (const InspectNode& child : node.children) {
-        if (child.derived)
-            continue;
         // The second of a name, and every one without a name, is told apart by its number.
         std::string key = child.name;
         int& occurrence = seen[child.name];
@@ -49,6 +48,10 @@ std::string Joined(const std::vector<std::string>& keys) {
 class Comparer {
   public:
     void Nodes(const InspectNode& before, const InspectNode& after) {
+        if (before.meaning != nullptr && after.meaning != nullptr) {
+            Texts(*before.meaning, *after.meaning);
+            return;
+        }
         if (before.shape != after.shape || before.shape == InspectNode::Shape::value) {
             if (before.shape != after.shape || before.value != after.value)
                 Report(Summary(before), Summary(after));
@@ -57,9 +60,11 @@ class Comparer {
         const Keyed old = KeyedChildren(before);
         const Keyed now = KeyedChildren(after);
         for (const std::string& key : old.keys) {
-            const std::size_t length = Enter(before, key);
             const InspectNode& child = *old.nodes.at(key);
             const auto found = now.nodes.find(key);
+            if (child.derived && (found == now.nodes.end() || found->second->derived))
+                continue;
+            const std::size_t length = Enter(before, key);
             if (found == now.nodes.end())
                 Report(Summary(child), {});
             else
@@ -67,7 +72,7 @@ class Comparer {
             path_.resize(length);
         }
         for (const std::string& key : now.keys) {
-            if (old.nodes.count(key) != 0)
+            if (old.nodes.count(key) != 0 || now.nodes.at(key)->derived)
                 continue;
             const std::size_t length = Enter(after, key);
             Report({}, Summary(*now.nodes.at(key)));
@@ -90,6 +95,17 @@ class Comparer {
 
     void Report(InspectNode::Value before, InspectNode::Value after) {
         differences_.push_back({path_, std::move(before), std::move(after)});
+    }
+
+    // Two references differ by what they stand for, whatever their numbers.
+    void Texts(const std::string& before, const std::string& after) {
+        if (before == after)
+            return;
+        const std::string path = path_;
+        if (path_.ends_with(kStringName))
+            path_.replace(path_.size() - kStringName.size(), kStringName.size(), kTextName);
+        Report(before, after);
+        path_ = path;
     }
 
     // What both sides have must stand in the same order.

@@ -16,8 +16,8 @@ struct Difference {
     InspectNode::Value after;
 };
 
-// Compares what is not derived, in the order of the first tree. Items of lists are matched by their names;
-// items of one name, or of none, in their order.
+// Compares what is not derived on both sides, in the order of the first tree. Items of lists are matched by
+// their names; items of one name, or of none, in their order.
 std::vector<Difference> Compare(const InspectNode& before, const InspectNode& after);
 
 }  // namespace tovarek

@@ -1,9 +1,12 @@
 #include "inspect/Inspect.h"
 
+#include <algorithm>
+
 #include "inspect/ResourceTrees.h"
 #include "inspect/XifTree.h"
 #include "support/CErrorHandler.h"
 #include "support/Files.h"
+#include "support/Text.h"
 
 namespace tovarek {
 namespace {
@@ -77,33 +80,42 @@ class FileInspector {
     XifFile xif_;
 };
 
-// `names` is filled with what lies beside the file when `isAlone` is false.
-Inspection Inspected(const std::string& path, ResourceNames& names, bool isAlone) {
+// The name that a file of enumerations has because of the set's own name tells nothing of the content.
+void MarkOwnNames(InspectNode& tree, const std::string& path) {
+    const std::size_t separator = path.find_last_of("\\/");
+    std::string stem = path.substr(separator == std::string::npos ? 0 : separator + 1);
+    stem = UpperCase(stem.substr(0, stem.rfind('.')));
+    // The generator puts the scope behind the base name.
+    const std::size_t scope = stem.size() - std::min<std::size_t>(stem.size(), 2);
+    const std::string base = stem.substr(scope).starts_with('_') ? stem.substr(0, scope) : stem;
+    for (InspectNode& list : tree.children) {
+        if (list.name != "enumerations")
+            continue;
+        for (InspectNode& set : list.children)
+            for (InspectNode& child : set.children)
+                if (const auto* text = std::get_if<std::string>(&child.value);
+                    child.name == "fileName" && text != nullptr)
+                    child.derived = UpperCase(*text) == stem + ".H" || UpperCase(*text) == base + ".H";
+    }
+}
+
+}  // namespace
+
+Inspection InspectFile(const std::string& path, const StandardCatalog* catalog, StandardTexts texts) {
     const std::string bytes = ReadFile(path);
     const FileKind kind = KindOf(bytes, path);
     FileInspector inspector(path, bytes, kind);
     if (const Outcome outcome = inspector.Read(); !outcome.Ok())
         CErrorHandler().RaiseQVxTypesEditError(
             outcome.code, {.record = std::string(KindName(kind)), .file = path, .reason = outcome.reason});
-    if (!isAlone)
-        inspector.ReadNeighbours(names);
+    ResourceNames names(catalog, texts);
+    inspector.ReadNeighbours(names);
     Inspection inspection{kind, InspectNode::Object("")};
     inspection.tree.Text("kind", std::string(KindName(kind)));
     for (InspectNode& child : inspector.Tree(names).children)
         inspection.tree.Add(std::move(child));
+    MarkOwnNames(inspection.tree, path);
     return inspection;
-}
-
-}  // namespace
-
-Inspection InspectFile(const std::string& path, const StandardCatalog* catalog, StandardTexts texts) {
-    ResourceNames names(catalog, texts);
-    return Inspected(path, names, false);
-}
-
-Inspection InspectAlone(const std::string& path) {
-    ResourceNames names;
-    return Inspected(path, names, true);
 }
 
 FileListing ListFile(const std::string& path) {

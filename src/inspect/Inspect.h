@@ -26,9 +26,6 @@ struct Inspection {
 Inspection InspectFile(const std::string& path, const StandardCatalog* catalog,
                        StandardTexts texts = StandardTexts::all);
 
-// As InspectFile, for comparisons: other files are not looked at.
-Inspection InspectAlone(const std::string& path);
-
 // The bytes of a file, listed, damaged or not. Raises as InspectFile where the kind is not known.
 struct FileListing {
     FileKind kind = FileKind::type;

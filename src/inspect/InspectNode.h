@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -24,6 +25,9 @@ struct InspectNode {
     // Follows from other values, from other files or from the moment of saving: shown, but never compared.
     bool derived = false;
     Value value;
+    // The whole text that a reference to a string stands for, where the language file of its set tells.
+    // Where both sides have it, comparisons take it in place of the value.
+    std::shared_ptr<const std::string> meaning;
     std::vector<InspectNode> children;
 
     static InspectNode Object(std::string_view name) { return {std::string(name), Shape::object}; }

@@ -37,8 +37,8 @@ bool ReadBeside(const std::string& path, Outcome (*reader)(std::string_view, Fil
 }  // namespace
 
 void ResourceNames::ReadLanguage(const std::string& path) {
-    if (ReadBeside(FindResourceSet(path).language, ReadLanguageFile, ownLanguage_, problems_))
-        language_ = &ownLanguage_;
+    if (ReadBeside(FindResourceSet(path).language, ReadLanguageFile, *ownLanguage_, problems_))
+        language_ = ownLanguage_.get();
 }
 
 void ResourceNames::ReadTypes(const std::string& path) {
@@ -57,6 +57,12 @@ std::string ResourceNames::Text(const StringRef& string) const {
     }
     const std::string_view shown = FirstCharacters(text, kLongestText);
     return shown.size() == text.size() ? text : std::string(shown) + "...";
+}
+
+std::shared_ptr<const std::string> ResourceNames::OwnText(const StringRef& string) const {
+    if (language_ != ownLanguage_.get() || ownLanguage_->header.scope != string.scope)
+        return nullptr;
+    return {ownLanguage_, ownLanguage_->Find(string.number)};
 }
 
 std::string ResourceNames::NvName(const TypeRef& type) const {

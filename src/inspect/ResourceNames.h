@@ -1,6 +1,7 @@
 // What references mean: texts and types that the files of the same set, or the standard catalog, know.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,6 +39,8 @@ class ResourceNames {
     // Empty where nothing is known. Texts are cut after some hundred characters: many references may name one
     // long text.
     std::string Text(const StringRef& string) const;
+    // The whole text, shared with the language file beside the one at hand; null where that knows none.
+    std::shared_ptr<const std::string> OwnText(const StringRef& string) const;
     std::string NvName(const TypeRef& type) const;
     std::string CpName(const TypeRef& type) const;
     std::string EnumerationName(const TypeRef& set) const;
@@ -54,7 +57,7 @@ class ResourceNames {
     StandardTexts standardTexts_;
     const LanguageFile* language_ = nullptr;
     const TypeFile* types_ = nullptr;
-    LanguageFile ownLanguage_;
+    std::shared_ptr<LanguageFile> ownLanguage_ = std::make_shared<LanguageFile>();
     TypeFile ownTypes_;
     std::vector<std::string> problems_;
 };

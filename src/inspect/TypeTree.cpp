@@ -147,9 +147,11 @@ void AddString(InspectNode& node, std::string_view what, const StringRef& string
                const ResourceNames& names) {
     if (string.number == 0)
         return;
-    node.Text(std::string(what) + "String", ReferenceText(string.scope, string.number));
+    InspectNode& reference =
+        node.Text(std::string(what) + std::string(kStringName), ReferenceText(string.scope, string.number));
+    reference.meaning = names.OwnText(string);
     if (std::string text = names.Text(string); !text.empty())
-        node.Text(std::string(what) + "Text", std::move(text)).derived = true;
+        node.Text(std::string(what) + std::string(kTextName), std::move(text)).derived = true;
 }
 
 void AddReference(InspectNode& node, std::string_view what, const TypeRef& reference,

@@ -9,6 +9,10 @@
 
 namespace tovarek {
 
+// What the names of a reference to a string and of its text end with.
+inline constexpr std::string_view kStringName = "String";
+inline constexpr std::string_view kTextName = "Text";
+
 // Adds the reference as "scope-number" and, where it is known, the text. Nothing for no string.
 void AddString(InspectNode& node, std::string_view what, const StringRef& string, const ResourceNames& names);
 

@@ -237,21 +237,46 @@ InspectNode SectionNode(const XifSection& section) {
     return node;
 }
 
-// The files; the first template record by record, and the values of its properties one by one.
+// Shown whole, but compared part by part.
+void DeriveContent(InspectNode& node, std::string_view content) {
+    for (InspectNode& child : node.children)
+        if (child.name == content)
+            child.derived = true;
+}
+
+void AddProperties(InspectNode& node, const XifPropertyTemplate& declared, const ResourceNames& names) {
+    DeriveContent(node, "text");
+    node.Text("templateVersion", declared.version);
+    InspectNode properties = InspectNode::Sequence("properties");
+    for (const XifProperty& property : declared.properties)
+        properties.Add(PropertyNode(property, names));
+    node.Add(std::move(properties));
+}
+
+void AddPropertyValues(InspectNode& node, const std::vector<XifPropertyValue>& values) {
+    if (values.empty())
+        return;
+    DeriveContent(node, "bytes");
+    InspectNode list = InspectNode::List("values");
+    for (const XifPropertyValue& value : values) {
+        InspectNode item = InspectNode::Object(value.property->Key());
+        item.Text("property", value.property->Key()).derived = true;
+        item.Text("bytes", HexText(value.bytes));
+        list.Add(std::move(item));
+    }
+    node.Add(std::move(list));
+}
+
+// The files; the template record by record, and the values of its properties one by one.
 InspectNode SectionsNode(const XifFile& file, const ResourceNames& names) {
     const XifPropertyTemplate declared = ReadXifTemplate(file);
     InspectNode sections = InspectNode::List("files");
     bool isFirst = true;
     for (const XifSection& section : file.sections) {
         InspectNode& node = sections.Add(SectionNode(section));
-        if (section.type == kTemplateType && std::exchange(isFirst, false)) {
-            node.Text("templateVersion", declared.version).derived = true;
-            InspectNode properties = InspectNode::Sequence("properties");
-            properties.derived = true;
-            for (const XifProperty& property : declared.properties)
-                properties.Add(PropertyNode(property, names));
-            node.Add(std::move(properties));
-        }
+        if (section.type == kTemplateType && std::exchange(isFirst, false))
+            AddProperties(node, declared, names);
+        AddPropertyValues(node, XifPropertyValues(file, section, declared.properties));
     }
     return sections;
 }
@@ -259,8 +284,7 @@ InspectNode SectionsNode(const XifFile& file, const ResourceNames& names) {
 // The default values variable by variable. Their lines do not tell which is whose, only the bytes in order
 // do, and only when their number is that of all configuration variables together.
 void AddDefaults(InspectNode& node, const XifFile& file) {
-    InspectNode defaults = InspectNode::Sequence("variables");
-    defaults.derived = true;
+    InspectNode defaults = InspectNode::List("variables");
     std::string_view rest = file.values->bytes;
     for (const XifVariable& variable : file.variables) {
         if (variable.Attribute(kConfiguration) != 1)
@@ -275,13 +299,15 @@ void AddDefaults(InspectNode& node, const XifFile& file) {
         defaults.Add(std::move(item));
         rest.remove_prefix(size);
     }
-    if (rest.empty())
-        node.Add(std::move(defaults));
+    if (!rest.empty() || defaults.children.empty())
+        return;
+    DeriveContent(node, "bytes");
+    node.Add(std::move(defaults));
 }
 
 InspectNode HeaderNode(const XifFile& file) {
     InspectNode node = InspectNode::Object("header");
-    node.Text("fileName", file.name);
+    node.Text("fileName", file.name).derived = true;
     node.Text("tool", file.tool);
     node.Text("xifVersion", file.version);
     node.Text("copyright", file.copyright);

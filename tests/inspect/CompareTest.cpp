@@ -14,8 +14,8 @@ template <class File>
 std::vector<Difference> Between(Outcome (*writer)(const File&, std::string&), const File& before,
                                 const File& after) {
     const Scratch scratch;
-    return Compare(InspectAlone(scratch.File("a", test::BytesOf(writer, before))).tree,
-                   InspectAlone(scratch.File("b", test::BytesOf(writer, after))).tree);
+    return Compare(InspectFile(scratch.File("a", test::BytesOf(writer, before)), nullptr).tree,
+                   InspectFile(scratch.File("b", test::BytesOf(writer, after)), nullptr).tree);
 }
 
 // Applies one change and expects it, and nothing else, at `path`.
@@ -101,12 +101,116 @@ TEST(CompareFiles, DatesDoNotCount) {
     xif.replace(xif.find("Tue Feb 29"), 10, "Wed Mar 01");
     xif.replace(xif.find("# a comment"), 11, "# remarks !");
     const std::string b = scratch.File("b", xif);
-    EXPECT_TRUE(Compare(InspectAlone(a).tree, InspectAlone(b).tree).empty());
+    EXPECT_TRUE(Compare(InspectFile(a, nullptr).tree, InspectFile(b, nullptr).tree).empty());
     xif.replace(xif.find("78125"), 5, "78126");
     const std::string c = scratch.File("c", xif);
-    const std::vector<Difference> differences = Compare(InspectAlone(a).tree, InspectAlone(c).tree);
+    const std::vector<Difference> differences =
+        Compare(InspectFile(a, nullptr).tree, InspectFile(c, nullptr).tree);
     ASSERT_EQ(differences.size(), 1U);
     EXPECT_EQ(differences[0].path, "parameters.line9.channelBitsRate");
+}
+
+std::vector<Difference> BetweenXifs(const std::string& before, const std::string& after) {
+    const Scratch scratch;
+    return Compare(InspectFile(scratch.File("a", before), nullptr).tree,
+                   InspectFile(scratch.File("b", after), nullptr).tree);
+}
+
+// The name stands in the first line of an XIF file, and as that of the enumerations' file in a type file.
+TEST(CompareFiles, TheirOwnNamesDoNotCount) {
+    std::string xif(test::kSmallXif);
+    xif.replace(xif.find("belt.xif"), 8, "pump.xif");
+    EXPECT_TRUE(BetweenXifs(std::string(test::kSmallXif), xif).empty());
+    const Scratch scratch;
+    std::vector<Inspection> sets;
+    for (const char* set : {"belt", "pump_3", "gear"}) {
+        TypeFile types = test::SmallTypes();
+        types.enumerations[0]->fileName = std::string(set).substr(0, 4) + ".h";
+        const std::string path = scratch.File(set + std::string(".typ"), test::BytesOf(WriteTypeFile, types));
+        sets.push_back(InspectFile(path, nullptr));
+    }
+    EXPECT_TRUE(Compare(sets[0].tree, sets[1].tree).empty());
+    sets[2] = InspectFile(scratch.File("own.typ", ReadFile(scratch.Path("gear.typ"))), nullptr);
+    const std::vector<Difference> differences = Compare(sets[0].tree, sets[2].tree);
+    ASSERT_EQ(differences.size(), 1U);
+    EXPECT_EQ(differences[0].path, "enumerations[1].fileName");
+    EXPECT_EQ(ValueText(differences[0].before), "belt.h");
+    EXPECT_EQ(ValueText(differences[0].after), "gear.h");
+}
+
+// Behind the numbers stand the texts of the language files.
+TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
+    const std::string longText(300, 'x');
+    const auto tree = [](const std::vector<std::optional<std::string>>& strings, std::uint32_t unit) {
+        const Scratch scratch;
+        LanguageFile language = test::SmallLanguage();
+        language.strings = strings;
+        scratch.File("belt.enu", test::BytesOf(WriteLanguageFile, language));
+        TypeFile types;
+        types.header = test::SmallHeader(ResourceKind::type);
+        types.header.description = {3, 1};
+        types.header.creator = {0, 7};
+        types.nvTypes = {NvType{.name = "_a", .size = 1, .nameText = {3, 1}, .unit = {3, unit}}};
+        types.nvTypes[0]->type = NumberOfKind(TypeKind::unsignedShort);
+        return InspectFile(scratch.File("belt.typ", test::BytesOf(WriteTypeFile, types)), nullptr).tree;
+    };
+    const InspectNode before = tree({"Belt", "m/s", longText}, 2);
+    EXPECT_TRUE(Compare(before, tree({"Belt", longText, "m/s"}, 3)).empty());
+    struct Case {
+        std::vector<std::optional<std::string>> strings;
+        std::uint32_t unit;
+        const char* path;
+        std::string old;
+        std::string now;
+    };
+    for (const Case& each :
+         std::vector<Case>{{{"Belt", "km/h"}, 2, "nvTypes[1].unitText", "m/s", "km/h"},
+                           {{"Belt", "m/s", longText}, 3, "nvTypes[1].unitText", "m/s", longText},
+                           {{"Belt", "m/s"}, 4, "nvTypes[1].unitString", "3-2", "3-4"}}) {
+        const std::vector<Difference> differences = Compare(before, tree(each.strings, each.unit));
+        ASSERT_EQ(differences.size(), 1U) << each.now;
+        EXPECT_EQ(differences[0].path, each.path);
+        EXPECT_EQ(ValueText(differences[0].before), each.old);
+        EXPECT_EQ(ValueText(differences[0].after), each.now);
+    }
+    EXPECT_EQ(Compare(tree({longText + 'a'}, 0), tree({longText + 'b'}, 0)).size(), 2U)
+        << "name, description";
+}
+
+TEST(CompareFiles, ValuesOfPropertiesAreComparedOneByOne) {
+    std::string before(test::kSmallXif);
+    const std::string old = "\"1,0,0\\x80,49,2,,0:600;\r\n";
+    before.replace(before.find(old), old.size(),
+                   "\"1,0,0\\x80,49,2;nciBeat\"\r\n\"1,1,6\\xA4,1,2,3;\"\r\n"
+                   "\"0,,0\\x80,24,1;\"\r\n");
+    const std::string values = "FILE value 1 1 2\r\n0x0258\r\n";
+    before.replace(before.find(values), values.size(),
+                   "FILE value 1 1\r\n0x0258 1F\r\n\r\nFILE readOnly 2 1\r\n0x010203040506\r\n");
+    struct Case {
+        const char* from;
+        const char* to;
+        const char* path;
+        const char* old;
+        const char* now;
+    };
+    for (const Case& each :
+         std::vector<Case>{{"0x0258", "0x0259", "files[value].values[nciBeat].bytes", "02 58", "02 59"},
+                           {"58 1F", "58 20", "files[value].values[0,,0,24].bytes", "1F", "20"},
+                           {"0x010203", "0x010204", "files[readOnly].values[1,1,6,1].bytes",
+                            "01 02 03 04 05 06", "01 02 04 04 05 06"},
+                           {"58 1F", "58", "files[value].bytes", "02 58 1F", "02 58"},
+                           {"49,2;", "48,2;", "files[template].properties[nciBeat].type", "49", "48"},
+                           {"\t0506", "\t0406", "defaultValues.variables[nciLimits].bytes",
+                            "01 02 03 04 05 06 07 08", "01 02 03 04 04 06 07 08"}}) {
+        std::string after = before;
+        after.replace(after.find(each.from), std::string_view(each.from).size(), each.to);
+        const std::vector<Difference> differences = BetweenXifs(before, after);
+        ASSERT_FALSE(differences.empty()) << each.to;
+        EXPECT_EQ(differences[0].path, each.path);
+        EXPECT_EQ(ValueText(differences[0].before), each.old);
+        EXPECT_EQ(ValueText(differences[0].after), each.now);
+        EXPECT_EQ(differences.size(), differences[0].path == "files[value].bytes" ? 2U : 1U) << each.to;
+    }
 }
 
 // Writing a file anew drops dead space and moves every record; the content stays.
@@ -122,7 +226,7 @@ TEST(CompareFiles, ARewrittenSampleIsTheSame) {
     if (paths.empty())
         GTEST_SKIP() << "no samples";
     for (const std::string& path : paths) {
-        const Inspection before = InspectAlone(path);
+        const Inspection before = InspectFile(path, nullptr);
         std::string bytes = ReadFile(path);
         if (before.kind == FileKind::type) {
             rewrite(ReadTypeFile, WriteTypeFile, TypeFile(), bytes);
@@ -136,7 +240,7 @@ TEST(CompareFiles, ARewrittenSampleIsTheSame) {
             bytes = WriteFormatFile(formats);
         }
         const std::vector<Difference> differences =
-            Compare(before.tree, InspectAlone(scratch.File("copy.fmt", bytes)).tree);
+            Compare(before.tree, InspectFile(scratch.File("copy.fmt", bytes), nullptr).tree);
         EXPECT_TRUE(differences.empty()) << path << ' ' << differences[0].path;
     }
 }

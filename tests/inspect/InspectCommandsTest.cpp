@@ -76,7 +76,11 @@ TEST_F(InspectCommandsTest, ADamagedFileIsAnErrorAndShowsNothing) {
     EXPECT_NE(listing.error.find("checksum"), std::string::npos);
     const Json json = Json::parse(Dump(types, {.format = OutputFormat::json, .bytes = true}).out);
     EXPECT_TRUE(json["damage"].is_string());
-    EXPECT_EQ(Diff(types, types, OutputFormat::text).status, kFailed);
+    EXPECT_EQ(Diff(types, types, OutputFormat::text).status, kWrongUse);
+    EXPECT_EQ(Diff(scratch.Path("none.typ"), types, OutputFormat::text).status, kWrongUse);
+    const Result diff = Diff(types, types, OutputFormat::json);
+    EXPECT_EQ(diff.status, kWrongUse) << "1 would tell of differences";
+    EXPECT_TRUE(Json::parse(diff.out).contains("error"));
 }
 
 TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
@@ -93,6 +97,9 @@ TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
     EXPECT_EQ(json["schema"], 2);
     EXPECT_EQ(json["same"], false);
     EXPECT_EQ(json["differences"], Json::array({{{"path", "nvTypes[1].size"}, {"old", 2}, {"new", 4}}}));
+    scratch.File("belt.enu", "URES and nothing more");
+    EXPECT_NE(Diff(types, other, OutputFormat::text).error.find("belt.enu\" is damaged"), std::string::npos);
+    EXPECT_EQ(Json::parse(Diff(types, other, OutputFormat::json).out)["problems"].size(), 1U);
     const std::string xif = scratch.File("belt.xif", test::kSmallXif);
     const Result kinds = Diff(types, xif, OutputFormat::text);
     EXPECT_EQ(kinds.status, kWrongUse);
