@@ -125,9 +125,9 @@ int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFor
     std::optional<InspectNode> node = TypeNode(standard, name);
     if (!node) {
         const std::string nearest = Nearest(name, AllNames(standard));
-        streams.error << "tovarek: the catalog knows no type '" << name << "'"
-                      << (nearest.empty() ? "" : "; did you mean '" + nearest + "'?") << '\n';
-        return kFailed;
+        return ReportUnknownType("the catalog knows no type '" + name + "'" +
+                                     (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
+                                 format, streams);
     }
     streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
     return kDone;

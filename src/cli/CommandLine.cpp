@@ -150,17 +150,32 @@ struct Commands {
     }
 };
 
+// The format that the arguments ask for, where they are too wrong to be parsed whole.
+OutputFormat WantedFormat(const std::vector<std::string>& arguments) {
+    OutputFormat format = OutputFormat::text;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument.starts_with("--format="))
+            format = argument.ends_with("=json") ? OutputFormat::json : OutputFormat::text;
+        else if (argument == "--format" && i + 1 < arguments.size())
+            format = arguments[i + 1] == "json" ? OutputFormat::json : OutputFormat::text;
+    }
+    return format;
+}
+
 int RefuseExtra(const Commands& commands, const std::string& extra, Streams streams) {
     const std::string word = extra.substr(0, extra.find('='));
     const std::string nearest = Nearest(word, commands.KnownWords());
     const char* kind = word.starts_with("-") ? "unknown option '" : "unexpected '";
     return ReportWrongUse(kind + word + "'" + (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
-                          streams);
+                          commands.format, streams);
 }
 
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {
+    const bool isJson = commands.format == OutputFormat::json;
     if (commands.version) {
-        streams.out << "tovarek " TOVAREK_VERSION "\n";
+        streams.out << (isJson ? "{\"version\": \"" TOVAREK_VERSION "\"}\n"
+                               : "tovarek " TOVAREK_VERSION "\n");
         return kDone;
     }
     if (const std::vector<std::string> extras = commands.app.remaining(true); !extras.empty())
@@ -174,21 +189,23 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
         return RunCatalogList(commands.place, commands.format, streams);
     if (commands.show->parsed()) {
         if (commands.typeName.empty())
-            return ReportWrongUse("catalog show wants the name of a type", streams);
+            return ReportWrongUse("catalog show wants the name of a type", commands.format, streams);
         return RunCatalogShow(commands.place, commands.typeName, commands.format, streams);
     }
     if (commands.dump->parsed()) {
         if (commands.file.empty())
-            return ReportWrongUse("dump wants a file", streams);
+            return ReportWrongUse("dump wants a file", commands.format, streams);
         return RunDump(commands.file, {commands.format, commands.bytes, commands.place}, streams);
     }
     if (commands.diff->parsed()) {
         if (commands.file.empty() || commands.otherFile.empty())
-            return ReportWrongUse("diff wants two files", streams);
+            return ReportWrongUse("diff wants two files", commands.format, streams);
         return RunDiff(commands.file, commands.otherFile, commands.format, streams);
     }
     if (commands.catalog->parsed())
-        return ReportWrongUse("catalog wants 'list' or 'show NAME'", streams);
+        return ReportWrongUse("catalog wants 'list' or 'show NAME'", commands.format, streams);
+    if (isJson)
+        return ReportWrongUse("no command was given", commands.format, streams);
     WriteHelp(program, streams.error);
     return kWrongUse;
 }
@@ -211,7 +228,7 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams streams) {
             WriteHelp(program, streams.out);
         return kDone;
     } catch (const CLI::Error& error) {
-        return ReportWrongUse(error.what(), streams);
+        return ReportWrongUse(error.what(), WantedFormat(arguments), streams);
     }
     return RunParsed(commands, program, streams);
 }

@@ -70,9 +70,9 @@ int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Strea
         component.SetGuard(guard);
         component.Generate();
     } catch (const WrongUse& fault) {
-        return ReportWrongUse(fault.what(), streams);
+        return ReportWrongUse(fault.what(), format, streams);
     } catch (const Error& error) {
-        return ReportError(error, format, streams);
+        return ReportError(error, format, streams, &component.WrittenFiles());
     }
     return ReportWritten(component.WrittenFiles(), format, streams);
 }

@@ -134,7 +134,7 @@ int RunDiff(const std::string& before, const std::string& after, OutputFormat fo
         if (old.kind != now.kind)
             return ReportWrongUse("cannot compare a " + std::string(KindName(old.kind)) + " with a " +
                                       std::string(KindName(now.kind)),
-                                  streams);
+                                  format, streams);
         const std::vector<Difference> differences = Compare(old.tree, now.tree);
         WriteDifferences(differences, ProblemsNode(old, now), format, streams);
         return differences.empty() ? kDone : kDifferent;

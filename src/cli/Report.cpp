@@ -62,6 +62,29 @@ void WriteContext(const ErrorContext& context, std::ostream& out) {
         out << "  why:   " << OneLine(context.reason) << '\n';
 }
 
+Json WrittenJson(const std::vector<std::string>& files) {
+    Json written = Json::array();
+    for (const std::string& file : files)
+        written.push_back({{"file", SystemPath(file)}, {"bytes", StampOf(file).size}});
+    return written;
+}
+
+void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
+    for (const std::string& file : files)
+        out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
+}
+
+// A fault that is no error of the generator: it has a name but no number.
+void WriteFaultJson(const char* name, const std::string& message, std::ostream& out) {
+    out << Dump({{"error", nullptr},
+                 {"code", nullptr},
+                 {"name", name},
+                 {"description", message},
+                 {"source", "tovarek"},
+                 {"context", Json::object()}})
+        << '\n';
+}
+
 }  // namespace
 
 std::string_view ErrorName(std::int32_t number) {
@@ -79,38 +102,47 @@ std::string ErrorNumberText(std::int32_t number) {
     return text.data();
 }
 
-int ReportError(const Error& error, OutputFormat format, Streams streams) {
+int ReportError(const Error& error, OutputFormat format, Streams streams,
+                const std::vector<std::string>* written) {
     if (format == OutputFormat::json) {
-        streams.out << Dump({{"error", error.Number()},
-                             {"code", ErrorNumberText(error.Number())},
-                             {"name", ErrorName(error.Number())},
-                             {"description", error.Description()},
-                             {"source", error.Source()},
-                             {"context", ContextJson(error.Context())}})
-                    << '\n';
+        Json json = {{"error", error.Number()},           {"code", ErrorNumberText(error.Number())},
+                     {"name", ErrorName(error.Number())}, {"description", error.Description()},
+                     {"source", error.Source()},          {"context", ContextJson(error.Context())}};
+        if (written != nullptr)
+            json["written"] = WrittenJson(*written);
+        streams.out << Dump(json) << '\n';
         return kFailed;
     }
+    if (written != nullptr)
+        WriteWritten(*written, streams.out);
     streams.error << "tovarek: error " << ErrorNumberText(error.Number()) << ' ' << ErrorName(error.Number())
                   << ": " << error.Description() << '\n';
     WriteContext(error.Context(), streams.error);
     return kFailed;
 }
 
-int ReportWrongUse(const std::string& message, Streams streams) {
-    streams.error << "tovarek: " << message << "\nTry 'tovarek --help'.\n";
+int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams) {
+    if (format == OutputFormat::json)
+        WriteFaultJson("wrongUse", message, streams.out);
+    else
+        streams.error << "tovarek: " << message << "\nTry 'tovarek --help'.\n";
     return kWrongUse;
+}
+
+int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams) {
+    if (format == OutputFormat::json)
+        WriteFaultJson("unknownType", message, streams.out);
+    else
+        streams.error << "tovarek: " << message << '\n';
+    return kFailed;
 }
 
 int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams) {
     if (format == OutputFormat::json) {
-        Json written = Json::array();
-        for (const std::string& file : files)
-            written.push_back({{"file", SystemPath(file)}, {"bytes", StampOf(file).size}});
-        streams.out << Dump({{"written", written}}) << '\n';
+        streams.out << Dump({{"written", WrittenJson(files)}}) << '\n';
         return kDone;
     }
-    for (const std::string& file : files)
-        streams.out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
+    WriteWritten(files, streams.out);
     if (files.empty())
         streams.out << "nothing to write: the template is in order\n";
     return kDone;

@@ -19,11 +19,17 @@ std::string_view ErrorName(std::int32_t number);
 std::string ErrorNumberText(std::int32_t number);
 
 // Text: one line on standard error with number, name and message, then the context. JSON: one object on
-// standard output. Answers kFailed.
-int ReportError(const Error& error, OutputFormat format, Streams streams);
+// standard output. Answers kFailed. `written`: the files that a run had written before it failed; they are
+// listed as ReportWritten does. Null for commands that write none.
+int ReportError(const Error& error, OutputFormat format, Streams streams,
+                const std::vector<std::string>* written = nullptr);
 
-// A fault of the command line itself, on standard error. Answers kWrongUse.
-int ReportWrongUse(const std::string& message, Streams streams);
+// A fault of the command line itself. Text: on standard error; JSON: an object like that of an error, without
+// a number, on standard output. Answers kWrongUse.
+int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams);
+
+// As ReportWrongUse, for a name that the catalog does not know. Answers kFailed.
+int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams);
 
 // What was written, with sizes, on standard output. Answers kDone.
 int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams);
