@@ -5,32 +5,15 @@
 #include <ostream>
 #include <set>
 
-#include "cli/Locations.h"
 #include "control/StandardCatalog.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
-#include "support/CErrorHandler.h"
-#include "types/catalog/CCatalog.h"
+#include "support/Error.h"
 
 namespace tovarek {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-// Opens the catalog or reports why it cannot be opened.
-bool Open(const CatalogPlace& place, CCatalog& catalog, OutputFormat format, Streams streams) {
-    if (!place.file.empty())
-        catalog.types.CatalogFileName(place.file);
-    catalog.catalogDir(place.folder.empty() ? ShippedCatalogFolder() : place.folder);
-    if (!catalog.errorOpeningCatalog())
-        return true;
-    try {
-        CErrorHandler().RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist, catalog.OpeningFailure());
-    } catch (const Error& error) {
-        ReportError(error, format, streams);
-    }
-    return false;
-}
 
 // The enumeration sets that values of the type are taken from, each once.
 InspectNode EnumerationsNode(const std::vector<CatalogField>& fields, const ResourceNames& names) {
@@ -85,6 +68,23 @@ std::optional<InspectNode> TypeNode(const StandardCatalog& catalog, const std::s
     return node;
 }
 
+void WriteList(const StandardCatalog& catalog, OutputFormat format, std::ostream& out) {
+    Json list = Json::array();
+    const auto add = [&](const char* kind, const CatalogEntry& entry) {
+        if (format == OutputFormat::json)
+            list.push_back(
+                {{"class", kind}, {"index", entry.index}, {"size", entry.size}, {"name", entry.name}});
+        else
+            out << kind << '\t' << entry.index << '\t' << entry.size << '\t' << entry.name << '\n';
+    };
+    for (const CatalogEntry& entry : catalog.NvTypes())
+        add("NV", entry);
+    for (const CatalogEntry& entry : catalog.CpTypes())
+        add("CP", entry);
+    if (format == OutputFormat::json)
+        out << list.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
 std::vector<std::string> AllNames(const StandardCatalog& catalog) {
     std::vector<std::string> names;
     for (const CatalogEntry& entry : catalog.NvTypes())
@@ -97,40 +97,31 @@ std::vector<std::string> AllNames(const StandardCatalog& catalog) {
 }  // namespace
 
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams) {
-    CCatalog catalog;
-    if (!Open(place, catalog, format, streams))
-        return kFailed;
-    Json list = Json::array();
-    const auto add = [&](const char* kind, const CatalogEntry& entry) {
-        if (format == OutputFormat::json)
-            list.push_back(
-                {{"class", kind}, {"index", entry.index}, {"size", entry.size}, {"name", entry.name}});
-        else
-            streams.out << kind << '\t' << entry.index << '\t' << entry.size << '\t' << entry.name << '\n';
-    };
-    for (const CatalogEntry& entry : catalog.types.Catalog()->NvTypes())
-        add("NV", entry);
-    for (const CatalogEntry& entry : catalog.types.Catalog()->CpTypes())
-        add("CP", entry);
-    if (format == OutputFormat::json)
-        streams.out << list.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-    return kDone;
+    try {
+        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
+        WriteList(*catalog->types.Catalog(), format, streams.out);
+        return kDone;
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
 }
 
 int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFormat format, Streams streams) {
-    CCatalog catalog;
-    if (!Open(place, catalog, format, streams))
-        return kFailed;
-    const StandardCatalog& standard = *catalog.types.Catalog();
-    std::optional<InspectNode> node = TypeNode(standard, name);
-    if (!node) {
-        const std::string nearest = Nearest(name, AllNames(standard));
-        return ReportUnknownType("the catalog knows no type '" + name + "'" +
-                                     (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
-                                 format, streams);
+    try {
+        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
+        const StandardCatalog& standard = *catalog->types.Catalog();
+        std::optional<InspectNode> node = TypeNode(standard, name);
+        if (!node) {
+            const std::string nearest = Nearest(name, AllNames(standard));
+            return ReportUnknownType("the catalog knows no type '" + name + "'" +
+                                         (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
+                                     format, streams);
+        }
+        streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
+        return kDone;
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
     }
-    streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
-    return kDone;
 }
 
 }  // namespace tovarek

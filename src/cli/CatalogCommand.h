@@ -3,15 +3,10 @@
 
 #include <string>
 
+#include "cli/OpenCatalog.h"
 #include "cli/Report.h"
 
 namespace tovarek {
-
-// Where the catalog is; empty members stand for the shipped one and its usual name.
-struct CatalogPlace {
-    std::string folder;
-    std::string file;
-};
 
 // All types: kind (NV or CP), index, size in bytes, name.
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams);

@@ -2,29 +2,24 @@
 
 #include <ostream>
 
-#include "cli/Locations.h"
 #include "inspect/Inspect.h"
 #include "inspect/InspectText.h"
 #include "support/CErrorHandler.h"
-#include "support/CTools.h"
 #include "support/Text.h"
-#include "types/catalog/CCatalog.h"
 
 namespace tovarek {
 namespace {
 
-// Opens the catalog that names are looked up in. The shipped one is a help that may be missing; one that the
-// user names must be there.
-std::unique_ptr<StandardCatalog> OpenCatalog(const CatalogPlace& place) {
-    const bool isNamed = !place.folder.empty() || !place.file.empty();
-    const std::string folder = place.folder.empty() ? ShippedCatalogFolder() : place.folder;
-    const std::string path = (folder.empty() ? std::string() : WithFinalBackslash(folder)) +
-                             (place.file.empty() ? std::string(kUsualCatalogFile) : place.file);
-    std::unique_ptr<StandardCatalog> catalog;
-    const Outcome outcome = StandardCatalog::Open(path, catalog);
-    if (!outcome.Ok() && isNamed)
-        CErrorHandler().RaiseQVxTypesEditError(outcome.code, {.file = path, .reason = outcome.reason});
-    return catalog;
+// The catalog that names are looked up in. The shipped one is a help that may be missing; one that the user
+// names must be there.
+std::unique_ptr<CCatalog> CatalogOfNames(const CatalogPlace& place) {
+    try {
+        return OpenCatalog(place);
+    } catch (const Error&) {
+        if (!place.folder.empty() || !place.file.empty())
+            throw;
+        return nullptr;
+    }
 }
 
 ErrorContext DamageContext(const std::string& path, const FileListing& file) {
@@ -112,11 +107,11 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
     try {
         if (options.bytes)
             return DumpBytes(path, options.format, streams);
-        const std::unique_ptr<StandardCatalog> catalog = OpenCatalog(options.place);
+        const std::unique_ptr<CCatalog> catalog = CatalogOfNames(options.place);
         // The shipped catalog is made from published facts; a genuine file means other texts by most numbers.
-        const bool isShipped = options.place.folder.empty();
         Inspection inspection =
-            InspectFile(path, catalog.get(), isShipped ? StandardTexts::published : StandardTexts::all);
+            InspectFile(path, catalog == nullptr ? nullptr : catalog->types.Catalog(),
+                        options.place.IsShipped() ? StandardTexts::published : StandardTexts::all);
         if (options.format == OutputFormat::json)
             streams.out << JsonDocument(std::move(inspection.tree));
         else

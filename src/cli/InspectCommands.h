@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "cli/CatalogCommand.h"
+#include "cli/OpenCatalog.h"
+#include "cli/Report.h"
 
 namespace tovarek {
 

@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "control/CatalogFile.h"
 #include "control/LanguageFile.h"
 #include "control/TypeFileView.h"
 #include "support/CodePage.h"
@@ -15,8 +16,6 @@
 namespace tovarek {
 namespace {
 
-// The first line of a catalog of ours; the following ones name folders, "#" begins a comment.
-constexpr std::string_view kCatalogMark = "# Tovarek resource catalog 1";
 constexpr std::uint64_t kLongestCatalog = 1U << 20U;
 
 constexpr std::size_t kMostFields = 100'000;
@@ -26,16 +25,6 @@ std::string Lower(std::string_view text) {
     std::string lower(text);
     std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
     return lower;
-}
-
-// The part of a path up to its last separator, that included.
-std::string FolderOf(const std::string& path) {
-    const std::size_t separator = path.find_last_of("\\/");
-    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
-}
-
-bool IsAbsolute(std::string_view path) {
-    return path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
 }
 
 // Reads a file or says why it cannot be read.
@@ -48,26 +37,11 @@ Outcome ReadWhole(const std::string& path, std::string& bytes, std::uint64_t lim
     }
 }
 
-// The folders that a catalog names, each with its final separator. A foreign catalog names none that we could
-// read; its own folder then is where a standard set is normally installed.
-std::vector<std::string> FoldersOf(const std::string& path, std::string_view catalog) {
-    const std::string own = FolderOf(path);
-    const std::string_view first = catalog.substr(0, catalog.find_first_of("\r\n"));
-    if (TrimBlanks(first) != kCatalogMark)
-        return {own};
-    std::vector<std::string> folders;
-    while (!catalog.empty()) {
-        const std::size_t end = catalog.find_first_of("\r\n");
-        const std::string_view line = TrimBlanks(catalog.substr(0, end));
-        catalog = end == std::string_view::npos ? std::string_view() : catalog.substr(end + 1);
-        if (line.empty() || line.starts_with('#'))
-            continue;
-        std::string folder = (IsAbsolute(line) ? std::string() : own) + std::string(line);
-        if (folder.back() != '/' && folder.back() != '\\')
-            folder += '\\';
-        folders.push_back(std::move(folder));
-    }
-    return folders;
+// The folders of a catalog. A foreign one names none that we could read; its own folder then is where a
+// standard set is normally installed.
+std::vector<CatalogFolder> FoldersOf(const std::string& path, std::string_view catalog) {
+    return IsCatalogFile(catalog) ? ReadCatalogFile(catalog, path)
+                                  : std::vector<CatalogFolder>{{"", FolderOf(path)}};
 }
 
 // The file of this name in a folder, whatever its letter case; empty when there is none.
@@ -286,8 +260,8 @@ Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardC
         return read;
     Outcome failure =
         Failure(resultErrorOpenFile, "no folder of the catalog \"" + path + "\" holds standard.typ");
-    for (const std::string& folder : FoldersOf(path, bytes)) {
-        const std::string types = FindFile(folder, "standard.typ");
+    for (const CatalogFolder& folder : FoldersOf(path, bytes)) {
+        const std::string types = FindFile(folder.path, "standard.typ");
         if (types.empty())
             continue;
         std::unique_ptr<StandardCatalog> candidate(new StandardCatalog);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "control/CatalogFile.h"
 #include "control/FormatFile.h"
 #include "control/LanguageFile.h"
 #include "support/Text.h"
@@ -21,7 +22,7 @@ constexpr std::array<KindRow, 6> kKinds = {{
     {FileKind::type, "type file", "UTYP", "typ"},
     {FileKind::profile, "functional-profile file", "UFPT", "fpt"},
     {FileKind::format, "format file", "", "fmt"},
-    {FileKind::catalog, "resource catalog", "# Tovarek resource catalog", "cat"},
+    {FileKind::catalog, "resource catalog", kCatalogMark, "cat"},
     {FileKind::xif, "XIF file", "File:", "xif"},
 }};
 
@@ -71,8 +72,12 @@ bool IsTextKind(FileKind kind) {
 }
 
 Outcome Recognise(std::string_view bytes, const std::string& path, FileKind& kind) {
+    if (IsCatalogFile(bytes)) {
+        kind = FileKind::catalog;
+        return {};
+    }
     for (const KindRow& row : kKinds) {
-        if (!row.magic.empty() && bytes.starts_with(row.magic)) {
+        if (row.kind != FileKind::catalog && !row.magic.empty() && bytes.starts_with(row.magic)) {
             kind = row.kind;
             return {};
         }

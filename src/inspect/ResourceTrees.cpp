@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdio>
 
+#include "control/CatalogFile.h"
 #include "inspect/TypeTree.h"
-#include "support/CodePage.h"
 #include "support/Files.h"
 #include "support/Text.h"
 
@@ -203,21 +203,11 @@ InspectNode DisplayFormatNode(const DisplayFormat& format, const ResourceNames& 
     return node;
 }
 
-// Folders are named relative to the catalog.
-std::string PlaceOf(std::string_view folder, const std::string& catalog) {
-    const bool absolute =
-        folder.starts_with('/') || folder.starts_with('\\') || (folder.size() > 1 && folder[1] == ':');
-    const std::size_t own = absolute ? std::string::npos : catalog.find_last_of("\\/");
-    std::string place = own == std::string::npos ? std::string() : catalog.substr(0, own + 1);
-    return place += folder;
-}
-
-InspectNode FolderNode(std::string_view folder, const std::string& catalog) {
-    InspectNode node = InspectNode::Object(folder);
-    node.Text("folder", std::string(folder));
-    const std::string place = PlaceOf(folder, catalog);
-    node.Flag("exists", FolderExists(place)).derived = true;
-    std::vector<std::string> entries = DirectoryEntries(place);
+InspectNode FolderNode(const CatalogFolder& folder) {
+    InspectNode node = InspectNode::Object(folder.name);
+    node.Text("folder", folder.name);
+    node.Flag("exists", FolderExists(folder.path)).derived = true;
+    std::vector<std::string> entries = DirectoryEntries(folder.path);
     std::sort(entries.begin(), entries.end());
     InspectNode types = InspectNode::List("typeFiles");
     types.derived = true;
@@ -289,13 +279,8 @@ InspectNode FormatTree(const FormatFile& file, const ResourceNames& names) {
 InspectNode CatalogTree(std::string_view bytes, const std::string& path) {
     InspectNode tree = InspectNode::Object("");
     InspectNode folders = InspectNode::Sequence("folders");
-    while (!bytes.empty()) {
-        const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
-        const std::string line = FromCodePage(TrimBlanks(bytes.substr(0, end)));
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
-        if (!line.empty() && !line.starts_with('#'))
-            folders.Add(FolderNode(line, path));
-    }
+    for (const CatalogFolder& folder : ReadCatalogFile(bytes, path))
+        folders.Add(FolderNode(folder));
     tree.Add(std::move(folders));
     return tree;
 }

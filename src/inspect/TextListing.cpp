@@ -41,7 +41,11 @@ std::string CatalogRole(std::string_view line) {
 
 class LineLister {
   public:
-    LineLister(std::string_view bytes, FileKind kind) : bytes_(bytes), kind_(kind), textEnd_(bytes.size()) {
+    LineLister(std::string_view bytes, FileKind kind)
+        : bytes_(bytes),
+          kind_(kind),
+          isUtf8_(kind == FileKind::catalog && IsUtf8(bytes)),
+          textEnd_(bytes.size()) {
         if (kind == FileKind::xif) {
             const bool isWhole = ReadXifFile(bytes, xif_).Ok();
             if (isWhole && !xif_.attached.empty())
@@ -55,7 +59,7 @@ class LineLister {
             const std::size_t end = std::min(bytes_.find('\n', position), textEnd_ - 1) + 1;
             const std::string_view line = bytes_.substr(position, end - position);
             std::string role = Role(line, rows_.size());
-            rows_.push_back({position, line.size(), 0, "", std::move(role), Printable(FromCodePage(line))});
+            rows_.push_back({position, line.size(), 0, "", std::move(role), Printable(Text(line))});
             position = end;
         }
         if (position < bytes_.size())
@@ -64,6 +68,9 @@ class LineLister {
     }
 
   private:
+    // Catalogs alone may be UTF-8.
+    std::string Text(std::string_view line) const { return isUtf8_ ? std::string(line) : FromCodePage(line); }
+
     std::string Role(std::string_view line, std::size_t number) const {
         if (kind_ == FileKind::format)
             return FormatRole(line);
@@ -76,6 +83,7 @@ class LineLister {
 
     std::string_view bytes_;
     FileKind kind_;
+    bool isUtf8_;
     std::size_t textEnd_;
     XifFile xif_;
     std::vector<ByteRow> rows_;

@@ -170,6 +170,17 @@ std::string UpperCase(std::string_view text) {
     return result;
 }
 
+bool IsUtf8(std::string_view bytes) {
+    constexpr std::size_t kReplacementBytes = 3;
+    for (std::size_t position = 0; position < bytes.size();) {
+        const std::size_t start = position;
+        // An invalid byte is answered like the character that replaces it, but alone.
+        if (NextCharacter(bytes, position) == kReplacement && position - start < kReplacementBytes)
+            return false;
+    }
+    return true;
+}
+
 std::string FromUtf16(std::string_view bytes, bool bigEndian) {
     const auto unit = [&](std::size_t i) -> char32_t {
         const char32_t first = Byte(bytes, i);

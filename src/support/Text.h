@@ -47,6 +47,9 @@ constexpr bool IsHexDigit(char c) {
 // True when every byte is below 0x80: UTF-8 and code page agree and one byte is one character.
 bool IsAscii(std::string_view text);
 
+// True when all of it is valid UTF-8.
+bool IsUtf8(std::string_view bytes);
+
 // UTF-16 code units in the given byte order (no mark) to UTF-8. Unpaired surrogates become U+FFFD; a lone
 // last byte is dropped.
 std::string FromUtf16(std::string_view bytes, bool bigEndian);

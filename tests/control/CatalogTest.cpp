@@ -166,6 +166,21 @@ TEST(Catalog, OursNamesFoldersRelativeToItself) {
     EXPECT_EQ(OpenIn(folder.Folder()), 0) << "an absolute folder";
 }
 
+// "\xE9" alone is no UTF-8, so it is that letter of the code page; the folder is the same.
+TEST(Catalog, FoldersAreUtf8OrElseInTheCodePage) {
+    const Scratch folder;
+    ASSERT_TRUE(MakeDirectory(folder.Path("g\xC3\xA9")));
+    folder.File("g\xC3\xA9/standard.typ", ReadFile(kFolder + "/standard.typ"));
+    for (const char* line : {"g\xC3\xA9", "g\xE9", "g\xC3\xA9\n# \xEF\xBF\xBD"}) {
+        folder.File("ldrf.cat", std::string("# Tovarek resource catalog 1\n") + line);
+        EXPECT_EQ(OpenIn(folder.Folder()), 0) << line;
+    }
+    folder.File("ldrf.cat", "\xEF\xBB\xBF# Tovarek resource catalog 1\ng\xC3\xA9\n");
+    EXPECT_EQ(OpenIn(folder.Folder()), 0) << "with a UTF-8 mark";
+    folder.File("ldrf.cat", "# Tovarek resource catalog 1\n# \xE9\ng\xC3\xA9\n");
+    EXPECT_EQ(OpenIn(folder.Folder()), 5) << "one byte decides for all";
+}
+
 TEST(Catalog, ForeignCatalogLeadsToItsOwnFolderInAnyLetterCase) {
     const Scratch folder;
     folder.File("LDRF.CAT", std::string("UCAT\0\x01\x02", 7));

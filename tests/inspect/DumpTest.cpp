@@ -252,6 +252,20 @@ TEST_F(DumpTest, KindsAreToldByContent) {
     EXPECT_EQ(test::RaisedNumber([&] { InspectFile(scratch.Path("none.typ"), nullptr); }), 53);
 }
 
+// The folders are shown as the catalog is opened, by the content and by the listing.
+TEST_F(DumpTest, FoldersOfACatalogAreThoseThatOpen) {
+    ASSERT_TRUE(MakeDirectory(scratch.Path("g\xC3\xA9")));
+    scratch.File("g\xC3\xA9/a.typ", "");
+    for (const char* name : {"g\xC3\xA9", "g\xE9"}) {
+        const std::string path =
+            scratch.File("ldrf.cat", std::string("# Tovarek resource catalog 1\n") + name);
+        const InspectNode tree = InspectFile(path, nullptr).tree;
+        EXPECT_EQ(At(tree, {"folders", "g\xC3\xA9", "exists"}), "yes");
+        EXPECT_EQ(At(tree, {"folders", "g\xC3\xA9", "typeFiles"}), "a.typ");
+        EXPECT_EQ(ListFile(path).listing.rows.back().value, "g\xC3\xA9");
+    }
+}
+
 // Either everything or an error: never a crash, and no other exception.
 TEST_F(DumpTest, DamagedFilesRaiseErrors) {
     const std::vector<std::pair<std::string, std::string>> files = {

@@ -1,0 +1,23 @@
+// The one way in which commands open the standard type catalog: the way of the generator itself.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "types/catalog/CCatalog.h"
+
+namespace tovarek {
+
+// Where the catalog is; empty members stand for the shipped one and its usual name.
+struct CatalogPlace {
+    std::string folder;
+    std::string file;
+
+    bool IsShipped() const { return folder.empty(); }
+};
+
+// The opened catalog. Raises error 130 (erroraccessingSNVTmasterlist) when it cannot be opened; the context
+// tells which file and why.
+std::unique_ptr<CCatalog> OpenCatalog(const CatalogPlace& place);
+
+}  // namespace tovarek
