@@ -18,16 +18,9 @@ if(TOVAREK_SANITIZE)
   target_link_options(tovarek_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
-if(TOVAREK_CLANG_TIDY)
-  find_program(TOVAREK_CLANG_TIDY_PROGRAM NAMES clang-tidy-14 clang-tidy REQUIRED)
-endif()
-
 # Applies the settings to a target; everything but installed interfaces is covered.
 function(tovarek_settings target)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tovarek_settings>)
-  if(TOVAREK_CLANG_TIDY)
-    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${TOVAREK_CLANG_TIDY_PROGRAM};--quiet")
-  endif()
 endfunction()
 
 # tovarek_check_includes(<target> FOLDER <folder under src> [ROOMS <rooms it may include from>])

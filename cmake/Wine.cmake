@@ -1,6 +1,6 @@
 # Wine runs the tests of a cross build. Answers:
 #   TOVAREK_WINE_RUN   the command, a list, that runs a Windows program in this build's own Wine
-#   TOVAREK_WINE_RUNS  whether that works for the programs of this build; tests are registered only then
+#   TOVAREK_WINE_RUNS  whether that works for the programs of this build; tests are built only then
 # and sets CMAKE_CROSSCOMPILING_EMULATOR, so include this file before the targets are made. A test that runs in Wine
 # takes the property FIXTURES_REQUIRED wine.
 
@@ -55,7 +55,7 @@ elseif(NOT DEFINED TOVAREK_WINE_RUNS)
   set(TOVAREK_WINE_RUNS ${runs} CACHE BOOL "Wine runs the programs of this build")
 endif()
 if(NOT TOVAREK_WINE_RUNS)
-  message(STATUS "Wine runs no 32-bit programs here: the tests are built, but none is registered with ctest "
+  message(STATUS "Wine runs no 32-bit programs here: no test of them is built "
                  "(set TOVAREK_WINE_RUNS once Wine does)")
   return()
 endif()
