@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 #include "support/Files.h"
@@ -43,7 +44,13 @@ RuntimeError RuntimeErrorOf(DWORD error) {
     }
 }
 
+// In the words of every platform where it has any, which are English; otherwise in the system's and the
+// user's.
 std::string SystemMessage(DWORD error) {
+    const std::error_condition known =
+        std::system_category().default_error_condition(static_cast<int>(error));
+    if (known.category() == std::generic_category())
+        return known.message();
     wchar_t text[512];
     DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
                                   0, text, static_cast<DWORD>(std::size(text)), nullptr);
@@ -55,11 +62,12 @@ std::string SystemMessage(DWORD error) {
 }
 
 [[noreturn]] void RaiseFileError(std::string_view path, DWORD error) {
-    RuntimeError number = RuntimeErrorOf(error);
     // The platform denies access to a directory that is opened as a file.
     if (error == ERROR_ACCESS_DENIED && FolderExists(path))
-        number = RuntimeError::pathFileAccessError;
-    RaiseRuntimeError(number, {.file = std::string(path), .reason = SystemMessage(error)});
+        RaiseRuntimeError(
+            RuntimeError::pathFileAccessError,
+            {.file = std::string(path), .reason = std::make_error_code(std::errc::is_a_directory).message()});
+    RaiseRuntimeError(RuntimeErrorOf(error), {.file = std::string(path), .reason = SystemMessage(error)});
 }
 
 std::intptr_t OpenOrRaise(std::string_view path, DWORD access, DWORD share, DWORD disposition) {

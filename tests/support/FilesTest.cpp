@@ -21,8 +21,14 @@ TEST(Files, WhatCannotBeReadHasItsOwnNumber) {
         rows.emplace_back(scratch.Path(std::string(300, 'n')), 75);
     for (const auto& [path, number] : rows)
         EXPECT_EQ(RaisedNumber([path = path] { ReadFile(path); }), number) << path;
-    const auto error = Raised([&] { ReadFile(scratch.Path("missing")); });
-    EXPECT_EQ(error->Context().file, scratch.Path("missing"));
+    // The reason has the same words on every platform.
+    for (const auto& [path, reason] : {std::pair(scratch.Path("missing"), "No such file or directory"),
+                                       std::pair(scratch.Path("no/where"), "No such file or directory"),
+                                       std::pair(scratch.Folder(), "Is a directory")}) {
+        const auto error = Raised([path = path] { ReadFile(path); });
+        EXPECT_EQ(error->Context().file, path);
+        EXPECT_EQ(error->Context().reason, reason);
+    }
 }
 
 TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
