@@ -39,4 +39,8 @@ std::shared_ptr<const Clock> FixedClock(std::int64_t seconds);
 // have no text for it.
 std::string GeneralDateText(const CivilTime& time);
 
+// What stands between whole and fraction where a number becomes text for people: the point; on Windows what
+// the user's regional settings say.
+std::string DecimalSeparator();
+
 }  // namespace tovarek

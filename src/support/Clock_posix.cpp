@@ -57,4 +57,8 @@ std::string GeneralDateText(const CivilTime& time) {
     return text;
 }
 
+std::string DecimalSeparator() {
+    return ".";
+}
+
 }  // namespace tovarek

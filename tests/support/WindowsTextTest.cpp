@@ -2,7 +2,10 @@
 // those of the United States; cmake/Wine.cmake sees to that.
 #include <gtest/gtest.h>
 #include <windows.h>
+// The header wants the types of windows.h.
+#include <oleauto.h>
 
+#include <iostream>
 #include <string>
 
 #include "Scratch.h"
@@ -10,6 +13,7 @@
 #include "support/CodePage.h"
 #include "support/Text.h"
 #include "support/Wide.h"
+#include "support/cIni.h"
 
 namespace tovarek::test {
 namespace {
@@ -68,6 +72,23 @@ TEST(WindowsText, DatesFollowTheRegionalSettings) {
         EXPECT_EQ(GeneralDateText(rows[i]), texts[i]);
     EXPECT_EQ(RaisedNumber([] { GeneralDateText({2026, 2, 30, 1, 1, 1}); }), 6) << "a day that is none";
     EXPECT_EQ(RaisedNumber([] { GeneralDateText({2026, 2, 3, 24, 1, 1}); }), 6) << "an hour that is none";
+}
+
+// Run under other settings as well, by the test of the program under those. The platform's own conversion
+// says which separator they have.
+TEST(WindowsSettings, ADefaultGoesThroughTheUsersDecimalSeparator) {
+    BSTR platform = nullptr;
+    ASSERT_EQ(VarBstrFromR8(2.5, LOCALE_USER_DEFAULT, 0, &platform), S_OK);
+    const std::string text = FromWide(platform);
+    SysFreeString(platform);
+    std::cout << "the default is " << text << '\n';
+    const Scratch scratch;
+    cIni ini;
+    ini.iniFile(scratch.File("a.ini", "[s]\npoint=1.5\ncomma=1,5\n"));
+    EXPECT_EQ(ini.GetDoubleValue("s", "none", 2.5), text == "2.5" ? 2.5 : 2);
+    EXPECT_EQ(ini.GetDoubleValue("s", "none", 1e-5), 1e-5);
+    EXPECT_EQ(ini.GetDoubleValue("s", "point", 0), 1.5) << "files have the point under all settings";
+    EXPECT_EQ(ini.GetDoubleValue("s", "comma", 0), 1);
 }
 
 }  // namespace
