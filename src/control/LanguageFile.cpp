@@ -1,7 +1,7 @@
 #include "control/LanguageFile.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 #include "control/ByteWriter.h"
 #include "control/Crc16.h"
@@ -20,25 +20,14 @@ struct LocaleLanguage {
     std::int32_t localeId;
     std::string_view language;
 };
-constexpr std::array<LocaleLanguage, 17> kLanguages = {{
-    {0x0409, "enu"},
-    {0x0809, "eng"},
-    {0x0407, "deu"},
-    {0x040C, "fra"},
-    {0x0410, "ita"},
-    {0x0413, "nld"},
-    {0x0C0A, "esn"},
-    {0x0406, "dan"},
-    {0x041D, "sve"},
-    {0x0414, "nor"},
-    {0x040B, "fin"},
-    {0x0416, "ptb"},
-    {0x0816, "ptg"},
-    {0x0411, "jpn"},
-    {0x0412, "kor"},
-    {0x0804, "chs"},
-    {0x0404, "cht"},
-}};
+constexpr LocaleLanguage kLanguages[] = {
+#define TOVAREK_LOCALE(number, language) {number, language},
+#include "control/LocaleList.inc"
+#undef TOVAREK_LOCALE
+};
+
+// Abbreviates Catalan, but is what catalogs are called by.
+constexpr std::string_view kCatalogExtension = "cat";
 
 // The text of a string record, its checksum verified; nothing when it is damaged. `checksumWrong` tells why.
 std::optional<std::string> ReadString(ByteReader record, bool& checksumWrong) {
@@ -145,7 +134,8 @@ std::string_view LanguageOfLocale(std::int32_t localeId) {
 bool IsLanguageExtension(std::string_view extension) {
     std::string lower(extension);
     std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
-    return std::any_of(kLanguages.begin(), kLanguages.end(),
+    return lower != kCatalogExtension &&
+           std::any_of(std::begin(kLanguages), std::end(kLanguages),
                        [&lower](const LocaleLanguage& entry) { return entry.language == lower; });
 }
 

@@ -38,10 +38,12 @@ Outcome ReadLanguageFile(std::string_view bytes, LanguageFile& file);
 // string is too long or holds a NUL, or there are too many.
 Outcome WriteLanguageFile(const LanguageFile& file, std::string& bytes);
 
-// The three-letter abbreviation of a locale (a Windows LCID such as 0x0409); empty when none is known.
+// The three-letter abbreviation of a locale's language, "enu" for 0x0409. Empty for a number (LCID) that the
+// platform does not give to a locale, or whose language has no abbreviation.
 std::string_view LanguageOfLocale(std::int32_t localeId);
 
-// True when `extension` ("enu", any case) is one of the abbreviations that LanguageOfLocale gives.
+// True when `extension` ("enu", any case) is one of the abbreviations that LanguageOfLocale gives; false for
+// "cat", which a catalog has.
 bool IsLanguageExtension(std::string_view extension);
 
 }  // namespace tovarek

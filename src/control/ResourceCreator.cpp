@@ -125,7 +125,11 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         request.minorVersion > 255)
         return Failure(resultErrorSettingVersion, "versions are 0 to 65535 and 0 to 255");
     if (request.kind == ResourceKind::language && LanguageOfLocale(request.localeId).empty())
-        return Failure(resultErrorSettingLocale, "no language is known for the locale");
+        return Failure(resultErrorSettingLocale,
+                       "no language is known for locale " + std::to_string(request.localeId) +
+                           "; a locale is the number that Windows gives to a language of a country, such as "
+                           "1033 (English, United States) or 1031 (German, Germany): see the LCID column of "
+                           "the Windows language code identifiers");
     for (const std::string* text : {&request.creator, &request.phone, &request.email, &request.webPage}) {
         if (HasControlCharacter(*text)) {
             return Failure(resultErrorSettingInformation,

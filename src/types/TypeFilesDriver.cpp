@@ -109,9 +109,10 @@ class TypeFilesDriver {
 
     void LanguageFile() {
         const TypeFilesSettings& s = settings_;
-        Check(control_.CreateLanguageFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
-                                          s.webPage, s.localeID, s.majorVersion, s.minorVersion,
-                                          kLanguageText, kCreatorText));
+        const std::int32_t created = control_.CreateLanguageFile(
+            path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.localeID,
+            s.majorVersion, s.minorVersion, kLanguageText, kCreatorText);
+        Check(created, created == resultErrorSettingLocale ? "localeID" : "");
         std::int32_t strings = 1;
         // The other files name these four by their numbers, so their order is fixed.
         for (const std::string* text :

@@ -156,6 +156,11 @@ TEST(Catalog, MissingFilesAreCodeFive) {
     EXPECT_EQ(OpenIn(other.Folder()), 5) << "a folder in its place";
 }
 
+TEST(Catalog, IsNoLanguageFile) {
+    EXPECT_TRUE(IsLanguageExtension("ELL"));
+    EXPECT_FALSE(IsLanguageExtension("CAT")) << "although it abbreviates Catalan";
+}
+
 TEST(Catalog, OursNamesFoldersRelativeToItself) {
     const Scratch folder;
     ASSERT_TRUE(MakeDirectory(folder.Path("sets")));

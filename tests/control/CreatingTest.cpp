@@ -87,12 +87,16 @@ TEST_F(Creating, BadVersionIsCode7AndUnknownLocaleCode8) {
     for (const auto& [major, minor] : {std::pair{-1, 0}, {65536, 0}, {0, -1}, {0, 256}}) {
         EXPECT_EQ(Create(kId, "", "", major, minor), 7);
     }
-    for (const int locale : {0, 0x0408, -1}) {
+    // None at all, a language without a country, one without an abbreviation.
+    for (const int locale : {0, 0x0009, 0x0466, -1}) {
         EXPECT_EQ(control.CreateLanguage(folder.Path("set.enu"), locale), 8);
+        EXPECT_NE(types.ResultReason().find("such as 1033"), std::string::npos);
     }
-    ASSERT_EQ(control.CreateLanguage(folder.Path("set.deu"), 0x0407), 0);
-    ASSERT_EQ(control.Save(), 0);
-    EXPECT_EQ(ReadFile(folder.Path("set.deu")).substr(0x32B, 4), std::string("deu\0", 4));
+    for (const auto& [locale, language] : {std::pair{0x0407, "deu"}, {0x0408, "ell"}, {0x10407, "deu"}}) {
+        ASSERT_EQ(control.CreateLanguage(folder.Path("set.lng"), locale), 0);
+        ASSERT_EQ(control.Save(), 0);
+        EXPECT_EQ(ReadFile(folder.Path("set.lng")).substr(0x32B, 4), language + std::string(1, '\0'));
+    }
 }
 
 TEST_F(Creating, WrongKindTextOrHandleIsCode16) {

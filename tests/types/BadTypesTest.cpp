@@ -141,7 +141,10 @@ TEST(BadTypes, CreationFaultsReachTheUserAsTheirErrors) {
         device.AddNv(310);
         device.WriteFiles(kElements);
         row.change(device);
-        EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), row.error) << row.what;
+        const auto error = Raised([&] { device.Generate(); });
+        ASSERT_TRUE(error) << row.what;
+        EXPECT_EQ(error->Number(), ErrorValue(row.error - 1000)) << row.what;
+        EXPECT_EQ(error->Context().field, row.error == 1104 ? "localeID" : "") << row.what;
         EXPECT_TRUE(device.written.empty()) << row.what;
     }
 }
