@@ -89,11 +89,15 @@ FormatParameter ParseFormatExpression(std::string_view text) {
 std::string FormatExpressionText(const FormatParameter& parameter) {
     std::string text = parameter.expression;
     const bool hasUnit = !parameter.unit.empty() || parameter.unitText.number != 0;
-    if (parameter.factor != 1.0 || parameter.offset != 0.0 || hasUnit) {
-        text += '*' + DoubleToText(parameter.factor);
-        if (parameter.offset >= 0)
+    const std::string factor = DoubleToText(parameter.factor);
+    const std::string offset = DoubleToText(parameter.offset);
+    // A path that ends like a factor or a unit would be taken for one, unless those of its own stand behind.
+    const bool isPlain = ParseFormatExpression(text).expression == text;
+    if (factor != "1" || offset != "0" || hasUnit || !isPlain) {
+        text += '*' + factor;
+        if (!offset.starts_with('-'))
             text += '+';
-        text += DoubleToText(parameter.offset);
+        text += offset;
     }
     if (parameter.unitText.number != 0) {
         text += '(';

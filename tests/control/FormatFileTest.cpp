@@ -86,6 +86,26 @@ TEST(FormatFiles, WhatIsNoFormatFileIsRefusedWithItsLine) {
     }
 }
 
+// Paths that end like a factor or a unit, and a factor that is 1 once it is written.
+TEST(FormatFiles, WhatWasWrittenReadsAsItself) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"a*2*1", "a*2*1+0"},
+        {"a*2+1*1+0", "a*2+1*1+0"},
+        {"a(0:5)(0:0)", "a(0:5)*1+0"},
+        {"a*1.0000000000000002", "a"},
+        {"a*1+0", "a"},
+        {"a*2-0", "a*2+0"},
+    };
+    for (const auto& [read, written] : rows) {
+        FormatFile file;
+        file.formats = {ReadOne(std::string("T: f(") + read + ",b);")};
+        const std::string text = WriteFormatFile(file);
+        EXPECT_EQ(text, std::string("\r\nT: f(") + written + ",b);\r\n");
+        file.formats = {ReadOne(text)};
+        EXPECT_EQ(WriteFormatFile(file), text);
+    }
+}
+
 TEST(FormatFiles, WriterShowsUnitsBehindTheirValues) {
     FormatFile file;
     file.settings = {"selector A"};
