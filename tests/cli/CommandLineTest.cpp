@@ -7,6 +7,7 @@
 
 #include "../component/Device.h"
 #include "cli/CommandLine.h"
+#include "cli/Report.h"
 
 namespace tovarek::test {
 namespace {
@@ -85,6 +86,13 @@ TEST_F(CommandLine, OptionsActInTheOrderInWhichTheyStand) {
     const std::string two =
         scratch_.File("two.json", R"({"iniProfileFile": "x", "xifProfileFile": "none.xif"})");
     EXPECT_NE(Generate({"--job", two}).error.find("error 53"), std::string::npos);
+}
+
+TEST_F(CommandLine, TheShippedCatalogStandsInWhenNoCatalogIsSet) {
+    base_.erase(base_.begin() + 1, base_.begin() + 3);
+    EXPECT_EQ(Generate().status, 0);
+    const Answer run = Generate({"--catalogFile", std::string(TOVAREK_CATALOG) + "/ldrf.cat"});
+    EXPECT_EQ(run.status, 0) << "a file alone is a catalog as well\n" << run.error;
 }
 
 TEST_F(CommandLine, FailuresNameNumberMessageAndPlace) {
@@ -203,6 +211,11 @@ TEST_F(CommandLine, AFailedRunListsWhatItHadWritten) {
     EXPECT_TRUE(early["written"].is_array() && early["written"].empty()) << early;
 }
 
+TEST(Suggestion, SharesAtLeastHalfOfTheLetters) {
+    EXPECT_EQ(Nearest("abcd", {"axxx", "ABxx", "abyy"}), "ABxx") << "the first of the nearest ones";
+    EXPECT_EQ(Nearest("abcd", {"axxx"}), "");
+}
+
 TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     const char* jobs[] = {
         "",
@@ -213,6 +226,9 @@ TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
         "{\"mustGenerateXif\": \"true\"}",
         "{\"localeID\": 1.5}",
         "{\"localeID\": 99999999999}",
+        "{\"localeID\": 2147483648}",
+        "{\"localeID\": 4294968329}",
+        "{\"localeID\": -2147483649}",
         "{\"localeID\": 18446744073709551615}",
         "{\"xmlTemplateNode\": {\"file\": \"x\"}}",
         "{\"creator\": \"\xFF\"}",
@@ -223,6 +239,8 @@ TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
         EXPECT_EQ(run.status, 2) << job;
         EXPECT_FALSE(run.error.empty());
     }
+    for (const char* job : {"{\"localeID\": 2147483647}", "{\"localeID\": -2147483648}"})
+        EXPECT_EQ(Generate({"--job", scratch_.File("job.json", job)}).status, 0) << job;
     std::string deep = "{\"creator\": ";
     deep.append(100000, '[');
     EXPECT_EQ(Generate({"--job", scratch_.File("deep.json", deep)}).status, 2);

@@ -137,6 +137,8 @@ TEST(Generate, ProfileAndOutputMayBeTheSameFile) {
     device.Component().xifProfileFile(device.Component().outputXIFfile());
     ASSERT_EQ(device.Generate(), 0);
     EXPECT_EQ(device.Xif(), first);
+    EXPECT_EQ(device.Component().WrittenFiles(), std::vector{device.Component().outputXIFfile()})
+        << "those of the last generation alone";
 }
 
 TEST(Generate, NamesAreAddedToDeclarationsWhereAsked) {

@@ -1,6 +1,7 @@
 // The creating operations: every result code from a real fault, limits of the format, failed writes.
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 #include "Fixtures.h"
 #include "support/Error.h"
@@ -171,6 +172,25 @@ TEST_F(Creating, EnumerationTakesAsManyValuesAsItsRecord) {
     EXPECT_EQ(file.enumerations[0]->values.size(), static_cast<std::size_t>(values));
 }
 
+TEST_F(Creating, EnumerationIsFilledToItsLastByte) {
+    OpenTypes();
+    // The last value's name has `name` characters and follows on `before` bytes. The name of a short one
+    // would begin behind what 16 bits tell, although the record ends in time.
+    for (const auto& [before, name, code] :
+         {std::tuple{65507U, 20U, 0}, {65507U, 21U, 15}, {65524U, 1U, 0}, {65525U, 1U, 15}}) {
+        ASSERT_EQ(types.CreateEnumeration("many", number), 0);
+        std::size_t length = 1 + 4 + 1 + 5 + 2;
+        for (; length + 13 <= 65507; length += 13)
+            ASSERT_EQ(types.AddEnumerationValue(number, "value", 0, 0), 0);
+        if (length < before) {
+            ASSERT_EQ(types.AddEnumerationValue(number, std::string(before - length - 8, 'n'), 0, 0), 0);
+        }
+        EXPECT_EQ(types.AddEnumerationValue(number, std::string(name, 'v'), 0, 0), code)
+            << before << ' ' << name;
+    }
+    EXPECT_EQ(control.Save(), 0) << types.ResultReason();
+}
+
 TEST_F(Creating, ElementsThatTheKindDoesNotHaveAreCode16) {
     OpenTypes();
     EXPECT_EQ(types.DescribeUnsigned({}, 1, {}), 21) << "nothing is started";
@@ -219,10 +239,11 @@ TEST_F(Creating, LimitsOutsideTheKindAreCodes24And25) {
     EXPECT_EQ(types.DescribeSigned({}, 2, {.minimum = 2, .maximum = 1}), 24);
     EXPECT_EQ(types.DescribeFloat({}, -1e39, {}), 24);
     EXPECT_EQ(types.DescribeFloat({}, {}, 1e39), 25);
-    EXPECT_EQ(types.DescribeFloat({}, {}, 3.40282357e38), 25) << "rounds to infinity";
+    const double roundsUp = std::numeric_limits<float>::max() + 0x1p103;
+    EXPECT_EQ(types.DescribeFloat({}, {}, roundsUp), 25) << "rounds to infinity";
     EXPECT_EQ(types.DescribeFloat({}, std::nan(""), {}), 24);
     EXPECT_EQ(types.DescribeFloat({}, 1.0, 0.5), 24);
-    EXPECT_EQ(types.DescribeFloat({}, -3.40282346638529E+38, 3.40282346638529E+38), 0)
+    EXPECT_EQ(types.DescribeFloat({}, -std::nextafter(roundsUp, 0), 3.40282346638529E+38), 0)
         << "15 digits round up";
 }
 

@@ -4,6 +4,8 @@
 
 #include "Fixtures.h"
 #include "control/Crc16.h"
+#include "control/TypeFileView.h"
+#include "support/CodePage.h"
 
 namespace tovarek {
 namespace {
@@ -33,6 +35,11 @@ std::uint32_t Number(const std::string& bytes, std::size_t position) {
 void Put16(std::string& bytes, std::size_t position, std::uint16_t value) {
     bytes[position] = static_cast<char>(value >> 8U);
     bytes[position + 1] = static_cast<char>(value & 0xFFU);
+}
+
+void Put32(std::string& bytes, std::size_t position, std::size_t value) {
+    Put16(bytes, position, static_cast<std::uint16_t>(value >> 16U));
+    Put16(bytes, position + 2, static_cast<std::uint16_t>(value));
 }
 
 // Makes both checksums right, so that damage reaches the checks behind them.
@@ -112,28 +119,73 @@ TEST(Damage, CodesTellWhatIsWrong) {
     bytes[0x48A] = 2;  // the first record gives another number
     Repair(bytes);
     EXPECT_EQ(ReadAs(1, bytes), 20);
+    bytes = own[1];
+    Put32(bytes, 0x31E, 1);  // a data section without room for its checksum
+    Repair(bytes);
+    EXPECT_EQ(ReadAs(1, bytes), 6);
+    bytes = own[2];
+    const std::size_t headerEnd = Number(bytes, 0x314);
+    bytes.resize(headerEnd);
+    bytes.append(3, '\0');
+    Put32(bytes, 0x31E, 2);
+    for (const auto& [start, code] : {std::pair{headerEnd, 0}, {headerEnd - 1, 6}}) {
+        Put32(bytes, 0x31A, start);
+        Repair(bytes);
+        EXPECT_EQ(ReadAs(2, bytes), code) << "the data section begins at the header's end or behind it";
+    }
     bytes = own[0];
     bytes[0x367 + 1] ^= 1;  // the checksum of a string
     Repair(bytes);
     EXPECT_EQ(ReadAs(0, bytes), 10);
 }
 
-// Records may not overlap without end: 65,535 table entries over one small data section.
-TEST(Damage, OverlappingRecordsDoNotMultiplyTheWork) {
-    LanguageFile file;
-    file.header.title = TitleText(ResourceKind::language, 1, 0);
-    file.language = "enu";
-    for (int i = 0; i < 60000; ++i) {
-        file.strings.emplace_back("");
-    }
-    std::string bytes;
-    ASSERT_TRUE(WriteLanguageFile(file, bytes).Ok());
-    const std::size_t data = Number(bytes, 0x31A);
-    for (std::size_t i = 0; i < 60000; ++i) {
-        Put16(bytes, data + 2 + 9 * i + 3, 0xFFFF);  // each string claims to be as long as can be
-    }
+// Lets the tables of the header name the record at `to` where they name the one at `from`.
+void Redirect(std::string& bytes, std::size_t from, std::size_t to) {
+    for (std::size_t i = 0x32A; i + 4 <= Number(bytes, 0x314); ++i)
+        if (Number(bytes, i) == from)
+            Put32(bytes, i, to);
     Repair(bytes);
-    EXPECT_NE(ReadAs(0, bytes), 0);
+}
+
+// Records may not overlap: 65,535 table entries over one small data section would multiply the work. Here a
+// sound record lies inside another one. Both together have one byte more than the data section.
+TEST(Damage, OverlappingRecordsDoNotMultiplyTheWork) {
+    LanguageFile language;
+    language.header.title = TitleText(ResourceKind::language, 1, 0);
+    language.language = "enu";
+    std::string inner = std::string(13, 'x') + '\0';
+    std::string head("\0\0\2\0\x11??\0", 8);
+    Put16(head, 5, Crc16(inner));
+    inner.insert(0, head);
+    language.strings = {FromCodePage(inner), ""};
+    std::string bytes;
+    ASSERT_TRUE(WriteLanguageFile(language, bytes).Ok());
+    ASSERT_EQ(ReadAs(0, bytes), 0);
+    const std::size_t first = Number(bytes, 0x31A) + 2;
+    ASSERT_EQ(4 + inner.size() + 17, Number(bytes, 0x31E) + 1);
+    Redirect(bytes, first + 5 + 4 + inner.size(), first + 5 + 3);
+    EXPECT_EQ(ReadAs(0, bytes), 13);
+
+    TypeFile types = MakeExampleSet().types;
+    types.enumerations.clear();
+    types.nvTypes.resize(1);
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    const std::size_t record = Number(bytes, 0x31A) + 2;
+    const std::size_t length = static_cast<unsigned char>(bytes[record + 3]);
+    inner = bytes.substr(record, 4 + length) + std::string(11, '\0');
+    inner[3] = static_cast<char>(length + 11);
+    CpType& property = *types.cpTypes[0];
+    property.size = static_cast<std::uint16_t>(inner.size());
+    property.initial = inner;
+    property.minimum.reset();
+    property.maximum.reset();
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    TypeFileView view;
+    ASSERT_TRUE(TypeFileView::Open(bytes, view).Ok());
+    Redirect(bytes, record, bytes.find(inner));
+    EXPECT_EQ(TypeFileView::Open(bytes, view).code, 20);
+    Redirect(bytes, bytes.find(inner), 1);
+    EXPECT_EQ(TypeFileView::Open(bytes, view).code, 20) << "no record stands in the header";
 }
 
 TEST(Damage, RandomChangesNeverCrashAReader) {

@@ -52,6 +52,18 @@ TEST(XifReader, ReadsEveryRecord) {
     EXPECT_FALSE(file.endMark);
 }
 
+TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
+    const auto size = [](std::initializer_list<int> offsets) {
+        XifVariable variable;
+        for (const int offset : offsets)
+            variable.elements.push_back({.type = 3, .offset = offset});
+        return variable.Size();
+    };
+    EXPECT_EQ(size({0, 1, 2}), 1);
+    EXPECT_EQ(size({0, 0}), 2) << "two fields cannot have one place";
+    EXPECT_EQ(size({4, 3}), 2);
+}
+
 TEST(XifReader, SurvivesWhatOldToolsLeave) {
     const std::string text(test::kSmallXif);
     std::string unixLines = text;

@@ -15,6 +15,8 @@ TEST(Files, WhatCannotBeReadHasItsOwnNumber) {
         {scratch.Folder(), 75},
         {file + (kIsWindows ? "\\below" : "/below"), 76},
         {"", 53},
+        {"/no-such-file-in-the-root", 53},
+        {"?/below-a-folder-of-one-letter", kIsWindows ? 75 : 76},
     };
     // Windows knows no file of such a name; POSIX knows that there cannot be one.
     if (!kIsWindows)

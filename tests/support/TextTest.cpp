@@ -30,6 +30,18 @@ TEST(Text, CharactersAreCountedNotBytes) {
 TEST(Text, UpperCaseNeverEndsInAscii) {
     EXPECT_EQ(UpperCase("az09_\xC3\xA9\xC3\xBF\xC5\xA1\xCF\x80\xD1\x8F"),
               "AZ09_\xC3\x89\xC5\xB8\xC5\xA0\xCE\xA0\xD0\xAF");
+    // Ends and insides of every range of letters, and neighbours that have no capital of their own.
+    EXPECT_EQ(
+        UpperCase("\u00E0\u00F6\u00F8\u00FE\u0101\u012F\u0133\u0137\u013A\u0148\u014B\u0177\u017A\u017E"),
+        "\u00C0\u00D6\u00D8\u00DE\u0100\u012E\u0132\u0136\u0139\u0147\u014A\u0176\u0179\u017D");
+    EXPECT_EQ(
+        UpperCase("\u03AC\u03AD\u03AF\u03B1\u03C1\u03C3\u03CB\u03CC\u03CD\u03CE\u0430\u044F\u0450\u045F"),
+        "\u0386\u0388\u038A\u0391\u03A1\u03A3\u03AB\u038C\u038E\u038F\u0410\u042F\u0400\u040F");
+    EXPECT_EQ(UpperCase("\u00E1\u00F9\u0103\u03AE\u03B2\u03C4\u0431\u0451"),
+              "\u00C1\u00D9\u0102\u0389\u0392\u03A4\u0411\u0401");
+    for (const char* same : {"\u00DF\u00F7", "\u0102\u0134\u013B\u014C\u017B",
+                             "\u0100\u0130\u0138\u0149\u0178\u017F", "\u03B0\u03C2\u03CF\u0460"})
+        EXPECT_EQ(UpperCase(same), same);
     // Dotless i and long s have ASCII capitals; position for position they stay what they are.
     EXPECT_EQ(UpperCase("\xC4\xB1\xC5\xBF\xC3\x9F\xC3\xB7"), "\xC4\xB1\xC5\xBF\xC3\x9F\xC3\xB7");
 }

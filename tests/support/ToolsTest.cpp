@@ -61,6 +61,13 @@ TEST(Tools, CreateDirectoryMakesOneLevelOnly) {
     EXPECT_TRUE(FolderExists(scratch.Path("new")));
     CTools().CreateDirectory(scratch.Folder() + "\\no\\where\\");
     EXPECT_FALSE(FolderExists(scratch.Path("no")));
+    CTools().CreateDirectory(scratch.Folder() + "\\n");
+    EXPECT_TRUE(FolderExists(scratch.Path("n")));
+    // Without a parent, or without a name behind it, there is nothing to create.
+    CTools().CreateDirectory(scratch.Folder() + "\\twice\\\\");
+    EXPECT_FALSE(FolderExists(scratch.Path("twice")));
+    CTools().CreateDirectory("no-parent-of-this-folder");
+    EXPECT_FALSE(std::filesystem::remove("no-parent-of-this-folder")) << "it was created, and is gone again";
     scratch.File("OTHER", "");
     CTools().CreateDirectory(scratch.Folder() + "\\other");
     EXPECT_FALSE(FolderExists(scratch.Path("other"))) << "a file of that name stands in the way";

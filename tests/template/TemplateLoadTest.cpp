@@ -78,6 +78,20 @@ TEST(TemplateIni, HugeCountsAnswerAtOnce) {
                                        "[nv2147483648]\narraySize=9\n[nvs2]\narraySize=9");
               }),
               0);
+    // 4,097 variables are read, the sections up to the count are counted: each of them once, and none behind
+    // it.
+    for (const auto& [number, arraySize, error] : {std::tuple{4097, 1000, 0},
+                                                   {4097, 1001, 6},
+                                                   {4098, 1001, 6},
+                                                   {2147482648, 1000, 0},
+                                                   {2147482648, 1001, 6},
+                                                   {2147482649, 1001, 0}})
+        EXPECT_EQ(RaisedNumber([&, section = "[nv" + std::to_string(number) +
+                                             "]\narraySize=" + std::to_string(arraySize)] {
+                      FromIni(scratch, "[nvs]\nnumberOfStaticNvs=2147482648\n" + section);
+                  }),
+                  error)
+            << number << ' ' << arraySize;
     EXPECT_EQ(
         RaisedNumber([&] { FromIni(scratch, "[nvs]\nnumberOfStaticNvs=2\n[nv1]\narraySize=2147483647\n"); }),
         6);

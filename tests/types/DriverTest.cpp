@@ -52,6 +52,8 @@ TEST(Driver, FilesOfEveryScopeWithTypes) {
         texts.push_back(text.value_or("(none)"));
     EXPECT_EQ(texts, (Strings{"Lang file", "Tovarek utility", "Functional profile file", "Type file", "Level",
                               "How full", "%", "Level", "How full", "%"}));
+    EXPECT_EQ(language.header.scope, 6);
+    EXPECT_EQ(device.OutputTypes("node_3.typ").header.scope, 3);
     const TypeFile types = device.OutputTypes("node_6.typ");
     EXPECT_EQ(types.nvTypes[0]->nameText.number, 5U);
     EXPECT_EQ(types.nvTypes[0]->unit.number, 7U);

@@ -92,6 +92,16 @@ TEST(TypeLoading, UnitsOfDisplay) {
         shown += format.name + " " + std::to_string(format.format_a_coef) + " " +
                  std::to_string(format.format_c_coef) + " " + format.unit + "|";
     EXPECT_EQ(shown, "US 1.800000 32.000000 F|SI 1.000000 0.000000 |X 0.000000 0.000000 |");
+
+    // A member's standard type brings its formats along, but for names that differ in letter case only.
+    device.Load(
+        "<SNVT_300><TYPE>STRUCT</TYPE><NAME>a</NAME><UNITS><us_DIFF/></UNITS><FIELDS><t>105</t></FIELDS></"
+        "SNVT_300>"
+        "<SNVT_105><TYPE>SIGNEDNUMERIC</TYPE></SNVT_105>");
+    std::string names;
+    for (const CFormat& format : *device.Unvt("6_1").availableFormats)
+        names += format.name + "|";
+    EXPECT_EQ(names, "us_DIFF|SI|US|");
 }
 
 TEST(TypeLoading, MembersNestAndTakeOverScopeAndKind) {
