@@ -1,2 +1,2 @@
-// A program that does nothing, linked like the real one: the least memory that both can be loaded in.
+// A program that does nothing, linked to the same shared libraries as the real one.
 int main() {}
