@@ -10,8 +10,6 @@ namespace tovarek::test {
 
 #ifdef _WIN32
 inline constexpr bool kIsWindows = true;
-// The platform's DOM does not tell where a node stands, and Wine's not where a document has its fault.
-inline constexpr bool kXmlTellsLines = false;
 
 inline void SetVariable(const char* name, const std::string& value) {
     _putenv_s(name, value.c_str());
@@ -21,7 +19,6 @@ inline void UnsetVariable(const char* name) {
 }
 #else
 inline constexpr bool kIsWindows = false;
-inline constexpr bool kXmlTellsLines = true;
 
 inline void SetVariable(const char* name, const std::string& value) {
     setenv(name, value.c_str(), 1);

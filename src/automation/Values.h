@@ -8,7 +8,7 @@
 #include "component/PropertyTable.h"
 #include "support/Bstr.h"
 #include "support/Wide.h"
-#include "support/Xml_msxml.h"
+#include "support/XmlHost.h"
 
 namespace tovarek {
 

@@ -3,7 +3,6 @@
 #include "component/FilesList.h"
 #include "component/Tovarek.h"
 #include "control/StandardCatalog.h"
-#include "support/DtdPath.h"
 
 namespace tovarek {
 namespace {

@@ -89,7 +89,7 @@ void CProfile::Load() {
     }
     xmlLines_.fill(0);
     if (xmlNode)
-        LoadFromXmlNode(xmlNode);
+        LoadFromXmlNode(xmlNode.Current());
     // Required in this order: an element alone is loaded and then refused, since a profile is named by its
     // file.
     if (xmlFile.empty())

@@ -9,7 +9,8 @@ namespace tovarek {
 DoubleByteDecoder::DoubleByteDecoder(int codePage)
     : converter_(IsValidCodePage(static_cast<UINT>(codePage)) != FALSE ? codePage : kNone) {}
 
-DoubleByteDecoder::~DoubleByteDecoder() = default;
+// A code page is a number, nothing is held open.
+DoubleByteDecoder::~DoubleByteDecoder() {}
 
 char32_t DoubleByteDecoder::Decode(std::string_view bytes) {
     std::array<wchar_t, 4> out{};

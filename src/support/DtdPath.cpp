@@ -1,9 +1,6 @@
 #include "support/DtdPath.h"
 
-#include "support/Files.h"
 #include "support/Text.h"
-#include "support/XmlProlog.h"
-#include "support/XmlText.h"
 
 namespace tovarek {
 namespace {
@@ -88,19 +85,6 @@ std::optional<std::string> DtdPath(std::string_view document, std::string_view n
     if (colon != std::string_view::npos && path[colon] == ':')
         return std::nullopt;
     return std::string(IsSlash(path, 0) ? RootOf(document) : FolderOf(document)).append(path);
-}
-
-std::string DtdFileOf(const std::string& document) {
-    if (!FileExists(document))
-        return {};
-    try {
-        const XmlProlog prolog(XmlText(ReadFile(document)));
-        return DtdPath(document, prolog.SystemId()).value_or("");
-    } catch (const Error&) {
-        // Whoever reads the document tells why it cannot be read.
-    } catch (const XmlFault&) {
-    }
-    return {};
 }
 
 }  // namespace tovarek

@@ -13,8 +13,4 @@ namespace tovarek {
 // name, for another scheme and for another machine, which a document must not make us ask.
 std::optional<std::string> DtdPath(std::string_view document, std::string_view name);
 
-// The path of the DTD file of the document at `document`, which is looked at and not parsed. Empty when the
-// document names none, cannot be read, or is no regular file: a pipe gives its bytes only once.
-std::string DtdFileOf(const std::string& document);
-
 }  // namespace tovarek

@@ -65,12 +65,34 @@ const xmlNode* DeclarationMark() {
     return &mark;
 }
 
+// Stands for a host's node until it is copied.
+const xmlNode* HostMark() {
+    static const xmlNode mark{};
+    return &mark;
+}
+
 bool HasDeclaration(const xmlDoc* document) {
     // -1 is the library's word for "no declaration"; one without "standalone" is -2.
     return document->standalone != -1;
 }
 
 }  // namespace
+
+XmlNode XmlNodeAccess::Make(XmlTree tree, const xmlNode* node) {
+    return {std::make_shared<const XmlNode::Owner>(XmlNode::Owner{std::move(tree), {}, {}}), node};
+}
+
+XmlNode XmlNodeAccess::Make(std::unique_ptr<const XmlHostNode> host) {
+    return {std::make_shared<const XmlNode::Owner>(XmlNode::Owner{{}, {}, std::move(host)}), HostMark()};
+}
+
+const XmlHostNode* XmlNodeAccess::HostOf(const XmlNode& node) {
+    return node.owner_ ? node.owner_->host.get() : nullptr;
+}
+
+XmlNode XmlNode::Current() const {
+    return owner_ && owner_->host ? owner_->host->Copy() : *this;
+}
 
 XmlNodeKind XmlNode::Kind() const {
     if (node_ == nullptr)
@@ -130,7 +152,7 @@ XmlNode XmlNode::NextSibling() const {
         return {};
     const xmlNode* next = nullptr;
     if (node_ == DeclarationMark())
-        next = owner_->document->children;
+        next = owner_->tree->children;
     else
         next = IsText(Raw(node_)) ? EndOfRun(Raw(node_)) : Raw(node_)->next;
     next = SkipBlankText(next);
@@ -153,7 +175,7 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
 
 XmlDocument::XmlDocument(const std::string& path) {
     try {
-        owner_ = std::make_shared<const XmlNode::Owner>(ParseXmlFile(path), path);
+        owner_ = std::make_shared<const XmlNode::Owner>(XmlNode::Owner{ParseXmlFile(path), path, {}});
     } catch (const XmlFault& fault) {
         reason_ = fault.reason;
         line_ = fault.line;
@@ -165,9 +187,9 @@ XmlDocument::XmlDocument(const std::string& path) {
 XmlNode XmlDocument::FirstNode() const {
     if (!owner_)
         return {};
-    if (HasDeclaration(owner_->document))
+    if (HasDeclaration(owner_->tree.get()))
         return XmlNode(owner_, DeclarationMark());
-    return owner_->document->children == nullptr ? XmlNode() : XmlNode(owner_, owner_->document->children);
+    return owner_->tree->children == nullptr ? XmlNode() : XmlNode(owner_, owner_->tree->children);
 }
 
 }  // namespace tovarek

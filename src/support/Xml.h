@@ -1,20 +1,18 @@
-// XML documents through one small seam. The system needs little of a DOM: load a document, walk its nodes in
-// order, read names, texts and attributes.
+// XML documents. The system needs little of them: load a document, walk its nodes in order, read names, texts
+// and attributes.
 //
-// What every implementation keeps to:
-// - A document with a document type declaration must be valid, one without it only well-formed. An external
-// DTD is
-//   read from a file beside the document; a missing one fails the load. No network and no other external
-//   entity.
+// What every document keeps to:
+// - With a document type declaration it must be valid, without one only well-formed. An external DTD is read
+//   from a file beside the document; a missing one fails the load. No network and no other external entity.
 // - Internal entities are expanded into the text around them; documents that expand without measure are
-// refused.
+//   refused.
 // - Text nodes of nothing but white space do not exist. Other texts keep their white space. CDATA is not
-// text.
+//   text.
 // - Names are qualified names, prefix included; a prefix need not be declared.
 // - Elements nested deeper than kDeepestXml levels fail the load, so whoever walks a tree may recurse.
 //
-// On Windows nodes come from hosts as well, as their DOM made them: nothing of the above was checked then,
-// but for blank texts, which do not exist.
+// On Windows nodes come from hosts as well. They are copied as they are: nothing is validated, neighbouring
+// texts stay two, attributes are left out.
 #pragma once
 
 #include <memory>
@@ -45,6 +43,12 @@ class XmlNode {
     XmlNode() = default;
 
     explicit operator bool() const { return node_ != nullptr; }
+
+    // The node as it is now, to be read. A host may change a node of its own at any time: such a node is
+    // copied here and says nothing before; any other one is itself. Raises runtime error 57 when the host's
+    // DOM fails, 28 for elements nested deeper than kDeepestXml.
+    XmlNode Current() const;
+
     bool IsElement() const { return Kind() == XmlNodeKind::element; }
 
     XmlNodeKind Kind() const;
@@ -52,7 +56,7 @@ class XmlNode {
     std::string Name() const;
     // The text of a text node, entities expanded; empty for other kinds.
     std::string Text() const;
-    // 1-based line in the file, 0 when unknown; the platform's DOM of Windows does not know.
+    // 1-based line in the file, 0 when unknown and for a node that a host handed over.
     int Line() const;
     // Path of the file that the node was loaded from, empty for a node that a host handed over.
     const std::string& File() const;
@@ -64,7 +68,7 @@ class XmlNode {
 
   private:
     friend class XmlDocument;
-    friend struct XmlNodeAccess;  // an implementation's own door
+    friend struct XmlNodeAccess;  // the reader's own door
     struct Owner;
     XmlNode(std::shared_ptr<const Owner> owner, const void* node) : owner_(std::move(owner)), node_(node) {}
 
@@ -93,5 +97,9 @@ class XmlDocument {
     std::string reason_;
     int line_ = 0;
 };
+
+// The path of the DTD file of the document at `path`, which is read up to that name. Empty when the document
+// names none, cannot be read, or is no regular file: a pipe gives its bytes only once.
+std::string DtdFileOf(const std::string& path);
 
 }  // namespace tovarek

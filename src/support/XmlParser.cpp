@@ -13,10 +13,6 @@
 namespace tovarek {
 namespace {
 
-std::string TooDeep() {
-    return "elements are nested deeper than " + std::to_string(kDeepestXml) + " levels";
-}
-
 std::string Text(const xmlChar* text) {
     return text == nullptr ? std::string() : reinterpret_cast<const char*>(text);
 }
@@ -31,7 +27,8 @@ struct Load {
 
     std::string path;
     xmlParserCtxtPtr parser = nullptr;  // the document's; markup out of entities gets others
-    int dtdLine = 0;                    // where the document asks for its DTD file
+    std::string dtdName;
+    int dtdLine = 0;  // where the document asks for its DTD file
     XmlFault fault;
     Weight weight = Weight::none;
     bool refused = false;
@@ -192,7 +189,7 @@ void StartElement(void* reader, const xmlChar* name, const xmlChar* prefix, cons
     auto* const parser = static_cast<xmlParserCtxtPtr>(reader);
     Load& load = LoadOf(reader);
     if (parser->nodeNr >= kDeepestXml) {
-        load.Guarded([&] { load.Refuse(reader, TooDeep()); });
+        load.Guarded([&] { load.Refuse(reader, TooDeepReason()); });
         return;
     }
     xmlSAX2StartElementNs(reader, name, prefix, uri, namespaceCount, namespaces, attributeCount,
@@ -224,10 +221,26 @@ const xmlNode* FirstTooDeep(const xmlDoc* tree) {
     return nullptr;
 }
 
-struct FreeXml {
+struct FreeParser {
     void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
-    void operator()(xmlDocPtr tree) const { xmlFreeDoc(tree); }
 };
+using Parser = std::unique_ptr<xmlParserCtxt, FreeParser>;
+
+Parser NewParser(Load& load) {
+    Parser parser(xmlNewParserCtxt());
+    if (!parser)
+        throw std::bad_alloc();
+    load.parser = parser.get();
+    parser->_private = &load;
+    return parser;
+}
+
+// The text is UTF-8, whatever its declaration says.
+XmlTree Read(xmlParserCtxt& parser, const std::string& text, int options) {
+    CheckSize(text);
+    return XmlTree(xmlCtxtReadMemory(&parser, text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                                     options | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC));
+}
 
 void Check(const Load& load, const xmlDoc* tree) {
     if (load.outOfMemory)
@@ -241,33 +254,55 @@ void Check(const Load& load, const xmlDoc* tree) {
     if (hasDtd && load.parser->valid == 0)
         throw fault(Weight::invalid, "the document does not follow its document type definition");
     if (const xmlNode* const deep = FirstTooDeep(tree))
-        throw XmlFault{TooDeep(), deep->line};
+        throw XmlFault{TooDeepReason(), deep->line};
 }
 
 }  // namespace
 
-xmlDocPtr ParseXmlFile(const std::string& path) {
+std::string TooDeepReason() {
+    return "elements are nested deeper than " + std::to_string(kDeepestXml) + " levels";
+}
+
+XmlTree ParseXmlFile(const std::string& path) {
     const std::string text = XmlText(ReadFile(path));
-    CheckSize(text);
     Load load(path);
     const ReportsTo reports(load);
-    const std::unique_ptr<xmlParserCtxt, FreeXml> parser(xmlNewParserCtxt());
-    if (!parser)
-        throw std::bad_alloc();
-    load.parser = parser.get();
-    parser->_private = &load;
+    const Parser parser = NewParser(load);
     parser->sax->resolveEntity = ReadDtd;
     parser->sax->getEntity = GetEntity;
     parser->sax->getParameterEntity = GetParameterEntity;
     parser->sax->startElementNs = StartElement;
-
-    // The text is UTF-8, whatever the declaration says.
-    constexpr int kOptions = XML_PARSE_NOENT | XML_PARSE_DTDATTR | XML_PARSE_DTDVALID | XML_PARSE_NONET |
-                             XML_PARSE_BIG_LINES | XML_PARSE_COMPACT | XML_PARSE_IGNORE_ENC;
-    std::unique_ptr<xmlDoc, FreeXml> tree(xmlCtxtReadMemory(
-        parser.get(), text.data(), static_cast<int>(text.size()), nullptr, nullptr, kOptions));
+    XmlTree tree = Read(
+        *parser, text,
+        XML_PARSE_NOENT | XML_PARSE_DTDATTR | XML_PARSE_DTDVALID | XML_PARSE_BIG_LINES | XML_PARSE_COMPACT);
     Check(load, tree.get());
-    return tree.release();
+    return tree;
+}
+
+std::string DtdFileOf(const std::string& path) {
+    if (!FileExists(path))
+        return {};
+    try {
+        const std::string text = XmlText(ReadFile(path));
+        Load load(path);
+        const ReportsTo reports(load);
+        const Parser parser = NewParser(load);
+        parser->sax->internalSubset = [](void* reader, const xmlChar*, const xmlChar*, const xmlChar* name) {
+            LoadOf(reader).Guarded([&] { LoadOf(reader).dtdName = Text(name); });
+            xmlStopParser(static_cast<xmlParserCtxtPtr>(reader));
+        };
+        parser->sax->startElementNs = [](void* reader, auto...) {
+            xmlStopParser(static_cast<xmlParserCtxtPtr>(reader));
+        };
+        Read(*parser, text, 0);
+        if (load.outOfMemory)
+            throw std::bad_alloc();
+        return DtdPath(path, load.dtdName).value_or("");
+    } catch (const Error&) {
+        // Whoever reads the document tells why it cannot be read.
+    } catch (const XmlFault&) {
+    }
+    return {};
 }
 
 }  // namespace tovarek

@@ -10,7 +10,7 @@ void CTemplate::Load() {
     if (!iniFile.empty())
         LoadTemplateFromIni();
     else if (xmlNode)
-        LoadTemplateFromXmlNode(xmlNode);
+        LoadTemplateFromXmlNode(xmlNode.Current());
     else if (!xmlFile.empty())
         LoadTemplateFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler));
     else

@@ -71,6 +71,11 @@ TEST(Nodes, ATemplateIsReadFromAHostsElement) {
     EXPECT_EQ(generate(L"9000010a0b04010"), bad);
     EXPECT_EQ(generate(L"90000<!-- c -->10a0b040100"), bad) << "only the first piece of the text counts";
     EXPECT_EQ(generate(L"<![CDATA[9000010a0b040100]]>"), bad) << "CDATA is no text";
+    const auto given = ObjectOf(ComPtr<IDispatch>::Share(server.Get()), "xmlTemplateNode");
+    EXPECT_EQ(
+        DispatchPut(ObjectOf(given, "firstChild").Get(), "text", Variant(std::wstring(L"9000010a0b040100"))),
+        "S_OK");
+    EXPECT_EQ(Telling(server->Generate()), "S_OK") << "the node as it is when it is needed";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The nodes of hosts, and where the platform's parser differs.
+// The nodes of hosts.
 #include <gtest/gtest.h>
 #include <windows.h>
 // The header wants the types of windows.h.
@@ -7,10 +7,11 @@
 #include <string>
 
 #include "Scratch.h"
+#include "support/Bstr.h"
 #include "support/CTools.h"
 #include "support/ComPtr.h"
 #include "support/Wide.h"
-#include "support/Xml_msxml.h"
+#include "support/XmlHost.h"
 
 namespace tovarek::test {
 namespace {
@@ -24,6 +25,7 @@ class HostDocument {
         CLSIDFromProgID(L"MSXML2.DOMDocument", &id);
         CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument, document_.OutVoid());
         document_->put_async(VARIANT_FALSE);
+        document_->put_validateOnParse(VARIANT_FALSE);
         document_->put_preserveWhiteSpace(keepsBlanks ? VARIANT_TRUE : VARIANT_FALSE);
         VARIANT_BOOL isLoaded = VARIANT_FALSE;
         BSTR source = SysAllocString(ToWide(text).c_str());
@@ -42,32 +44,103 @@ class HostDocument {
     ComPtr<IXMLDOMDocument> document_;
 };
 
+// The children as they are now: elements by name, texts in brackets, "-" for what only parts them.
 std::string Children(const XmlNode& parent) {
     std::string shown;
-    for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
-        shown += child.IsElement() ? child.Name() + " " : "[" + child.Text() + "] ";
+    for (XmlNode child = parent.Current().FirstChild(); child; child = child.NextSibling())
+        shown += (child.IsElement()                   ? child.Name()
+                  : child.Kind() == XmlNodeKind::text ? "[" + child.Text() + "]"
+                                                      : "-") +
+                 " ";
     return shown;
 }
 
-TEST(WindowsXml, AHostsNodeIsWalkedLikeOneOfOurs) {
-    for (const bool keepsBlanks : {false, true}) {
-        const HostDocument host("<t k='1' xmlns:n='urn:x'>\n <a/> x <n:b/><!-- c -->\n</t>", keepsBlanks);
-        const XmlNode node = NodeOfHost(host.Root().Get());
-        EXPECT_EQ(node.Name(), "t");
-        EXPECT_EQ(Children(node), "a [ x ] n:b [] ");
-        EXPECT_EQ(node.Attributes(), (std::vector<std::pair<std::string, std::string>>{{"k", "1"}}));
-        EXPECT_EQ(node.File(), "");
-        EXPECT_EQ(node.Line(), 0);
-    }
+// Appends what `made` answers to `parent`.
+template <class Made>
+void Append(IXMLDOMNode* parent, const ComPtr<Made>& made) {
+    ComPtr<IXMLDOMNode> added;
+    EXPECT_EQ(parent->appendChild(made.Get(), added.Out()), S_OK);
+}
+ComPtr<IXMLDOMText> TextOf(const HostDocument& host, const wchar_t* text) {
+    ComPtr<IXMLDOMText> made;
+    EXPECT_EQ(host.Get()->createTextNode(Bstr(text).Get(), made.Out()), S_OK);
+    return made;
+}
+ComPtr<IXMLDOMElement> ElementOf(const HostDocument& host, const wchar_t* name) {
+    ComPtr<IXMLDOMElement> made;
+    EXPECT_EQ(host.Get()->createElement(Bstr(name).Get(), made.Out()), S_OK);
+    return made;
 }
 
-TEST(WindowsXml, AHostsDocumentIsANodeWithItsDeclarations) {
-    const HostDocument host("<?xml version='1.0'?><!DOCTYPE t [<!ELEMENT t ANY>]><t/>");
-    XmlNode child = NodeOfHost(host.Get()).FirstChild();
-    std::string kinds;
-    for (; child; child = child.NextSibling())
-        kinds += std::to_string(static_cast<int>(child.Kind())) + " ";
-    EXPECT_EQ(kinds, "7 10 1 ");
+TEST(WindowsXml, AHostsNodeIsCopiedAsItIs) {
+    const std::string type = "<!DOCTYPE t [<!ELEMENT t ANY><!ENTITY e 'ent'><!ENTITY s ' '>]>";
+    const std::pair<std::string, const char*> rows[] = {
+        {"<t k='1' xmlns:n='urn:x'>\n <a/> x <n:b/><!-- c -->\n</t>", "a [ x ] n:b - "},
+        {"<t>x<![CDATA[y]]>z<?p?></t>", "[x] - [z] - "},
+        {"<t>a&#13;b</t>", "[a\rb] "},
+        {type + "<t>a&e;b</t>", "[aentb] "},
+        {type + "<t>&e;</t>", "[ent] "},
+        {type + "<t>&s;<!-- -->\n&s;</t>", "- "},
+        {"<!DOCTYPE other [<!ELEMENT other EMPTY>]><t><a/></t>", "a "},
+    };
+    for (const auto& [text, children] : rows)
+        for (const bool keepsBlanks : {false, true}) {
+            const HostDocument host(text, keepsBlanks);
+            const XmlNode node = NodeOfHost(host.Root().Get()).Current();
+            EXPECT_EQ(node.Name(), "t");
+            EXPECT_EQ(node.File(), "");
+            EXPECT_EQ(node.Line(), 0);
+            EXPECT_EQ(Children(node), children) << text;
+        }
+}
+
+TEST(WindowsXml, TheCopyIsTheNodeAsItNowIs) {
+    const HostDocument host("<t>one<u/>two<v/> <w/>three</t>");
+    const auto root = host.Root();
+    const XmlNode node = NodeOfHost(root.Get());
+    EXPECT_EQ(Children(node), "[one] u [two] v w [three] ");
+    // What parted them goes, and the texts stay neighbours.
+    for (const wchar_t* const name : {L"u", L"v", L"w"}) {
+        ComPtr<IXMLDOMNode> element;
+        ComPtr<IXMLDOMNode> removed;
+        ASSERT_EQ(root->selectSingleNode(Bstr(name).Get(), element.Out()), S_OK);
+        EXPECT_EQ(root->removeChild(element.Get(), removed.Out()), S_OK);
+    }
+    ComPtr<IXMLDOMComment> comment;
+    ASSERT_EQ(host.Get()->createComment(Bstr(L"a--b").Get(), comment.Out()), S_OK);
+    Append(root.Get(), comment);
+    EXPECT_EQ(Children(node), "[one] - [two] - [three] - ");
+    EXPECT_EQ(CTools().nodeTextValue(node.Current()), "one");
+}
+
+TEST(WindowsXml, DocumentsAndFragmentsAreWalkedLikeElements) {
+    const HostDocument host("<?xml version='1.0'?><!DOCTYPE t [<!ELEMENT t ANY>]><t><a/></t>");
+    EXPECT_EQ(Children(NodeOfHost(host.Get())), "- - t ");
+    ComPtr<IXMLDOMDocumentFragment> fragment;
+    ASSERT_EQ(host.Get()->createDocumentFragment(fragment.Out()), S_OK);
+    Append(fragment.Get(), ElementOf(host, L"b"));
+    Append(fragment.Get(), TextOf(host, L"x"));
+    EXPECT_EQ(Children(NodeOfHost(fragment.Get())), "b [x] ");
+    const auto text = TextOf(host, L"x");
+    EXPECT_TRUE(NodeOfHost(text.Get()));
+    EXPECT_EQ(Children(NodeOfHost(text.Get())), "") << "a node without elements";
+}
+
+TEST(WindowsXml, ElementsNestToTheLimitAndNoDeeper) {
+    const HostDocument host("<t/>");
+    const auto root = host.Root();
+    ComPtr<IXMLDOMElement> innermost = root;
+    const auto nest = [&] {
+        const auto inner = ElementOf(host, L"a");
+        Append(innermost.Get(), inner);
+        innermost = inner;
+    };
+    for (int level = 2; level <= kDeepestXml; ++level)
+        nest();
+    EXPECT_EQ(RaisedNumber([&] { NodeOfHost(root.Get()).Current(); }), 0);
+    nest();
+    EXPECT_EQ(RaisedNumber([&] { NodeOfHost(root.Get()).Current(); }), 28);
+    EXPECT_EQ(RaisedNumber([&] { NodeOfHost(host.Get()).Current(); }), 28);
 }
 
 TEST(WindowsXml, AHostGetsItsObjectBackAndNothingElseIsANode) {
@@ -76,7 +149,7 @@ TEST(WindowsXml, AHostGetsItsObjectBackAndNothingElseIsANode) {
     IDispatch* const object = root.Get();
     const XmlNode node = NodeOfHost(object);
     EXPECT_EQ(HostObject(node), object);
-    EXPECT_EQ(HostObject(node.FirstChild()), nullptr);
+    EXPECT_EQ(HostObject(node.Current()), nullptr);
     EXPECT_FALSE(NodeOfHost(nullptr));
     ComPtr<IXMLDOMImplementation> other;
     host.Get()->get_implementation(other.Out());
@@ -89,8 +162,9 @@ TEST(WindowsXml, ANodeKeepsItsDocumentAlive) {
     XmlNode node;
     {
         const HostDocument host("<t><a>x</a></t>");
-        node = NodeOfHost(host.Root().Get()).FirstChild();
+        node = NodeOfHost(host.Root().Get());
     }
+    node = node.Current().FirstChild();
     EXPECT_EQ(CTools().nodeTextValue(node), "x");
 }
 

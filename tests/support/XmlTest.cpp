@@ -213,8 +213,6 @@ TEST(Xml, ElementsNestToTheLimitAndNoDeeper) {
         type += "<!ENTITY e" + std::to_string(i) + " '" + levels + "'>";
     }
     EXPECT_FALSE(XmlDocument(scratch.File("d.xml", type + "]><a>&e3;</a>")).IsLoaded());
-    if (!kXmlTellsLines)
-        return;
     std::string endless = "<?xml version='1.0'?>\n";
     for (int i = 0; i < 1000; ++i)
         endless += "<n:a>";
@@ -229,9 +227,7 @@ TEST(Xml, LoadFailuresTellTheLine) {
     const Scratch scratch;
     const XmlDocument document(scratch.File("d.xml", "<a>\n<b>\n</a>\n"));
     EXPECT_FALSE(document.IsLoaded());
-    if (kXmlTellsLines) {
-        EXPECT_EQ(document.Line(), 3);
-    }
+    EXPECT_EQ(document.Line(), 3);
     EXPECT_FALSE(document.Reason().empty());
 }
 
@@ -264,8 +260,6 @@ TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
         const XmlDocument document(path);
         const std::string printed = testing::internal::GetCapturedStderr();
         EXPECT_FALSE(document.IsLoaded()) << text;
-        if (!kXmlTellsLines)
-            continue;
         EXPECT_EQ(printed, "") << text;
         EXPECT_NE(document.Reason().find(reason), std::string::npos) << text << document.Reason();
         EXPECT_EQ(document.Line(), line) << text << document.Reason();
@@ -276,13 +270,13 @@ TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
     const Scratch scratch;
     const std::string path = scratch.File("d.xml", "<a xmlns:n='urn:x'>\n<n:t k='1' n:k='2'>x</n:t></a>");
     const XmlNode node = CTools().SearchXmlNode(path, "n:t", CErrorHandler());
-    EXPECT_EQ(node.Line(), kXmlTellsLines ? 2 : 0);
+    EXPECT_EQ(node.Line(), 2);
     EXPECT_EQ(node.File(), path);
     const std::string entity = scratch.File("e.xml",
                                             "<!DOCTYPE a [<!ELEMENT a ANY><!ELEMENT t ANY>"
                                             "<!ENTITY e '<t/>\n\n<t/>'>]>\n<a>\n&e;</a>");
     for (XmlNode t = CTools().SearchXmlNode(entity, "t", CErrorHandler()); t; t = t.NextSibling())
-        EXPECT_EQ(t.Line(), kXmlTellsLines ? 5 : 0) << "where the entity is asked for";
+        EXPECT_EQ(t.Line(), 5) << "where the entity is asked for";
     EXPECT_EQ(node.Attributes().size(), 2U);
     EXPECT_EQ(node.Attributes()[1].first, "n:k");
     EXPECT_EQ(RaisedNumber([&] { CTools().SearchXmlNode(path, "t", CErrorHandler()); }), 1088);

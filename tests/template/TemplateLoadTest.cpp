@@ -155,7 +155,7 @@ TEST(TemplateXml, ANumberBeyond32BitsNamesItsPlace) {
     EXPECT_EQ(error->Number(), 6);
     EXPECT_EQ(error->Context().record, "network variable 2 (b)");
     EXPECT_EQ(error->Context().field, "LENGTH");
-    EXPECT_EQ(error->Context().line, kXmlTellsLines ? 2 : 0);
+    EXPECT_EQ(error->Context().line, 2);
     EXPECT_EQ(
         RaisedNumber([&] { FromXml(scratch, "<NVS><a><ARRAYSIZE>2147483647</ARRAYSIZE></a><b/></NVS>"); }),
         6);
