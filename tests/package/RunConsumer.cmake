@@ -1,5 +1,5 @@
 set(prefix ${WORK}/prefix)
-file(REMOVE_RECURSE ${prefix} ${WORK}/consumer)
+file(REMOVE_RECURSE ${prefix} ${WORK}/consumer ${WORK}/node.xif)
 
 function(run)
   execute_process(COMMAND ${ARGV} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -9,9 +9,16 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+file(READ ${DOCUMENT} text)
+string(REGEX MATCH "```cpp\n([^`]*)```" shown "${text}")
+file(WRITE ${WORK}/device.cpp "${CMAKE_MATCH_1}")
 run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/consumer -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_CXX_COMPILER=${COMPILER})
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DDEVICE=${WORK}/device.cpp)
 run(${CMAKE_COMMAND} --build ${WORK}/consumer)
 run(${WORK}/consumer/consumer)
+# The program that docs/cpp.md shows writes the example device.
+set(share ${prefix}/share/tovarek)
+run(${WORK}/consumer/device ${share}/examples/fan-coil/profile.ini ${share}/examples/fan-coil/template.ini ${WORK}/node.xif)
+run(${prefix}/bin/tovarek dump ${WORK}/node.xif)
 # The installed program finds the installed catalog.
 run(${prefix}/bin/tovarek catalog show SNVT_temp_p)
