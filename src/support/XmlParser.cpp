@@ -52,12 +52,11 @@ struct Load {
         fault = {std::move(reason), line};
     }
 
-    // Ends the reading by `reader` as any fatal fault does. The library would ask its own look-up after our
+    // With a document that still counts as well-formed the library would ask its own look-up after our
     // refusal, and open the file.
     void Refuse(void* reader, std::string reason) {
         refused = true;
         static_cast<xmlParserCtxtPtr>(reader)->wellFormed = 0;
-        static_cast<xmlParserCtxtPtr>(reader)->disableSAX = 1;
         Note(Weight::fatal, std::move(reason), Line());
     }
 
