@@ -40,7 +40,7 @@ def tables(document, *columns, under=""):
     for line in documents[document].splitlines():
         if line.startswith("#"):
             heading = line
-        if not line.startswith("|"):
+        if not line.lstrip().startswith("|"):
             header = None
             continue
         cells = [cell.strip() for cell in line.strip().removeprefix("|").removesuffix("|").split("|")]
