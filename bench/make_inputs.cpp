@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "Inputs.h"
-#include "support/Files.h"
+#include "system/Files.h"
 
 namespace {
 

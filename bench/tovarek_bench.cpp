@@ -8,7 +8,7 @@
 
 #include "Inputs.h"
 #include "component/Tovarek.h"
-#include "support/Files.h"
+#include "system/Files.h"
 
 namespace {
 

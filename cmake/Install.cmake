@@ -15,7 +15,8 @@ install(TARGETS tovarek EXPORT TovarekTargets
 install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 # Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does.
-foreach(room support control types/catalog profile template types component inspect)
+get_property(folders GLOBAL PROPERTY TOVAREK_ROOM_FOLDERS)
+foreach(room IN LISTS folders)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.h ${PROJECT_SOURCE_DIR}/src/${room}/*.inc)
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room})
 endforeach()

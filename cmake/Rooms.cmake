@@ -25,7 +25,8 @@ endfunction()
 
 # tovarek_check_includes(<target> FOLDER <folder under src> [ROOMS <rooms it may include from>])
 #
-# An include of a header of any room but these and its own ends the build, before the target is compiled.
+# An include of a header of any room but these and its own ends the build, before the target is compiled; so does a room
+# in the list that no file includes from.
 function(tovarek_check_includes target)
   cmake_parse_arguments(CHECK "" "FOLDER" "ROOMS" ${ARGN})
   string(REPLACE ";" "," allowed "${CHECK_ROOMS}")
@@ -48,4 +49,5 @@ function(tovarek_room target)
 
   tovarek_check_includes(${target} FOLDER ${ROOM_FOLDER} ROOMS ${ROOM_ROOMS})
   set_property(GLOBAL APPEND PROPERTY TOVAREK_ROOMS ${target})
+  set_property(GLOBAL APPEND PROPERTY TOVAREK_ROOM_FOLDERS ${ROOM_FOLDER})
 endfunction()

@@ -1,5 +1,5 @@
 #include "Fuzzing.h"
-#include "control/FormatFile.h"
+#include "formats/format/FormatFile.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     return {

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "control/Crc16.h"
+#include "formats/records/Crc16.h"
 
 namespace tovarek::fuzz {
 namespace {

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "support/Error.h"
-#include "support/Files.h"
+#include "base/Error.h"
+#include "system/Files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -1,5 +1,5 @@
 #include "Fuzzing.h"
-#include "control/LanguageFile.h"
+#include "formats/language/LanguageFile.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     LanguageFile file;

@@ -1,5 +1,5 @@
 #include "Fuzzing.h"
-#include "control/ProfileFile.h"
+#include "formats/profile/ProfileFile.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     std::vector<std::string> seeds(2);

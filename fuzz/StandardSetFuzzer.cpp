@@ -7,9 +7,9 @@
 #include <filesystem>
 
 #include "Fuzzing.h"
-#include "control/LanguageFile.h"
 #include "control/QVxTypes.h"
 #include "control/StandardCatalog.h"
+#include "formats/language/LanguageFile.h"
 
 namespace {
 

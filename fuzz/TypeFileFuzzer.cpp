@@ -1,5 +1,5 @@
 #include "Fuzzing.h"
-#include "control/TypeFile.h"
+#include "formats/type/TypeFile.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "Platform.h"
-#include "support/Error.h"
-#include "support/Files.h"
+#include "base/Error.h"
+#include "system/Files.h"
 
 namespace tovarek::test {
 

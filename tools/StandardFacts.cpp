@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <unordered_map>
 
-#include "control/FormatExpression.h"
+#include "formats/format/FormatExpression.h"
 
 namespace tovarek {
 namespace {

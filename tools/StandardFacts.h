@@ -4,10 +4,10 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "control/FormatFile.h"
-#include "control/LanguageFile.h"
-#include "control/ProfileFile.h"
-#include "control/TypeFile.h"
+#include "formats/format/FormatFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "StandardFacts.h"
-#include "support/Error.h"
-#include "support/Files.h"
+#include "base/Error.h"
+#include "system/Files.h"
 
 namespace {
 

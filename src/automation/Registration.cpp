@@ -9,8 +9,8 @@
 #include "automation/Module.h"
 #include "automation/Status.h"
 #include "automation/TypeLibrary.h"
-#include "support/Bstr.h"
-#include "support/ComPtr.h"
+#include "system/Bstr.h"
+#include "system/ComPtr.h"
 
 namespace tovarek {
 namespace {

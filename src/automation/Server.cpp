@@ -6,7 +6,7 @@
 #include "automation/Module.h"
 #include "automation/Registration.h"
 #include "automation/Status.h"
-#include "support/ComPtr.h"
+#include "system/ComPtr.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
     if (reason == DLL_PROCESS_ATTACH)

@@ -2,9 +2,9 @@
 
 #include <QVTovarek_h.h>
 
-#include "support/Bstr.h"
-#include "support/ComPtr.h"
-#include "support/Wide.h"
+#include "system/Bstr.h"
+#include "system/ComPtr.h"
+#include "system/Wide.h"
 
 namespace tovarek {
 

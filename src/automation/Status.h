@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "support/Error.h"
+#include "base/Error.h"
 
 namespace tovarek {
 

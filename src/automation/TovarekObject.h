@@ -8,7 +8,7 @@
 #include "automation/Counted.h"
 #include "automation/Values.h"
 #include "component/Tovarek.h"
-#include "support/ComPtr.h"
+#include "system/ComPtr.h"
 
 namespace tovarek {
 

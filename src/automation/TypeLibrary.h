@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "support/ComPtr.h"
+#include "system/ComPtr.h"
 
 namespace tovarek {
 

@@ -6,9 +6,9 @@
 
 #include "automation/Status.h"
 #include "component/PropertyTable.h"
-#include "support/Bstr.h"
-#include "support/Wide.h"
-#include "support/XmlHost.h"
+#include "system/Bstr.h"
+#include "system/Wide.h"
+#include "xml/XmlHost.h"
 
 namespace tovarek {
 

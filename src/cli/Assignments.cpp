@@ -6,10 +6,10 @@
 #include <optional>
 #include <vector>
 
+#include "base/Text.h"
 #include "cli/Report.h"
 #include "support/CTools.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

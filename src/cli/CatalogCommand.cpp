@@ -5,10 +5,10 @@
 #include <ostream>
 #include <set>
 
+#include "base/Error.h"
 #include "control/StandardCatalog.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
-#include "support/Error.h"
 
 namespace tovarek {
 namespace {

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "support/ErrorTable.h"
+#include "base/ErrorTable.h"
 
 namespace tovarek {
 

@@ -2,10 +2,10 @@
 
 #include <ostream>
 
+#include "base/Text.h"
 #include "inspect/Inspect.h"
 #include "inspect/InspectText.h"
 #include "support/CErrorHandler.h"
-#include "support/Text.h"
 
 namespace tovarek {
 namespace {

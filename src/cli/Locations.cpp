@@ -4,7 +4,7 @@
 #include <initializer_list>
 
 #include "cli/ProgramFile.h"
-#include "support/Files.h"
+#include "system/Files.h"
 #include "types/catalog/CCatalog.h"
 
 namespace tovarek {

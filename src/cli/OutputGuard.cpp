@@ -1,7 +1,7 @@
 #include "cli/OutputGuard.h"
 
 #include "cli/Assignments.h"
-#include "support/Files.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "cli/ProgramFile.h"
-#include "support/Wide.h"
+#include "system/Wide.h"
 
 namespace tovarek {
 

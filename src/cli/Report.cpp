@@ -6,9 +6,9 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "support/ErrorTable.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "base/ErrorTable.h"
+#include "base/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/CommandLine.h"
-#include "support/Error.h"
+#include "base/Error.h"
+#include "cli/Streams.h"
 
 namespace tovarek {
 

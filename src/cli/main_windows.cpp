@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/RunProgram.h"
-#include "support/Wide.h"
+#include "system/Wide.h"
 
 namespace {
 

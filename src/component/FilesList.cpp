@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "base/Numbers.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
 #include "support/TextWriter.h"
 #include "types/TypeFilesDriver.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/CErrorHandler.h"
-#include "support/Files.h"
+#include "system/Files.h"
 #include "template/CTemplate.h"
 #include "types/CResFile.h"
 #include "types/CTypes.h"

@@ -22,12 +22,12 @@
 #include "profile/CProfile.h"
 #include "support/CErrorHandler.h"
 #include "support/CResources.h"
-#include "support/Clock.h"
-#include "support/Xml.h"
+#include "system/Clock.h"
 #include "template/CTemplate.h"
 #include "types/CTypes.h"
 #include "types/TypeFilesSettings.h"
 #include "types/catalog/CCatalog.h"
+#include "xml/Xml.h"
 
 namespace tovarek {
 

@@ -2,10 +2,10 @@
 
 #include <initializer_list>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
 #include "support/TextWriter.h"
 
 namespace tovarek {

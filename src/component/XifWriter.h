@@ -5,8 +5,8 @@
 
 #include "profile/CProfile.h"
 #include "support/CResources.h"
-#include "support/Clock.h"
-#include "support/Files.h"
+#include "system/Clock.h"
+#include "system/Files.h"
 #include "template/CTemplate.h"
 
 namespace tovarek {

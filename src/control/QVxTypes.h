@@ -10,44 +10,14 @@
 #include <optional>
 #include <string>
 
-#include "support/Clock.h"
-#include "support/Files.h"
+#include "control/TypeElement.h"
+#include "formats/records/Outcome.h"
+#include "system/Clock.h"
+#include "system/Files.h"
 
 namespace tovarek {
 
 class StandardCatalog;  // control/StandardCatalog.h
-
-// Result codes of the control. The creating operations answer with 0, 2 to 26 or, for a failed write, 27.
-enum QVxResult : std::int32_t {
-    resultOk = 0,
-    resultNotInCatalog = 1,  // no catalog is open, or it does not know the type
-    resultFileAlreadyOpened = 2,
-    resultBadScope = 3,
-    resultBadProgramId = 4,
-    resultErrorOpenFile = 5,
-    resultErrorSettingHeader = 6,
-    resultErrorSettingVersion = 7,
-    resultErrorSettingLocale = 8,
-    resultErrorSettingInformation = 9,
-    resultCrcError = 10,
-    resultFileIsNotOpened = 11,
-    resultInvalidForCurrentFile = 12,
-    resultErrorAddingResource = 13,
-    resultErrorAddingEnum = 14,
-    resultErrorAddingEnumValue = 15,
-    resultBadParam = 16,
-    resultErrorAddingMember = 17,
-    resultErrorSettingNumMembers = 18,
-    resultErrorSettingDetails = 19,
-    resultErrorAddingType = 20,
-    resultNoCurrentType = 21,
-    resultTypeComplete = 22,  // what CompleteType answers on success
-    resultTypeIsNotComplete = 23,
-    resultBadMinimum = 24,
-    resultBadMaximum = 25,
-    resultBadInitial = 26,
-    resultSaveFailed = 27,  // the file could not be written; see LastRuntimeError
-};
 
 // One display format of a standard type. For a format with several parameters factor, offset and unit are
 // those of its first one. Displayed value = factor x scaled value + offset.
@@ -56,25 +26,6 @@ struct TypeFormat {
     double factor = 1.0;
     double offset = 0.0;
     std::string unit;
-};
-
-// What every part of a type description carries: the member's name (ignored for the type itself), the numbers
-// of its three texts in the set's language file (0 = none), and the array size (0 = not an array).
-struct TypeElement {
-    std::string name;
-    std::int32_t nameText = 0;
-    std::int32_t descriptionText = 0;
-    std::int32_t unitText = 0;
-    std::int32_t arraySize = 0;
-};
-
-// Raw limits of a number (none: the limit of its kind) and its scaling, scaled = a x 10^b x (raw + c).
-struct NumberRange {
-    std::optional<std::int32_t> minimum;
-    std::optional<std::int32_t> maximum;
-    std::int32_t a = 1;
-    std::int32_t b = 0;
-    std::int32_t c = 0;
 };
 
 class QVxTypes {

@@ -4,10 +4,10 @@
 #include <optional>
 #include <tuple>
 
-#include "control/TypeDescriptionCodec.h"
-#include "support/CodePage.h"
-#include "support/Error.h"
-#include "support/Text.h"
+#include "base/Error.h"
+#include "base/Text.h"
+#include "formats/type/TypeDescriptionCodec.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

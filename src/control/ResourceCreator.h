@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "control/LanguageFile.h"
-#include "control/Outcome.h"
-#include "control/ProfileFile.h"
 #include "control/TypeBuilder.h"
-#include "control/TypeFile.h"
-#include "support/Clock.h"
-#include "support/Files.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
+#include "formats/records/Outcome.h"
+#include "formats/type/TypeFile.h"
+#include "system/Clock.h"
+#include "system/Files.h"
 
 namespace tovarek {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "control/LanguageFile.h"
-#include "support/Error.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "base/Error.h"
+#include "base/Text.h"
+#include "formats/language/LanguageFile.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

@@ -5,13 +5,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "control/CatalogFile.h"
-#include "control/LanguageFile.h"
-#include "control/TypeFileView.h"
-#include "support/CodePage.h"
-#include "support/Error.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "base/Error.h"
+#include "base/Text.h"
+#include "formats/catalog/CatalogFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/type/TypeFileView.h"
+#include "system/CodePage.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

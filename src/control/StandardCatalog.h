@@ -18,9 +18,9 @@
 #include <string_view>
 #include <vector>
 
-#include "control/FormatFile.h"
-#include "control/Outcome.h"
-#include "control/TypeFile.h"
+#include "formats/format/FormatFile.h"
+#include "formats/records/Outcome.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek {
 

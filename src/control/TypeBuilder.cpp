@@ -1,7 +1,7 @@
 #include "control/TypeBuilder.h"
 
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

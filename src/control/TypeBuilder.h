@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "control/Outcome.h"
-#include "control/TypeFile.h"
+#include "control/TypeElement.h"
+#include "formats/records/Outcome.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek {
 

@@ -4,11 +4,11 @@
 #include <array>
 #include <cstdio>
 
-#include "inspect/BinaryListing.h"
+#include "base/Text.h"
 #include "inspect/InspectNode.h"
 #include "inspect/InspectText.h"
 #include "inspect/TextListing.h"
-#include "support/Text.h"
+#include "listing/ResourceListing.h"
 
 namespace tovarek {
 namespace {
@@ -47,7 +47,7 @@ void AppendBinaryRow(const ByteRow& row, std::string_view bytes, std::string& te
 ByteListing ListBytes(std::string_view bytes, FileKind kind) {
     if (IsTextKind(kind))
         return {true, ListLines(bytes, kind)};
-    return {false, ListResourceFile(bytes, kind)};
+    return {false, ListResourceFile(bytes)};
 }
 
 std::string ListingText(const ByteListing& listing, std::string_view bytes) {

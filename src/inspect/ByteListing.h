@@ -8,18 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/FileKind.h"
+#include "formats/kind/FileKind.h"
+#include "listing/ByteRow.h"
 
 namespace tovarek {
-
-struct ByteRow {
-    std::size_t offset = 0;
-    std::size_t length = 0;  // at least 1
-    int depth = 0;           // how deep the field is nested inside its record
-    std::string record;      // "NV type 3"; empty outside records
-    std::string field;
-    std::string value;
-};
 
 struct ByteListing {
     bool isText = false;  // rows are lines

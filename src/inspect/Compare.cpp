@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "base/Text.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
 

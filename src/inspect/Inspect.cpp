@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "inspect/ResourceTrees.h"
 #include "inspect/XifTree.h"
 #include "support/CErrorHandler.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

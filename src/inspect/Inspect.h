@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "control/StandardCatalog.h"
+#include "formats/kind/FileKind.h"
 #include "inspect/ByteListing.h"
 #include "inspect/Compare.h"
-#include "inspect/FileKind.h"
 #include "inspect/InspectNode.h"
 #include "inspect/ResourceNames.h"
 

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/Numbers.h"
+
 namespace tovarek {
 namespace {
 
@@ -49,30 +51,6 @@ const InspectNode* InspectNode::Find(std::string_view child) const {
         if (node.name == child)
             return &node;
     return nullptr;
-}
-
-double ShortestOf(float number) {
-    if (!std::isfinite(number))
-        return number;
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    double value = 0;
-    std::from_chars(digits.data(), end.ptr, value);
-    return value;
-}
-
-std::string HexText(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(3 * bytes.size());
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (!text.empty())
-            text += ' ';
-        text += kDigits[byte >> 4U];
-        text += kDigits[byte & 0x0FU];
-    }
-    return text;
 }
 
 }  // namespace tovarek

@@ -50,10 +50,4 @@ struct InspectNode {
     const InspectNode* Find(std::string_view child) const;
 };
 
-// The number that the shortest decimal digits of a 4-byte float name: 0.1, not 0.10000000149011612.
-double ShortestOf(float number);
-
-// "00 1A FF".
-std::string HexText(std::string_view bytes);
-
 }  // namespace tovarek

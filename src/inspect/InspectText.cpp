@@ -4,18 +4,13 @@
 #include <array>
 #include <charconv>
 
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 
 namespace tovarek {
 namespace {
 
 constexpr std::size_t kMostInOneLine = 4;
-
-void AppendHex(std::string& text, unsigned value, int digits) {
-    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
-        text += "0123456789ABCDEF"[(value >> static_cast<unsigned>(shift)) & 0x0FU];
-}
 
 // A few values that belong together read better side by side.
 bool FitsOneLine(const InspectNode& node) {
@@ -180,26 +175,6 @@ std::string OneLineText(const InspectNode& node, bool comparedOnly) {
     std::string text;
     AppendOneLine(node, comparedOnly, text);
     return text;
-}
-
-std::string Printable(std::string_view text) {
-    std::string printable;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte != 0x7F) {
-            printable += c;
-        } else if (c == '\r') {
-            printable += "\\r";
-        } else if (c == '\n') {
-            printable += "\\n";
-        } else if (c == '\t') {
-            printable += "\\t";
-        } else {
-            printable += "\\x";
-            AppendHex(printable, byte, 2);
-        }
-    }
-    return printable;
 }
 
 std::string JsonString(std::string_view text) {

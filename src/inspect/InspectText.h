@@ -26,9 +26,6 @@ std::string JsonDocument(InspectNode tree);
 std::string ValueText(const InspectNode::Value& value);
 std::string OneLineText(const InspectNode& node, bool comparedOnly);
 
-// `text` without control characters: they appear as \r, \n, \t and \x1A.
-std::string Printable(std::string_view text);
-
 // `text` as a JSON string with its quotes; what is no UTF-8 is replaced.
 std::string JsonString(std::string_view text);
 

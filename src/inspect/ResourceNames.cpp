@@ -1,9 +1,9 @@
 #include "inspect/ResourceNames.h"
 
+#include "base/Error.h"
+#include "base/Text.h"
 #include "control/ResourceSet.h"
-#include "support/Error.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "control/LanguageFile.h"
 #include "control/StandardCatalog.h"
-#include "control/TypeFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek {
 

@@ -4,10 +4,10 @@
 #include <array>
 #include <cstdio>
 
-#include "control/CatalogFile.h"
+#include "base/Text.h"
+#include "formats/catalog/CatalogFile.h"
 #include "inspect/TypeTree.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

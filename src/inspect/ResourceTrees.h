@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "control/FormatFile.h"
-#include "control/LanguageFile.h"
-#include "control/Outcome.h"
-#include "control/ProfileFile.h"
-#include "control/TypeFile.h"
+#include "formats/format/FormatFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
+#include "formats/records/Outcome.h"
+#include "formats/type/TypeFile.h"
 #include "inspect/InspectNode.h"
 #include "inspect/ResourceNames.h"
 

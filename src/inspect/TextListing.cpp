@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
+#include "formats/xif/XifFile.h"
 #include "inspect/InspectText.h"
-#include "inspect/XifFile.h"
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

@@ -4,7 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/ByteListing.h"
+#include "formats/kind/FileKind.h"
+#include "listing/ByteRow.h"
 
 namespace tovarek {
 

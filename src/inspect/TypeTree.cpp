@@ -3,9 +3,9 @@
 #include <bit>
 #include <cmath>
 
-#include "inspect/KindNames.h"
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "listing/KindNames.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

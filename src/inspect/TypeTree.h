@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "control/TypeFile.h"
+#include "formats/type/TypeFile.h"
 #include "inspect/InspectNode.h"
 #include "inspect/ResourceNames.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "support/Text.h"
+#include "base/Text.h"
 
 namespace tovarek {
 namespace {

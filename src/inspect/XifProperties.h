@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "inspect/XifFile.h"
+#include "formats/xif/XifFile.h"
 
 namespace tovarek {
 

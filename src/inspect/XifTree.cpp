@@ -5,6 +5,7 @@
 #include <charconv>
 #include <utility>
 
+#include "base/Text.h"
 #include "inspect/XifProperties.h"
 #include "profile/ProfileFields.h"
 

@@ -1,8 +1,8 @@
 #include "profile/CProfile.h"
 
+#include "base/Numbers.h"
 #include "profile/ProfileFields.h"
 #include "profile/ProfileRules.h"
-#include "support/Numbers.h"
 #include "support/cIni.h"
 
 namespace tovarek {

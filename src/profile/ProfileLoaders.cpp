@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "profile/CProfile.h"
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
-#include "support/Files.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
 #include "support/cIni.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

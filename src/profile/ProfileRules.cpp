@@ -8,7 +8,7 @@ namespace {
 constexpr std::int32_t kNoLimit = std::numeric_limits<std::int32_t>::max();
 
 template <auto Field, std::int32_t Low, std::int32_t High>
-constexpr bool Within(const CProfile& profile) {
+constexpr bool Within(const ProfileValues& profile) {
     return profile.*Field >= Low && profile.*Field <= High;
 }
 
@@ -38,7 +38,8 @@ constexpr ProfileRule ClockRate(eErrors error) {
 // bound of generalData0, which in turn has no lower bound. Profiles in the field rely on both.
 template <auto Field>
 constexpr ProfileRule GeneralData() {
-    return {Field, [](const CProfile& profile) { return profile.*Field >= 0 && profile.generalData0 <= 255; },
+    return {Field,
+            [](const ProfileValues& profile) { return profile.*Field >= 0 && profile.generalData0 <= 255; },
             eQVXIFerr_generalData, "accepted: generalData0 up to 255, generalData1 to generalData6 from 0"};
 }
 
@@ -47,7 +48,7 @@ constexpr ProfileRule RawData() {
     return {Field, Within<Field, 0, 255>, eQVXIFerr_rawData, "accepted: 0 to 255"};
 }
 
-using P = CProfile;
+using P = ProfileValues;
 
 constexpr ProfileRule kRules[] = {
     {&P::domains, Within<&P::domains, 1, 2>, eQVXIFerr_domainnumber, "accepted: 1 or 2"},
@@ -74,7 +75,7 @@ constexpr ProfileRule kRules[] = {
     Buffer<&P::sizeapplicationoutputbuffers>(),
     Buffer<&P::sizeapplicationinputbuffers>(),
     {&P::typeneuron,
-     [](const CProfile& profile) {
+     [](const ProfileValues& profile) {
          return profile.typeneuron == 0 || (profile.typeneuron >= 8 && profile.typeneuron <= 14);
      },
      eQVXIFerr_typeneuron,
@@ -96,7 +97,7 @@ constexpr ProfileRule kRules[] = {
     NotNegative<&P::standardTransceiverID>(eQVXIFerr_standardTransceiverID),
     // Deliberate: every interface passes. The rule asks for a number that is below 0 and above 2 at once.
     {&P::transceiverInterface,
-     [](const CProfile& profile) {
+     [](const ProfileValues& profile) {
          const std::int32_t value = profile.transceiverInterface;
          const bool below = value < 0;
          const bool above = value > 2 && value != 5;
@@ -108,7 +109,9 @@ constexpr ProfileRule kRules[] = {
      "accepted: 0 to 127"},
     // Deliberate: the upper bound looks at transceiverRate; minimumClockRate itself has none.
     {&P::minimumClockRate,
-     [](const CProfile& profile) { return profile.minimumClockRate >= 0 && profile.transceiverRate <= 11; },
+     [](const ProfileValues& profile) {
+         return profile.minimumClockRate >= 0 && profile.transceiverRate <= 11;
+     },
      eQVXIFerr_minimumClockRate, "accepted: 0 and above"},
     NotNegative<&P::averagePacketSize>(eQVXIFerr_averagePacketSize),
     NotNegative<&P::oscillatorPrecision>(eQVXIFerr_oscillatorPrecision),

@@ -1,15 +1,17 @@
 // The checks of a device profile, in their order.
 #pragma once
 
+#include <cstdint>
 #include <span>
 
-#include "profile/CProfile.h"
+#include "base/Error.h"
+#include "profile/ProfileValues.h"
 
 namespace tovarek {
 
 struct ProfileRule {
-    std::int32_t CProfile::*field;  // the value that the error's context shows
-    bool (*accepts)(const CProfile& profile);
+    std::int32_t ProfileValues::*field;  // the value that the error's context shows
+    bool (*accepts)(const ProfileValues& profile);
     eErrors error;
     const char* accepted;  // for people: what would have been accepted
 };

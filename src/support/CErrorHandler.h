@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/Error.h"
 #include "support/CResources.h"
-#include "support/Error.h"
 
 namespace tovarek {
 

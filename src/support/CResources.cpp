@@ -1,6 +1,6 @@
 #include "support/CResources.h"
 
-#include "support/ErrorTable.h"
+#include "base/ErrorTable.h"
 
 namespace tovarek {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "support/Files.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
-#include "support/KeyedList.h"
-#include "support/Xml.h"
+#include "xml/Xml.h"
 
 namespace tovarek {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

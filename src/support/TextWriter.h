@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "support/CodePage.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "system/CodePage.h"
+#include "system/Files.h"
 
 namespace tovarek {
 

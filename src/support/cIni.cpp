@@ -5,9 +5,9 @@
 #include <limits>
 #include <vector>
 
-#include "support/Clock.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "system/Clock.h"
 
 namespace tovarek {
 namespace {

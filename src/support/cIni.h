@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "support/Files.h"
 #include "support/IniText.h"
+#include "system/Files.h"
 
 namespace tovarek {
 

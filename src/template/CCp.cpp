@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "support/Numbers.h"
+#include "base/Numbers.h"
 
 namespace tovarek {
 namespace {

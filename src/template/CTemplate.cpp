@@ -1,7 +1,7 @@
 #include "template/CTemplate.h"
 
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Text.h"
 
 namespace tovarek {
 

@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "support/CErrorHandler.h"
-#include "support/Xml.h"
 #include "template/CCp.h"
 #include "template/CNv.h"
 #include "template/CTag.h"
 #include "types/catalog/CCatalog.h"
+#include "xml/Xml.h"
 
 namespace tovarek {
 

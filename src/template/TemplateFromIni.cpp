@@ -4,8 +4,8 @@
 #include <charconv>
 #include <utility>
 
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/cIni.h"
 #include "template/CTemplate.h"
 #include "template/TemplateFields.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
 #include "template/CTemplate.h"
 #include "template/TemplateFields.h"
 

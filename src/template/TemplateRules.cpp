@@ -2,9 +2,9 @@
 #include <string>
 #include <utility>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
 #include "support/cIni.h"
 #include "template/CTemplate.h"
 #include "template/TemplateFields.h"

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 
 namespace tovarek {
 namespace {

@@ -10,8 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
-#include "support/KeyedList.h"
 #include "types/catalog/CCatalog.h"
 
 namespace tovarek {

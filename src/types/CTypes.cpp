@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "support/Numbers.h"
+#include "base/Numbers.h"
 #include "template/TemplateFields.h"
 #include "types/FormatDefinitions.h"
 

@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
-#include "support/KeyedList.h"
 #include "template/CTemplate.h"
 #include "types/CType.h"
 #include "types/UserTypeFile.h"

@@ -5,8 +5,8 @@
 #include <utility>
 #include <variant>
 
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 
 namespace tovarek {
 namespace {
@@ -103,12 +103,12 @@ const TypeDefinition& DefinitionReader::Read(std::int32_t number) {
 
 // `origin`: the member that asks for the definition; nothing for a type of its own.
 void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
-    const auto element = file_.elements_.find(file_.ElementName(number));
-    if (element == file_.elements_.end()) {
-        ErrorContext context = origin ? Place(origin) : ErrorContext{.file = file_.path_};
+    const auto element = file_.elements.find(file_.ElementName(number));
+    if (element == file_.elements.end()) {
+        ErrorContext context = origin ? Place(origin) : ErrorContext{.file = file_.path};
         context.value = std::to_string(number);
         context.reason = "the format file has no element <" + file_.ElementName(number) + ">";
-        file_.errorHandler_.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
+        file_.errorHandler.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
     }
     if (levels_.size() > kDeepestMember)
         RefuseNesting(origin, number, "members are nested more than 1000 levels deep");
@@ -120,7 +120,7 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
                 .definition = definition.get(),
                 .child = FirstElement(element->second.FirstChild()),
                 .shortName = std::string(WithoutPrefix(element->second.Name(), kElementPrefixes))};
-    file_.definitions_[readsScope_ ? 1 : 0][number] = std::move(definition);
+    file_.definitions[readsScope_ ? 1 : 0][number] = std::move(definition);
     levels_.push_back(std::move(level));
 }
 
@@ -128,7 +128,7 @@ void DefinitionReader::ReadMember() {
     Level& level = Top();
     const XmlNode node = std::exchange(level.member, FirstElement(level.member.NextSibling()));
     const std::int32_t number = Integer(node);
-    const auto& known = file_.definitions_[readsScope_ ? 1 : 0];
+    const auto& known = file_.definitions[readsScope_ ? 1 : 0];
     const auto found = known.find(number);
     if (found == known.end()) {
         pendingNames_.push_back(node.Name());
@@ -181,7 +181,7 @@ void DefinitionReader::RefuseNesting(const XmlNode& origin, std::int32_t next,
     RaiseRuntimeError(RuntimeError::outOfStackSpace,
                       {.record = "type element " + file_.ElementName(levels_.back().number),
                        .field = "FIELDS",
-                       .file = file_.path_,
+                       .file = file_.path,
                        .line = origin ? origin.Line() : levels_.back().definition->content.line,
                        .reason = std::string(reason) + ": " + text});
 }
@@ -211,7 +211,7 @@ void DefinitionReader::ReadInto(void (DefinitionReader::*read)(const XmlNode&), 
 
 void DefinitionReader::ReadType(const XmlNode& node) {
     try {
-        Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler_);
+        Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler);
     } catch (Error& error) {
         error.AddContext(Place(node));
         throw;
@@ -325,7 +325,7 @@ double DefinitionReader::Number(const XmlNode& node, const std::string& text) co
 ErrorContext DefinitionReader::Place(const XmlNode& node) const {
     return {.record = "type element " + file_.ElementName(levels_.back().number),
             .field = node.Name(),
-            .file = file_.path_,
+            .file = file_.path,
             .line = node.Line()};
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "support/CTools.h"
-#include "types/FormatDefinitions.h"
+#include "types/TypeDefinition.h"
 
 namespace tovarek {
 
@@ -15,8 +15,7 @@ namespace tovarek {
 // of: however deep a file nests, the program's own stack stays as it is.
 class DefinitionReader {
   public:
-    DefinitionReader(FormatDefinitions& definitions, bool readsScope)
-        : file_(definitions), readsScope_(readsScope) {}
+    DefinitionReader(DefinitionTable& table, bool readsScope) : file_(table), readsScope_(readsScope) {}
 
     // Reads the definition with this format number and all that it needs.
     const TypeDefinition& Read(std::int32_t number);
@@ -63,7 +62,7 @@ class DefinitionReader {
     Level& Top() { return levels_.back(); }
     CType& Content() { return levels_.back().definition->content; }
 
-    FormatDefinitions& file_;
+    DefinitionTable& file_;
     bool readsScope_;
     CTools tools_;
     std::vector<Level> levels_;

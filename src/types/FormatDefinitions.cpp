@@ -2,27 +2,14 @@
 
 #include <utility>
 
-#include "support/Text.h"
+#include "base/Text.h"
 #include "types/DefinitionReader.h"
 
 namespace tovarek {
 
-void TypeDefinition::Instantiate(CType& target, bool isUnvt, std::int32_t scopeOfOwner) const {
-    target = content;
-    target.isUnvt = isUnvt;
-    target.scope = scope.value_or(scopeOfOwner);
-    target.elements.reserve(members.size());
-    for (const Member& member : members) {
-        CType& field = target.elements.emplace_back();
-        member.definition->Instantiate(field, isUnvt, member.scope.value_or(scopeOfOwner));
-        field.name = member.name;
-        field.isField = true;
-    }
-}
-
 FormatDefinitions::FormatDefinitions(const std::string& path, std::string prefix,
                                      const CErrorHandler& errorHandler)
-    : path_(path), prefix_(std::move(prefix)), errorHandler_(errorHandler) {
+    : table_{path, std::move(prefix), errorHandler} {
     const XmlDocument document(path);
     if (!document.IsLoaded())
         errorHandler.RaiseError(eQVXIFerr_errorloadingxmlformatfile,
@@ -31,15 +18,15 @@ FormatDefinitions::FormatDefinitions(const std::string& path, std::string prefix
     // comment the file holds no types.
     for (XmlNode child = document.FirstNode().FirstChild(); child; child = child.NextSibling())
         if (child.IsElement())
-            elements_.try_emplace(UpperCase(child.Name()), child);
+            table_.elements.try_emplace(UpperCase(child.Name()), child);
 }
 
 const TypeDefinition& FormatDefinitions::Get(std::int32_t number, bool readsScope) {
-    const auto& known = definitions_[readsScope ? 1 : 0];
+    const auto& known = table_.definitions[readsScope ? 1 : 0];
     const auto found = known.find(number);
     if (found != known.end() && found->second->complete)
         return *found->second;
-    return DefinitionReader(*this, readsScope).Read(number);
+    return DefinitionReader(table_, readsScope).Read(number);
 }
 
 }  // namespace tovarek

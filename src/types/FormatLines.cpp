@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
 
 namespace tovarek {
 namespace {

@@ -1,8 +1,8 @@
 // Lengths of types, and what they take over from the standard types that they are made of.
 #include <unordered_set>
 
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "types/CType.h"
 
 namespace tovarek {

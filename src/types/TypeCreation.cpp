@@ -1,6 +1,6 @@
 // Writing a type into the open resource files: its texts, its enumerations, its description.
-#include "support/Numbers.h"
-#include "support/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "types/CType.h"
 #include "types/ControlResult.h"
 

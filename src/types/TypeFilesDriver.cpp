@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "support/CTools.h"
-#include "support/Files.h"
 #include "support/TextWriter.h"
+#include "system/Files.h"
 #include "types/ControlResult.h"
 #include "types/FormatLines.h"
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
-#include "support/KeyedList.h"
 #include "types/CResFile.h"
 #include "types/CType.h"
 #include "types/TypeFilesSettings.h"

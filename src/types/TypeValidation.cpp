@@ -1,6 +1,6 @@
 // The checks of a type, in their order.
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Text.h"
 #include "types/CType.h"
 
 namespace tovarek {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/Numbers.h"
-#include "support/Text.h"
-#include "support/Xml.h"
+#include "xml/Xml.h"
 
 namespace tovarek {
 namespace {

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "support/Bstr.h"
-#include "support/ComPtr.h"
-#include "support/Error.h"
-#include "support/Wide.h"
+#include "base/Error.h"
+#include "system/Bstr.h"
+#include "system/ComPtr.h"
+#include "system/Wide.h"
 
 namespace tovarek::test {
 

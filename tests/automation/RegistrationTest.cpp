@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "support/Wide.h"
+#include "system/Wide.h"
 
 namespace tovarek::test {
 namespace {

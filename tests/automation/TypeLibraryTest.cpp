@@ -1,5 +1,5 @@
 #include "Host.h"
-#include "support/ErrorTable.h"
+#include "base/ErrorTable.h"
 
 namespace tovarek::test {
 namespace {

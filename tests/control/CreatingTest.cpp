@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "Fixtures.h"
-#include "support/Error.h"
+#include "base/Error.h"
 
 namespace tovarek {
 namespace {

@@ -3,9 +3,9 @@
 #include <random>
 
 #include "Fixtures.h"
-#include "control/Crc16.h"
-#include "control/TypeFileView.h"
-#include "support/CodePage.h"
+#include "formats/records/Crc16.h"
+#include "formats/type/TypeFileView.h"
+#include "system/CodePage.h"
 
 namespace tovarek {
 namespace {

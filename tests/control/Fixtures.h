@@ -9,13 +9,13 @@
 
 #include "Samples.h"
 #include "Scratch.h"
-#include "control/FormatFile.h"
-#include "control/LanguageFile.h"
-#include "control/ProfileFile.h"
+#include "base/Text.h"
 #include "control/QVxTypes.h"
-#include "control/TypeFile.h"
-#include "support/Files.h"
-#include "support/Text.h"
+#include "formats/format/FormatFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
+#include "formats/type/TypeFile.h"
+#include "system/Files.h"
 
 namespace tovarek {
 

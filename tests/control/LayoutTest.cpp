@@ -2,8 +2,8 @@
 #include <limits>
 
 #include "Fixtures.h"
-#include "control/Crc16.h"
-#include "control/TypeDescriptionCodec.h"
+#include "formats/records/Crc16.h"
+#include "formats/type/TypeDescriptionCodec.h"
 
 namespace tovarek {
 namespace {

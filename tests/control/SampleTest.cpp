@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "Fixtures.h"
-#include "control/ByteReader.h"
 #include "control/ResourceSet.h"
-#include "control/TypeFileView.h"
+#include "formats/records/ByteReader.h"
+#include "formats/type/TypeFileView.h"
 
 namespace tovarek {
 namespace {

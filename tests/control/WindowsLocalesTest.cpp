@@ -7,8 +7,8 @@
 #include <map>
 #include <string>
 
-#include "control/LanguageFile.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "formats/language/LanguageFile.h"
 
 namespace tovarek {
 namespace {

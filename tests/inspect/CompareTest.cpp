@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Fixtures.h"
-#include "control/FormatFile.h"
+#include "formats/format/FormatFile.h"
 #include "inspect/InspectText.h"
 
 namespace tovarek {

@@ -9,9 +9,9 @@
 
 #include "Samples.h"
 #include "Scratch.h"
-#include "control/LanguageFile.h"
-#include "control/ProfileFile.h"
-#include "control/TypeFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
+#include "formats/type/TypeFile.h"
 #include "inspect/Inspect.h"
 
 namespace tovarek::test {

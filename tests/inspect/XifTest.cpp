@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "Fixtures.h"
-#include "inspect/XifFile.h"
-#include "inspect/XifValues.h"
+#include "formats/xif/XifFile.h"
+#include "formats/xif/XifValues.h"
 
 namespace tovarek {
 namespace {

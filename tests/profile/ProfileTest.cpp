@@ -5,10 +5,10 @@
 
 #include "Samples.h"
 #include "Scratch.h"
+#include "base/Text.h"
 #include "profile/CProfile.h"
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
-#include "support/Text.h"
 
 namespace tovarek::test {
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "Scratch.h"
+#include "base/ErrorTable.h"
 #include "support/CErrorHandler.h"
-#include "support/ErrorTable.h"
 
 namespace tovarek::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Scratch.h"
-#include "support/Files.h"
+#include "system/Files.h"
 
 namespace tovarek::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "IniRows.h"
 #include "Scratch.h"
-#include "support/Text.h"
+#include "base/Text.h"
 #include "support/cIni.h"
 
 namespace tovarek::test {

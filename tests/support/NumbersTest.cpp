@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Scratch.h"
-#include "support/Numbers.h"
+#include "base/Numbers.h"
 
 namespace tovarek::test {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "IniRows.h"
 #include "Scratch.h"
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "base/Text.h"
 #include "support/cIni.h"
+#include "system/CodePage.h"
 
 namespace tovarek::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Text.h"
+#include "base/Text.h"
 
 namespace tovarek::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "support/CodePage.h"
-#include "support/Text.h"
+#include "base/Text.h"
+#include "system/CodePage.h"
 
 namespace tovarek::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "Scratch.h"
 #include "support/CTools.h"
-#include "support/Clock.h"
+#include "system/Clock.h"
 
 namespace tovarek::test {
 namespace {

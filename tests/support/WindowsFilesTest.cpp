@@ -6,8 +6,8 @@
 #include <string>
 
 #include "Scratch.h"
-#include "support/Files.h"
-#include "support/Wide.h"
+#include "system/Files.h"
+#include "system/Wide.h"
 
 namespace tovarek::test {
 namespace {

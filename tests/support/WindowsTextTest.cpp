@@ -9,11 +9,11 @@
 #include <string>
 
 #include "Scratch.h"
-#include "support/Clock.h"
-#include "support/CodePage.h"
-#include "support/Text.h"
-#include "support/Wide.h"
+#include "base/Text.h"
 #include "support/cIni.h"
+#include "system/Clock.h"
+#include "system/CodePage.h"
+#include "system/Wide.h"
 
 namespace tovarek::test {
 namespace {

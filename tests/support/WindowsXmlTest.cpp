@@ -7,11 +7,11 @@
 #include <string>
 
 #include "Scratch.h"
-#include "support/Bstr.h"
 #include "support/CTools.h"
-#include "support/ComPtr.h"
-#include "support/Wide.h"
-#include "support/XmlHost.h"
+#include "system/Bstr.h"
+#include "system/ComPtr.h"
+#include "system/Wide.h"
+#include "xml/XmlHost.h"
 
 namespace tovarek::test {
 namespace {

@@ -5,10 +5,10 @@
 #endif
 
 #include "Scratch.h"
+#include "base/Text.h"
 #include "support/CTools.h"
-#include "support/CodePage.h"
-#include "support/Text.h"
-#include "support/Xml.h"
+#include "system/CodePage.h"
+#include "xml/Xml.h"
 
 namespace tovarek::test {
 namespace {

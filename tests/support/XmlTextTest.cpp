@@ -1,10 +1,10 @@
 // From the bytes of XML documents to text, and from the name of a DTD to its file.
 #include <gtest/gtest.h>
 
-#include "support/DoubleByte.h"
-#include "support/DtdPath.h"
-#include "support/Text.h"
-#include "support/XmlText.h"
+#include "base/Text.h"
+#include "system/DoubleByte.h"
+#include "xml/DtdPath.h"
+#include "xml/XmlText.h"
 
 namespace tovarek::test {
 namespace {

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "DriverDevice.h"
-#include "control/LanguageFile.h"
-#include "control/ProfileFile.h"
+#include "formats/language/LanguageFile.h"
+#include "formats/profile/ProfileFile.h"
 
 namespace tovarek::test {
 namespace {

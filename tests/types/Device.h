@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Scratch.h"
-#include "support/Files.h"
+#include "system/Files.h"
 #include "types/CTypes.h"
 #include "types/FormatLines.h"
 

@@ -7,7 +7,7 @@
 
 #include "Device.h"
 #include "component/FilesList.h"
-#include "control/TypeFile.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek::test {
 

@@ -1,6 +1,6 @@
 // The resource files of a device, from its two XML files to what readers find in them.
 #include "DriverDevice.h"
-#include "control/LanguageFile.h"
+#include "formats/language/LanguageFile.h"
 #include "types/TypeFilesDriver.h"
 
 namespace tovarek::test {

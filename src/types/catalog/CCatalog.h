@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "base/Error.h"
 #include "control/QVxTypes.h"
-#include "support/Error.h"
 
 namespace tovarek {
 

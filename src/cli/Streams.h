@@ -1,0 +1,20 @@
+// What every command answers, and where it writes to.
+#pragma once
+
+#include <iosfwd>
+
+namespace tovarek {
+
+// Exit statuses.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;     // the command found a fault
+inline constexpr int kWrongUse = 2;   // the command line itself is wrong
+inline constexpr int kDifferent = 1;  // a comparison found differences
+
+// Where results and messages go.
+struct Streams {
+    std::ostream& out;
+    std::ostream& error;
+};
+
+}  // namespace tovarek

@@ -1,0 +1,125 @@
+#include "formats/format/FormatExpression.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace tovarek {
+namespace {
+
+std::string_view Trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+// Takes a number with an optional sign from the front of `text`.
+std::optional<double> TakeNumber(std::string_view& text) {
+    std::string_view digits = Trim(text);
+    const bool negative = digits.starts_with('-');
+    if (negative || digits.starts_with('+'))
+        digits = Trim(digits.substr(1));
+    if (digits.empty() || !(IsDigit(digits[0]) || digits[0] == '.'))
+        return std::nullopt;
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc())
+        return std::nullopt;
+    text = digits.substr(static_cast<std::size_t>(end - digits.data()));
+    return negative ? -value : value;
+}
+
+template <class Integer>
+std::optional<Integer> WholeNumber(std::string_view text, Integer largest) {
+    Integer value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value > largest)
+        return std::nullopt;
+    return value;
+}
+
+// Takes "(scope:number)" from the end of `text`.
+void TakeUnit(std::string_view& text, StringRef& unit) {
+    if (!text.ends_with(')'))
+        return;
+    const std::size_t open = text.rfind('(');
+    if (open == std::string_view::npos)
+        return;
+    const std::string_view inside = text.substr(open + 1, text.size() - open - 2);
+    const std::size_t colon = inside.find(':');
+    if (colon == std::string_view::npos)
+        return;
+    const auto scope = WholeNumber<std::uint32_t>(Trim(inside.substr(0, colon)), 6);
+    const auto number = WholeNumber<std::uint32_t>(Trim(inside.substr(colon + 1)), 0xFFFFFF);
+    if (!scope || !number)
+        return;
+    unit = {static_cast<std::uint8_t>(*scope), *number};
+    text = Trim(text.substr(0, open));
+}
+
+}  // namespace
+
+FormatParameter ParseFormatExpression(std::string_view text) {
+    FormatParameter parameter;
+    text = Trim(text);
+    TakeUnit(text, parameter.unitText);
+    parameter.expression = text;
+    // The last asterisk: what stands before it is the path, whatever it holds.
+    const std::size_t star = text.rfind('*');
+    if (star == std::string_view::npos)
+        return parameter;
+    std::string_view rest = text.substr(star + 1);
+    const std::optional<double> factor = TakeNumber(rest);
+    if (!factor)
+        return parameter;
+    std::optional<double> offset = 0.0;
+    if (!Trim(rest).empty())
+        offset = TakeNumber(rest);
+    if (!offset || !Trim(rest).empty())
+        return parameter;
+    parameter.expression = Trim(text.substr(0, star));
+    parameter.factor = *factor;
+    parameter.offset = *offset;
+    return parameter;
+}
+
+std::string FormatExpressionText(const FormatParameter& parameter) {
+    std::string text = parameter.expression;
+    const bool hasUnit = !parameter.unit.empty() || parameter.unitText.number != 0;
+    const std::string factor = DoubleToText(parameter.factor);
+    const std::string offset = DoubleToText(parameter.offset);
+    // A path that ends like a factor or a unit would be taken for one, unless those of its own stand behind.
+    const bool isPlain = ParseFormatExpression(text).expression == text;
+    if (factor != "1" || offset != "0" || hasUnit || !isPlain) {
+        text += '*' + factor;
+        if (!offset.starts_with('-'))
+            text += '+';
+        text += offset;
+    }
+    if (parameter.unitText.number != 0) {
+        text += '(';
+        AppendInteger(text, parameter.unitText.scope);
+        text += ':';
+        AppendInteger(text, parameter.unitText.number);
+        text += ')';
+    }
+    return text;
+}
+
+std::vector<std::string> ConversionsOf(std::string_view text) {
+    std::vector<std::string> conversions;
+    for (std::size_t i = text.find('%'); i != std::string_view::npos; i = text.find('%', i)) {
+        const std::size_t end = text.find_first_not_of("-+ #.0123456789", i + 1);
+        if (end == std::string_view::npos)
+            break;
+        if (text[end] != '%')
+            conversions.emplace_back(text.substr(i, end - i + 1));
+        i = end + 1;
+    }
+    return conversions;
+}
+
+}  // namespace tovarek

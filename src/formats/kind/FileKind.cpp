@@ -1,0 +1,95 @@
+#include "formats/kind/FileKind.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Text.h"
+#include "formats/catalog/CatalogFile.h"
+#include "formats/format/FormatFile.h"
+#include "formats/language/LanguageFile.h"
+
+namespace tovarek {
+namespace {
+
+struct KindRow {
+    FileKind kind;
+    std::string_view name;
+    std::string_view magic;  // what every file of the kind begins with
+    std::string_view extension;
+};
+constexpr std::array<KindRow, 6> kKinds = {{
+    {FileKind::language, "language file", "URES", ""},
+    {FileKind::type, "type file", "UTYP", "typ"},
+    {FileKind::profile, "functional-profile file", "UFPT", "fpt"},
+    {FileKind::format, "format file", "", "fmt"},
+    {FileKind::catalog, "resource catalog", kCatalogMark, "cat"},
+    {FileKind::xif, "XIF file", "File:", "xif"},
+}};
+
+std::string Extension(const std::string& path) {
+    const std::size_t dot = path.find_last_of(".\\/");
+    if (dot == std::string::npos || path[dot] != '.')
+        return {};
+    std::string extension = path.substr(dot + 1);
+    std::transform(extension.begin(), extension.end(), extension.begin(), AsciiLower);
+    return extension;
+}
+
+// A list of values: commas in each of the first lines, and not a single statement.
+bool LooksCommaSeparated(std::string_view bytes) {
+    int lines = 0;
+    while (!bytes.empty() && lines < 3) {
+        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
+        if (bytes.substr(0, end).find(',') == std::string_view::npos)
+            return false;
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+        ++lines;
+    }
+    return lines > 0;
+}
+
+std::string WhyUnknown(std::string_view bytes, const std::string& extension) {
+    if (bytes.empty())
+        return "the file is empty";
+    std::string expected = "it is no language, type, profile or format file, no catalog of ours and no XIF";
+    for (const KindRow& row : kKinds)
+        if (row.extension == extension && !row.magic.empty())
+            expected =
+                std::string(row.name) + "s begin with \"" + std::string(row.magic) + "\", this file does not";
+    if (IsLanguageExtension(extension))
+        expected = "language files begin with \"URES\", this file does not";
+    return expected + (LooksCommaSeparated(bytes) ? "; it looks like a comma-separated list" : "");
+}
+
+}  // namespace
+
+std::string_view KindName(FileKind kind) {
+    return kKinds[static_cast<std::size_t>(kind)].name;
+}
+
+bool IsTextKind(FileKind kind) {
+    return kind == FileKind::format || kind == FileKind::catalog || kind == FileKind::xif;
+}
+
+Outcome Recognise(std::string_view bytes, const std::string& path, FileKind& kind) {
+    if (IsCatalogFile(bytes)) {
+        kind = FileKind::catalog;
+        return {};
+    }
+    for (const KindRow& row : kKinds) {
+        if (row.kind != FileKind::catalog && !row.magic.empty() && bytes.starts_with(row.magic)) {
+            kind = row.kind;
+            return {};
+        }
+    }
+    const std::string extension = Extension(path);
+    kind = FileKind::format;
+    if (extension == "fmt")
+        return {};  // whatever is wrong with it, its reader says better
+    FormatFile formats;
+    if (ReadFormatFile(bytes, formats).Ok() && (!formats.settings.empty() || !formats.formats.empty()))
+        return {};
+    return Failure(resultErrorOpenFile, WhyUnknown(bytes, extension));
+}
+
+}  // namespace tovarek

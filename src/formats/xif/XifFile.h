@@ -1,0 +1,98 @@
+// Device-interface files (XIF, versions 1 to 4.501) as their readers know them, whoever wrote them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/records/Outcome.h"
+#include "formats/xif/XifValues.h"
+
+namespace tovarek {
+
+// A number of the file; without value it is left at its default, which the file writes as "*".
+using XifNumber = std::optional<std::int64_t>;
+
+// One of the lines behind the program ID that hold parameters; 6 is the first.
+struct XifParameters {
+    int line = 0;
+    std::vector<XifNumber> numbers;
+};
+
+struct XifTag {
+    std::string name;
+    std::vector<XifNumber> numbers;     // behind the name: index, average and maximum rate, 0
+    std::vector<XifNumber> attributes;  // the second line; its second number tells whether it is bindable
+};
+
+// One field of a variable's type.
+struct XifElement {
+    XifNumber type;
+    XifNumber offset;
+    XifNumber size;
+    XifNumber isSigned;
+    XifNumber array;
+};
+
+struct XifVariable {
+    std::string name;
+    std::vector<XifNumber> numbers;     // behind the name: index, rates, array size
+    std::vector<XifNumber> attributes;  // offline, 1, 63, direction, service ... configuration
+    std::string documentation;          // pieces joined, escapes as they stand
+    XifNumber standardType;             // 0 = a user type
+    std::vector<XifElement> elements;
+
+    XifNumber Number(std::size_t place) const { return place < numbers.size() ? numbers[place] : 0; }
+    XifNumber Attribute(std::size_t place) const { return place < attributes.size() ? attributes[place] : 0; }
+    // Bytes of one value: bit fields share a byte as long as their offset grows, a union has its own size.
+    std::int64_t Size() const;
+};
+
+struct XifSection {
+    std::string name;
+    XifNumber index;
+    XifNumber type;  // 2: a property template, 1: values
+    std::optional<XifNumber> length;
+    XifContent content;
+};
+
+struct XifComment {
+    std::size_t line = 0;
+    std::string text;
+};
+
+// A record of a kind that is not known: its lines up to an empty one.
+struct XifUnknown {
+    std::size_t line = 0;
+    std::vector<std::string> lines;
+};
+
+struct XifFile {
+    std::string name;
+    std::string tool;
+    std::string version;  // "4.0"
+    std::string copyright;
+    std::string run;  // the third line, with the date
+    std::string programId;
+    std::vector<XifParameters> parameters;
+    std::string documentation;
+    std::vector<XifTag> tags;
+    std::vector<XifVariable> variables;
+    std::vector<XifSection> sections;
+    std::optional<XifContent> values;  // NVVAL
+    std::vector<XifComment> comments;
+    std::vector<XifUnknown> unknown;
+    bool endMark = false;        // the text ends with the byte 1A
+    std::string attached;        // what follows the text, for example an application image
+    std::size_t attachedAt = 0;  // its offset; the file's size when there is none
+    // What each line of the text is, in order; one for every line that was understood.
+    std::vector<std::string> lineRoles;
+};
+
+// Reads an XIF file (windows-1252, CR LF or LF). Code 5; the reason names the line. What was read up to there
+// stays in `file`, for lineRoles.
+Outcome ReadXifFile(std::string_view bytes, XifFile& file);
+
+}  // namespace tovarek

@@ -1,0 +1,175 @@
+#include "system/Files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <new>
+#include <utility>
+
+#ifdef _WIN32
+#include "base/Text.h"
+#include "system/Wide.h"
+#endif
+
+namespace tovarek {
+namespace {
+
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
+
+[[noreturn]] void RefuseSize(std::string_view path) {
+    RaiseRuntimeError(RuntimeError::outOfMemory,
+                      {.file = std::string(path), .reason = "files of more than 1 GiB are not read"});
+}
+
+}  // namespace
+
+SystemFile::SystemFile(SystemFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
+
+std::string ReadFile(std::string_view path, std::uint64_t limit) {
+    if (path.empty())
+        RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the file name is empty"});
+    SystemFile file = SystemFile::OpenToRead(path);
+    const std::uint64_t size = file.Size();
+    if (std::min(size, limit) > kLargestFile)
+        RefuseSize(path);
+
+    // One byte more than the size shows the end without growing the buffer; devices and pipes have no size.
+    std::string bytes;
+    std::size_t filled = 0;
+    while (filled < limit) {
+        if (filled == bytes.size()) {
+            const std::uint64_t wanted =
+                filled == 0 ? std::max<std::uint64_t>(size + 1, 4096) : std::uint64_t{2} * filled;
+            bytes.resize(static_cast<std::size_t>(std::min(limit, wanted)));
+        }
+        const std::size_t count = file.Read(bytes.data() + filled, bytes.size() - filled);
+        if (count == 0)
+            break;
+        filled += count;
+    }
+    if (filled > kLargestFile)
+        RefuseSize(path);
+    bytes.resize(filled);
+    return bytes;
+}
+
+namespace {
+
+SystemFile CreateOutput(std::string_view path) {
+    if (path.empty())
+        RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the name of the output file is empty"});
+    return SystemFile::Create(path);
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::string_view path) : file_(CreateOutput(path)) {
+    buffer_.reserve(kPiece);
+}
+
+OutputFile::~OutputFile() {
+    if (!file_.IsOpen())
+        return;
+    try {
+        // A half-written file is left as far as it got.
+        if (!failed_)
+            WriteOut(buffer_);
+    } catch (const Error&) {
+        // The error that ended the writer is already on its way.
+        failed_ = true;
+    }
+}
+
+void OutputFile::Append(std::string_view bytes) {
+    if (buffer_.size() + bytes.size() > kPiece) {
+        WriteOut(buffer_);
+        buffer_.clear();
+    }
+    if (bytes.size() > kPiece)
+        WriteOut(bytes);
+    else
+        buffer_ += bytes;
+}
+
+void OutputFile::Close() {
+    WriteOut(buffer_);
+    buffer_.clear();
+    file_.Close();
+}
+
+void OutputFile::WriteOut(std::string_view bytes) {
+    failed_ = true;
+    file_.Write(bytes);
+    failed_ = false;
+}
+
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+// The library refuses names that are no valid UTF-16, which the system has.
+fs::path PathOf(const std::string& path) {
+    return ToWide(path);
+}
+std::string TextOf(const fs::path& path) {
+    return FromWide(path.native());
+}
+// Names of one folder that differ in letter case only are one name.
+std::string NameKey(const std::string& name) {
+    return UpperCase(name);
+}
+#else
+fs::path PathOf(const std::string& path) {
+    return path;
+}
+std::string TextOf(const fs::path& path) {
+    return path.native();
+}
+std::string NameKey(std::string name) {
+    return name;
+}
+#endif
+
+// The path without "..", with the links of the part that exists followed, also one at its end that leads to a
+// file which does not exist yet: that file is the one that would be written.
+fs::path FollowLinks(fs::path path) {
+    constexpr int kMostLinks = 40;
+    for (int i = 0; i < kMostLinks; ++i) {
+        std::error_code failed;
+        fs::path full = fs::weakly_canonical(path, failed);
+        if (failed == std::errc::not_enough_memory)
+            throw std::bad_alloc();
+        if (!failed)
+            path = std::move(full);
+        const fs::path target = fs::read_symlink(path, failed);
+        if (failed)
+            break;
+        path = path.parent_path() / target;
+    }
+    return path;
+}
+
+}  // namespace
+
+std::optional<FileIdentity> IdentityOf(std::string_view path) {
+    fs::path folder = FollowLinks(PathOf(SystemPath(path)));
+    FileStamp stamp = StampOf(TextOf(folder));
+    if (stamp != FileStamp() && !FileExists(TextOf(folder)))
+        return std::nullopt;
+    std::string name;
+    while (stamp == FileStamp() && folder.has_filename()) {
+        name.insert(0, '/' + NameKey(TextOf(folder.filename())));
+        folder = folder.parent_path();
+        stamp = StampOf(folder.empty() ? "." : TextOf(folder));
+    }
+    return FileIdentity{stamp.device, stamp.inode, std::move(name)};
+}
+
+void WriteFile(std::string_view path, std::string_view bytes) {
+    OutputFile file(path);
+    file.Append(bytes);
+    file.Close();
+}
+
+}  // namespace tovarek

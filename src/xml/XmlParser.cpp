@@ -1,0 +1,307 @@
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <algorithm>
+#include <climits>
+#include <memory>
+
+#include "system/Files.h"
+#include "xml/DtdPath.h"
+#include "xml/XmlText.h"
+#include "xml/XmlTree.h"
+
+namespace tovarek {
+namespace {
+
+std::string Text(const xmlChar* text) {
+    return text == nullptr ? std::string() : reinterpret_cast<const char*>(text);
+}
+
+// How much a report explains of a refusal. Prefixes that nobody declared and the like are no fault for us.
+enum class Weight { none, notice, invalid, fatal };
+
+// One load: what the parser's callbacks need to know, and what they report. They are called from inside the
+// library, which no exception may cross.
+struct Load {
+    explicit Load(std::string document) : path(std::move(document)) {}
+
+    std::string path;
+    xmlParserCtxtPtr parser = nullptr;  // the document's; markup out of entities gets others
+    std::string dtdName;
+    int dtdLine = 0;  // where the document asks for its DTD file
+    XmlFault fault;
+    Weight weight = Weight::none;
+    bool refused = false;
+    bool outOfMemory = false;
+
+    // The line in the document itself, whatever is being read in its place.
+    int Line() const {
+        constexpr int kInDtdFile = 2;
+        if (parser == nullptr || parser->inputNr == 0)
+            return 0;
+        return parser->inSubset == kInDtdFile ? dtdLine : parser->inputTab[0]->line;
+    }
+
+    // The first of the heaviest faults is the one that explains.
+    void Note(Weight what, std::string reason, int line) {
+        if (what <= weight)
+            return;
+        while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r'))
+            reason.pop_back();
+        weight = what;
+        fault = {std::move(reason), line};
+    }
+
+    // With a document that still counts as well-formed the library would ask its own look-up after our
+    // refusal, and open the file.
+    void Refuse(void* reader, std::string reason) {
+        refused = true;
+        static_cast<xmlParserCtxtPtr>(reader)->wellFormed = 0;
+        Note(Weight::fatal, std::move(reason), Line());
+    }
+
+    template <class Action>
+    void Guarded(Action&& action) noexcept {
+        try {
+            action();
+        } catch (const std::bad_alloc&) {
+            outOfMemory = true;
+        }
+    }
+};
+
+Load& LoadOf(void* reader) {
+    return *static_cast<Load*>(static_cast<xmlParserCtxtPtr>(reader)->_private);
+}
+
+Weight WeightOf(const xmlError& error) {
+    // A missing document type declaration is no fault, and warnings are not faults either.
+    if (error.code == XML_DTD_NO_DTD || error.level <= XML_ERR_WARNING)
+        return Weight::none;
+    if (error.level == XML_ERR_FATAL)
+        return Weight::fatal;
+    return error.domain == XML_FROM_VALID || error.domain == XML_FROM_DTD ? Weight::invalid : Weight::notice;
+}
+
+void NoteError(void* context, xmlErrorPtr error) {
+    Load& load = *static_cast<Load*>(context);
+    load.Guarded([&] {
+        if (error->code == XML_ERR_NO_MEMORY)
+            throw std::bad_alloc();
+        std::string reason = error->message != nullptr ? error->message : "not an XML document";
+        // The document has no name for the library, only a DTD file has.
+        const bool isInDtd = error->file != nullptr;
+        const bool isInEntity = error->ctxt != nullptr && error->ctxt != load.parser;
+        if (isInDtd)
+            reason = "in the document type definition '" + std::string(error->file) + "', line " +
+                     std::to_string(error->line) + ": " + reason;
+        load.Note(WeightOf(*error), std::move(reason), isInDtd || isInEntity ? load.Line() : error->line);
+    });
+}
+
+// While it lives, what the library has to say on this thread goes to one load; else it would go to the
+// standard error of whoever hosts us. A parser's own outlet does not get everything.
+class ReportsTo {
+  public:
+    explicit ReportsTo(Load& load) : outlet_(xmlStructuredError), context_(xmlStructuredErrorContext) {
+        xmlSetStructuredErrorFunc(&load, NoteError);
+    }
+    ~ReportsTo() { xmlSetStructuredErrorFunc(context_, outlet_); }
+    ReportsTo(const ReportsTo&) = delete;
+    ReportsTo& operator=(const ReportsTo&) = delete;
+
+  private:
+    xmlStructuredErrorFunc outlet_;
+    void* context_;
+};
+
+// The library counts in int.
+void CheckSize(const std::string& text) {
+    if (text.size() > INT_MAX)
+        throw XmlFault{"the file is too large"};
+}
+
+std::string DtdText(const std::string& document, const std::string& name) {
+    const auto path = DtdPath(document, name);
+    if (!path)
+        throw XmlFault{"is not a file beside the document"};
+    // A device or a pipe could keep us waiting for good.
+    if (!FileExists(*path))
+        throw XmlFault{"cannot be read: there is no file " + *path};
+    try {
+        std::string text = XmlText(ReadFile(*path));
+        CheckSize(text);
+        BlankTextDeclaration(text);
+        return text;
+    } catch (const Error& error) {
+        throw XmlFault{"cannot be read: " + error.Description()};
+    } catch (const XmlFault& fault) {
+        throw XmlFault{"cannot be read: line " + std::to_string(fault.line) + ": " + fault.reason};
+    }
+}
+
+// Gives the parser the document's own DTD file and nothing else.
+xmlParserInputPtr ReadDtd(void* reader, const xmlChar* /*publicId*/, const xmlChar* systemId) {
+    xmlParserInputPtr input = nullptr;
+    Load& load = LoadOf(reader);
+    load.Guarded([&] {
+        const std::string name = Text(systemId);
+        load.dtdLine = load.parser->input->line;
+        try {
+            const std::string dtd = DtdText(load.path, name);
+            xmlParserInputBufferPtr buffer = xmlParserInputBufferCreateMem(
+                dtd.data(), static_cast<int>(dtd.size()), XML_CHAR_ENCODING_NONE);
+            if (buffer != nullptr)
+                input = xmlNewIOInputStream(static_cast<xmlParserCtxtPtr>(reader), buffer,
+                                            XML_CHAR_ENCODING_NONE);
+            if (input == nullptr)
+                throw std::bad_alloc();
+            input->filename = reinterpret_cast<char*>(xmlStrdup(systemId));
+        } catch (const XmlFault& fault) {
+            load.Refuse(reader, "the document type definition '" + name + "' " + fault.reason);
+        }
+    });
+    return input;
+}
+
+xmlEntityPtr RefuseExternal(void* reader, xmlEntityPtr entity) {
+    if (entity == nullptr || (entity->etype != XML_EXTERNAL_GENERAL_PARSED_ENTITY &&
+                              entity->etype != XML_EXTERNAL_PARAMETER_ENTITY))
+        return entity;
+    Load& load = LoadOf(reader);
+    load.Guarded([&] { load.Refuse(reader, "external entities are not read: " + Text(entity->name)); });
+    return nullptr;
+}
+
+xmlEntityPtr GetEntity(void* reader, const xmlChar* name) {
+    return RefuseExternal(reader, xmlSAX2GetEntity(reader, name));
+}
+
+xmlEntityPtr GetParameterEntity(void* reader, const xmlChar* name) {
+    return RefuseExternal(reader, xmlSAX2GetParameterEntity(reader, name));
+}
+
+// Stops endless nesting where it happens, before the parser's own limit, whose words are for programmers.
+void StartElement(void* reader, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                  int namespaceCount, const xmlChar** namespaces, int attributeCount, int defaultedCount,
+                  const xmlChar** attributes) {
+    auto* const parser = static_cast<xmlParserCtxtPtr>(reader);
+    Load& load = LoadOf(reader);
+    if (parser->nodeNr >= kDeepestXml) {
+        load.Guarded([&] { load.Refuse(reader, TooDeepReason()); });
+        return;
+    }
+    xmlSAX2StartElementNs(reader, name, prefix, uri, namespaceCount, namespaces, attributeCount,
+                          defaultedCount, attributes);
+    // Lines in the text of an entity tell nobody anything.
+    if (parser != load.parser && parser->node != nullptr)
+        parser->node->line = static_cast<unsigned short>(std::min(load.Line(), USHRT_MAX));
+}
+
+// The first element that is nested deeper than kDeepestXml, null when there is none. Elements out of entities
+// stand in their place only when all is read.
+const xmlNode* FirstTooDeep(const xmlDoc* tree) {
+    const xmlNode* node = tree->children;
+    for (int depth = 1; node != nullptr;) {
+        if (node->type == XML_ELEMENT_NODE && depth > kDeepestXml)
+            return node;
+        if (node->type == XML_ELEMENT_NODE && node->children != nullptr) {
+            node = node->children;
+            ++depth;
+            continue;
+        }
+        while (node != nullptr && node->next == nullptr) {
+            node = depth > 1 ? node->parent : nullptr;
+            --depth;
+        }
+        if (node != nullptr)
+            node = node->next;
+    }
+    return nullptr;
+}
+
+struct FreeParser {
+    void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
+};
+using Parser = std::unique_ptr<xmlParserCtxt, FreeParser>;
+
+Parser NewParser(Load& load) {
+    Parser parser(xmlNewParserCtxt());
+    if (!parser)
+        throw std::bad_alloc();
+    load.parser = parser.get();
+    parser->_private = &load;
+    return parser;
+}
+
+// The text is UTF-8, whatever its declaration says.
+XmlTree Read(xmlParserCtxt& parser, const std::string& text, int options) {
+    CheckSize(text);
+    return XmlTree(xmlCtxtReadMemory(&parser, text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                                     options | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC));
+}
+
+void Check(const Load& load, const xmlDoc* tree) {
+    if (load.outOfMemory)
+        throw std::bad_alloc();
+    const auto fault = [&](Weight least, const char* otherwise) {
+        return load.weight >= least ? load.fault : XmlFault{otherwise};
+    };
+    if (tree == nullptr || load.refused || load.parser->wellFormed == 0)
+        throw fault(Weight::fatal, "not an XML document");
+    const bool hasDtd = tree->intSubset != nullptr || tree->extSubset != nullptr;
+    if (hasDtd && load.parser->valid == 0)
+        throw fault(Weight::invalid, "the document does not follow its document type definition");
+    if (const xmlNode* const deep = FirstTooDeep(tree))
+        throw XmlFault{TooDeepReason(), deep->line};
+}
+
+}  // namespace
+
+std::string TooDeepReason() {
+    return "elements are nested deeper than " + std::to_string(kDeepestXml) + " levels";
+}
+
+XmlTree ParseXmlFile(const std::string& path) {
+    const std::string text = XmlText(ReadFile(path));
+    Load load(path);
+    const ReportsTo reports(load);
+    const Parser parser = NewParser(load);
+    parser->sax->resolveEntity = ReadDtd;
+    parser->sax->getEntity = GetEntity;
+    parser->sax->getParameterEntity = GetParameterEntity;
+    parser->sax->startElementNs = StartElement;
+    XmlTree tree = Read(
+        *parser, text,
+        XML_PARSE_NOENT | XML_PARSE_DTDATTR | XML_PARSE_DTDVALID | XML_PARSE_BIG_LINES | XML_PARSE_COMPACT);
+    Check(load, tree.get());
+    return tree;
+}
+
+std::string DtdFileOf(const std::string& path) {
+    if (!FileExists(path))
+        return {};
+    try {
+        const std::string text = XmlText(ReadFile(path));
+        Load load(path);
+        const ReportsTo reports(load);
+        const Parser parser = NewParser(load);
+        parser->sax->internalSubset = [](void* reader, const xmlChar*, const xmlChar*, const xmlChar* name) {
+            LoadOf(reader).Guarded([&] { LoadOf(reader).dtdName = Text(name); });
+            xmlStopParser(static_cast<xmlParserCtxtPtr>(reader));
+        };
+        parser->sax->startElementNs = [](void* reader, auto...) {
+            xmlStopParser(static_cast<xmlParserCtxtPtr>(reader));
+        };
+        Read(*parser, text, 0);
+        if (load.outOfMemory)
+            throw std::bad_alloc();
+        return DtdPath(path, load.dtdName).value_or("");
+    } catch (const Error&) {
+        // Whoever reads the document tells why it cannot be read.
+    } catch (const XmlFault&) {
+    }
+    return {};
+}
+
+}  // namespace tovarek
