@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "cli/Locations.h"
 #include "cli/Report.h"
 #include "support/CTools.h"
 #include "system/Files.h"
@@ -80,7 +81,30 @@ PropertyValue ValueOfText(const Property& property, const std::string& text) {
     return text;
 }
 
-PropertyValue ValueOfJson(const Property& property, const Json& json) {
+// What names an input in a job. The catalog's file name stands in the catalog's folder.
+constexpr std::string_view kInputs[] = {
+    "catalogDir",      "iniProfileFile",  "xmlProfileFile",  "xmlProfileNode",     "xifProfileFile",
+    "iniTemplateFile", "xmlTemplateFile", "xmlTemplateNode", "typeFilesXMLFormat", "userTypeFilePath",
+};
+
+bool Exists(const std::string& path) {
+    return FileExists(path) || FolderExists(path);
+}
+
+// A job and its inputs are moved together, so inputs count from the job's folder. Outputs are the business of
+// whoever runs it and count from the current folder.
+std::string PathInJob(const std::string& job, const Property& property, const std::string& path) {
+    if (std::find(std::begin(kInputs), std::end(kInputs), property.name) == std::end(kInputs))
+        return path;
+    std::string beside = BesideFile(job, path);
+    if (!Exists(beside) && Exists(path))
+        throw WrongUse("job file '" + job + "': " + std::string(property.name) + " '" + Excerpt(path) +
+                       "' counts from the folder of the job file, so it is looked for at '" + beside +
+                       "'; it is only in the current folder: write the path as seen from the job file");
+    return beside;
+}
+
+PropertyValue ValueOfJson(const std::string& job, const Property& property, const Json& json) {
     const auto refuse = [&](const char* wanted) {
         RefuseValue(property, json.dump(-1, ' ', false, Json::error_handler_t::replace), wanted);
     };
@@ -99,13 +123,14 @@ PropertyValue ValueOfJson(const Property& property, const Json& json) {
             if (!json.is_object() || !json.contains("file") || !json.contains("element") ||
                 json.size() != 2 || !json["file"].is_string() || !json["element"].is_string())
                 refuse(R"({"file": path, "element": name} is wanted)");
-            return LoadElement(json["file"].get<std::string>(), json["element"].get<std::string>());
+            return LoadElement(PathInJob(job, property, json["file"].get<std::string>()),
+                               json["element"].get<std::string>());
         case PropertyKind::string:
             break;
     }
     if (!json.is_string())
         refuse(kStringWanted);
-    return json.get<std::string>();
+    return PathInJob(job, property, json.get<std::string>());
 }
 
 // The job as one JSON object, keys in the order of the file. The same key twice is refused: which one acts
@@ -164,8 +189,11 @@ void AssignPair(Tovarek& component, const std::string& pair) {
 void AssignJob(Tovarek& component, const std::string& path) {
     const Json job = ReadJob(path);
     for (const auto& [name, value] : job.items()) {
+        // Tells editors what the keys mean.
+        if (name == "$schema")
+            continue;
         const Property& property = PropertyOf(name);
-        property.set(component, ValueOfJson(property, value));
+        property.set(component, ValueOfJson(path, property, value));
     }
 }
 

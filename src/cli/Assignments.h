@@ -23,8 +23,9 @@ void AssignText(Tovarek& component, const std::string& name, const std::string& 
 void AssignPair(Tovarek& component, const std::string& pair);
 
 // Sets the properties of a job file, in the order in which they stand: a JSON object {property: value}, an
-// XML node written {"file": path, "element": name}. Throws as AssignText, and WrongUse for what is no such
-// file.
+// XML node written {"file": path, "element": name}; "$schema" is passed over. Inputs count from the folder of
+// the job file, outputs from the current folder. Throws as AssignText, and WrongUse for what is not such a
+// file and for an input that only the current folder holds.
 void AssignJob(Tovarek& component, const std::string& path);
 
 }  // namespace tovarek

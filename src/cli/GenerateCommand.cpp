@@ -8,6 +8,7 @@
 #include "cli/Locations.h"
 #include "cli/OutputGuard.h"
 #include "component/Tovarek.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -51,6 +52,14 @@ void UseShippedCatalog(Tovarek& component) {
         component.catalogDir(folder);
 }
 
+// The last level of a folder. When that fails, the first file that is written there tells.
+void CreateFolder(std::string folder) {
+    while (!folder.empty() && (folder.back() == '/' || folder.back() == '\\'))
+        folder.pop_back();
+    if (!folder.empty())
+        MakeDirectory(folder);
+}
+
 }  // namespace
 
 int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Streams streams) {
@@ -64,10 +73,13 @@ int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Strea
         for (const Setting& setting : settings)
             if (setting.kind == Setting::Kind::job)
                 jobs.push_back(setting.value);
-        const auto guard = [&](const JobFiles& files) { RefuseOverwriting(files, jobs); };
-        guard(component.Files());
-        // Once more when the template has told the user type file.
-        component.SetGuard(guard);
+        RefuseOverwriting(component.Files(), jobs);
+        // Once more when the template is in order and has told the user type file.
+        component.SetGuard([&](const JobFiles& files) {
+            RefuseOverwriting(files, jobs);
+            if (component.mustGenerateTypes())
+                CreateFolder(component.typeFilesDirectory());
+        });
         component.Generate();
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);

@@ -44,4 +44,10 @@ std::string ExampleFolder() {
     return FirstFolderWith({"../../examples/fan-coil", "../share/tovarek/examples/fan-coil"}, "template.ini");
 }
 
+std::string BesideFile(const std::string& file, const std::string& path) {
+    const fs::path named = PathOf(SystemPath(path));
+    const fs::path folder = PathOf(SystemPath(file)).parent_path();
+    return path.empty() || folder.empty() || named.has_root_path() ? path : TextOf(folder / named);
+}
+
 }  // namespace tovarek

@@ -1,4 +1,5 @@
-// Where the files that come with the program are: beside it in a build folder, below ../share when installed.
+// Where files are: those that come with the program (beside it in a build folder, below ../share when
+// installed), and those that a file names.
 #pragma once
 
 #include <string>
@@ -10,5 +11,9 @@ std::string ShippedCatalogFolder();
 
 // Folder of the example device; empty when there is none.
 std::string ExampleFolder();
+
+// `path` as it counts from the folder of `file`. An empty path and one that begins at a root or a drive stay
+// as they are.
+std::string BesideFile(const std::string& file, const std::string& path);
 
 }  // namespace tovarek

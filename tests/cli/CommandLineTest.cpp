@@ -246,6 +246,43 @@ TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     EXPECT_EQ(Generate({"--job", scratch_.File("deep.json", deep)}).status, 2);
 }
 
+TEST_F(CommandLine, InputsOfAJobCountFromItsFolderOutputsFromTheCurrentOne) {
+    ASSERT_TRUE(MakeDirectory(scratch_.Path("job")));
+    ASSERT_TRUE(MakeDirectory(scratch_.Path("now")));
+    scratch_.File("job/p.ini", kProfileIni);
+    scratch_.File("job/t.xml", kTemplateXml);
+    scratch_.File("job/f.xml", "<F/>");
+    scratch_.File("job/user.xml", "<UNVTS/>");
+    scratch_.File("now/only.ini", kProfileIni);
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(StandardPath(scratch_.Path("now")));
+    const auto job = [&](const nlohmann::ordered_json& more) {
+        nlohmann::ordered_json all = {
+            {"$schema", "tovarek.json"},     {"catalogDir", TOVAREK_CATALOG},
+            {"iniProfileFile", "p.ini"},     {"xmlTemplateNode", {{"file", "t.xml"}, {"element", "D"}}},
+            {"mustGenerateTypes", true},     {"typeFilesXMLFormat", "f.xml"},
+            {"userTypeFilePath", "."},       {"typeFilesBaseName", "b"},
+            {"typeFilesDirectory", "types"}, {"outputXIFfile", "types/n.xif"}};
+        all.update(more);
+        return Call({"generate", "--job", scratch_.File("job/job.json", all.dump())});
+    };
+    const Answer good = job(nlohmann::ordered_json::object());
+    EXPECT_EQ(good.status, 0) << good.error;
+    EXPECT_TRUE(FileExists(scratch_.Path("now/types/files.lst")));
+    EXPECT_TRUE(FileExists(scratch_.Path("now/types/n.xif")));
+    EXPECT_EQ(job({{"typeFilesDirectory", "more/"}}).status, 0) << "with a separator at its end too";
+    EXPECT_TRUE(FileExists(scratch_.Path("now/more/files.lst")));
+    EXPECT_EQ(job({{"iniProfileFile", scratch_.Path("now/only.ini")}}).status, 0) << "absolute";
+    const Answer old = job({{"iniProfileFile", "only.ini"}});
+    EXPECT_EQ(old.status, 2);
+    EXPECT_NE(old.error.find("from the folder of the job file"), std::string::npos) << old.error;
+    EXPECT_EQ(job({{"catalogDir", "nowhere"}}).status, 1);
+    // A refused job creates no folder.
+    EXPECT_EQ(job({{"typeFilesDirectory", "none"}, {"outputXIFfile", "../job/p.ini"}}).status, 2);
+    EXPECT_FALSE(FolderExists(scratch_.Path("now/none")));
+    std::filesystem::current_path(before);
+}
+
 // Every job is sound but for the output that is named twice. The user types are none, so that nothing but the
 // names of the files is at stake.
 TEST_F(CommandLine, NoOutputTakesTheFileOfAnInputOrOfAnotherOutput) {
