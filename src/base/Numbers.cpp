@@ -13,7 +13,7 @@ namespace tovarek {
 namespace {
 
 std::string_view SkipSpace(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    const std::size_t first = text.find_first_not_of(kWhiteSpace);
     return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
@@ -79,12 +79,8 @@ double UnsignedDecimal(std::string_view text) {
 double Literal(std::string_view digits, int base) {
     double value = 0;
     for (const char c : digits) {
-        int digit = base;
-        if (IsDigit(c))
-            digit = c - '0';
-        else if (IsHexDigit(c))
-            digit = AsciiUpper(c) - 'A' + 10;
-        if (digit >= base)
+        const int digit = HexValue(c);
+        if (digit < 0 || digit >= base)
             break;
         value = value * base + digit;
     }

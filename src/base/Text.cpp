@@ -59,6 +59,20 @@ std::size_t SequenceLength(unsigned char lead, char32_t& bits) {
     return 0;
 }
 
+// Characters in front of the first line end. Looked for in windows: a file may have no end of one of the two
+// kinds, and must not be searched to its end for every line.
+std::size_t LineLength(std::string_view text) {
+    constexpr std::size_t kWindow = 256;
+    for (std::size_t start = 0; start < text.size(); start += kWindow) {
+        const std::string_view window = text.substr(start, kWindow);
+        const std::size_t feed = std::min(window.find('\n'), window.size());
+        const std::size_t end = std::min(window.substr(0, feed).find('\r'), feed);
+        if (end < window.size())
+            return start + end;
+    }
+    return text.size();
+}
+
 }  // namespace
 
 char32_t NextCharacter(std::string_view text, std::size_t& position) {
@@ -143,11 +157,29 @@ std::string Excerpt(std::string_view text) {
     return std::string(shown) + (shown.size() < text.size() ? "..." : "");
 }
 
-std::string_view TrimBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
+std::string_view Trim(std::string_view text, std::string_view blanks) {
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+    return Trim(text, " ");
+}
+
+std::string AsciiLowerCase(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
+    return lower;
+}
+
+std::string_view TakeLine(std::string_view& rest) {
+    const std::size_t end = LineLength(rest);
+    const std::string_view line = rest.substr(0, end);
+    const std::size_t ending = rest.substr(end).starts_with("\r\n") ? 2 : 1;
+    rest.remove_prefix(std::min(end + ending, rest.size()));
+    return line;
 }
 
 std::string UpperCase(std::string_view text) {
@@ -224,9 +256,12 @@ std::string ToUtf16(std::string_view text, bool bigEndian) {
     return bytes;
 }
 
-void AppendHex(std::string& text, unsigned value, int digits) {
-    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
-        text += "0123456789ABCDEF"[(value >> static_cast<unsigned>(shift)) & 0x0FU];
+void AppendHex(std::string& text, std::uint64_t value, unsigned digits) {
+    constexpr unsigned kMostDigits = 16;
+    while (digits < kMostDigits && (value >> (4 * digits)) != 0)
+        ++digits;
+    while (digits-- > 0)
+        text += "0123456789ABCDEF"[(value >> (4 * digits)) & 0x0FU];
 }
 
 std::string HexText(std::string_view bytes) {
@@ -238,6 +273,21 @@ std::string HexText(std::string_view bytes) {
         AppendHex(text, static_cast<unsigned char>(c), 2);
     }
     return text;
+}
+
+std::optional<std::string> FromHex(std::string_view digits) {
+    if (digits.size() % 2 != 0)
+        return std::nullopt;
+    std::string bytes;
+    bytes.reserve(digits.size() / 2);
+    for (std::size_t i = 0; i < digits.size(); i += 2) {
+        const int high = HexValue(digits[i]);
+        const int low = HexValue(digits[i + 1]);
+        if (high < 0 || low < 0)
+            return std::nullopt;
+        bytes.push_back(static_cast<char>(16 * high + low));
+    }
+    return bytes;
 }
 
 std::string Printable(std::string_view text) {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "base/Numbers.h"
-#include "support/CTools.h"
+#include "base/Path.h"
 #include "support/TextWriter.h"
 #include "types/TypeFilesDriver.h"
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/Path.h"
 #include "control/ResourceCreator.h"
 #include "control/StandardCatalog.h"
 
@@ -53,11 +54,6 @@ bool ToFloat(double value, float& result) {
         return false;
     result = static_cast<float>(std::clamp(value, -kLargest, kLargest));
     return true;
-}
-
-std::string CatalogPath(const std::string& folder, const std::string& name) {
-    const bool joins = !folder.empty() && folder.back() != '\\' && folder.back() != '/';
-    return folder + (joins ? "\\" : "") + name;
 }
 
 }  // namespace
@@ -139,7 +135,7 @@ void QVxTypes::PrepareCatalog(std::int32_t /*argument*/) {
 
 void QVxTypes::OpenCatalog() {
     impl_->selected = 0;
-    impl_->Note(StandardCatalog::Open(CatalogPath(impl_->folder, impl_->fileName), impl_->catalog));
+    impl_->Note(StandardCatalog::Open(WithSeparator(impl_->folder) + impl_->fileName, impl_->catalog));
 }
 
 std::int32_t QVxTypes::ResultCode() const {

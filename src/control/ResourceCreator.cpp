@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "base/Error.h"
+#include "base/Path.h"
 #include "base/Text.h"
 #include "formats/type/TypeDescriptionCodec.h"
 #include "system/CodePage.h"
@@ -32,43 +33,17 @@ std::int32_t DescriptionText(ResourceKind kind) {
     }
 }
 
-// "90000106" to four bytes; nothing when a character is no hexadecimal digit or one is missing.
-std::optional<std::string> FromHex(std::string_view hex) {
-    if (hex.size() % 2 != 0)
-        return std::nullopt;
-    std::string bytes;
-    bytes.reserve(hex.size() / 2);
-    unsigned value = 0;
-    for (std::size_t i = 0; i < hex.size(); ++i) {
-        if (!IsHexDigit(hex[i]))
-            return std::nullopt;
-        const char digit = AsciiUpper(hex[i]);
-        value = value * 16 + static_cast<unsigned>(IsDigit(digit) ? digit - '0' : digit - 'A' + 10);
-        if (i % 2 == 1) {
-            bytes.push_back(static_cast<char>(value));
-            value = 0;
-        }
-    }
-    return bytes;
-}
-
-std::size_t LastSeparator(const std::string& path) {
-    return path.find_last_of("\\/");
-}
-
 // The folder must be there already, and the path must not be a folder itself.
 bool IsUsablePath(const std::string& path) {
-    const std::size_t separator = LastSeparator(path);
-    if (path.empty() || separator == path.size() - 1 || FolderExists(path))
+    const std::string folder = FolderOf(path);
+    if (path.empty() || folder == path || FolderExists(path))
         return false;
-    return separator == std::string::npos || FolderExists(path.substr(0, separator + 1));
+    return folder.empty() || FolderExists(folder);
 }
 
 // The file that declares a set's enumerations: the set's base name and ".h".
 std::string EnumerationFile(const std::string& path) {
-    const std::size_t separator = LastSeparator(path);
-    const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
-    return name.substr(0, name.rfind('.')) + ".h";
+    return std::string(StemOf(path)) + ".h";
 }
 
 bool HasControlCharacter(const std::string& text) {

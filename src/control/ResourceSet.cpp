@@ -4,17 +4,13 @@
 #include <vector>
 
 #include "base/Error.h"
+#include "base/Path.h"
 #include "base/Text.h"
 #include "formats/language/LanguageFile.h"
 #include "system/Files.h"
 
 namespace tovarek {
 namespace {
-
-std::string Lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), AsciiLower);
-    return text;
-}
 
 // Told by its content: a set may be written with an extension of the user's own.
 bool IsLanguageFile(const std::string& path) {
@@ -26,28 +22,20 @@ bool IsLanguageFile(const std::string& path) {
     }
 }
 
-// Where the extension's dot stands, or the end of the name.
-std::size_t Dot(const std::string& name) {
-    return std::min(name.rfind('.'), name.size());
-}
-
 }  // namespace
 
 ResourceSetFiles FindResourceSet(const std::string& path) {
-    const std::size_t separator = path.find_last_of("\\/");
-    const std::string folder = separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
-    const std::string own = path.substr(folder.size());
-    const std::string stem = Lower(own.substr(0, Dot(own)));
+    const std::string folder = FolderOf(path);
+    const std::string stem = AsciiLowerCase(StemOf(path));
 
     std::vector<std::string> names = DirectoryEntries(folder.empty() ? "." : folder);
     std::sort(names.begin(), names.end());  // folders are listed in no order
     ResourceSetFiles files;
     std::vector<std::string> others;
     for (const std::string& name : names) {
-        const std::size_t dot = Dot(name);
-        if (dot == name.size() || Lower(name.substr(0, dot)) != stem)
+        if (name.find('.') == std::string::npos || AsciiLowerCase(StemOf(name)) != stem)
             continue;
-        const std::string extension = Lower(name.substr(dot + 1));
+        const std::string extension = ExtensionOf(name);
         if (extension == "typ") {
             files.types = folder + name;
         } else if (extension == "fpt") {

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "base/Error.h"
+#include "base/Path.h"
 #include "base/Text.h"
 #include "formats/catalog/CatalogFile.h"
 #include "formats/language/LanguageFile.h"
@@ -20,12 +21,6 @@ constexpr std::uint64_t kLongestCatalog = 1U << 20U;
 
 constexpr std::size_t kMostFields = 100'000;
 constexpr int kDeepestField = 64;
-
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
-    return lower;
-}
 
 // Reads a file or says why it cannot be read.
 Outcome ReadWhole(const std::string& path, std::string& bytes, std::uint64_t limit = kLargestFile) {
@@ -50,7 +45,7 @@ std::string FindFile(const std::string& folder, std::string_view name) {
     if (FileExists(exact))
         return exact;
     for (const std::string& entry : DirectoryEntries(folder.empty() ? "." : folder)) {
-        if (Lower(entry) == name && FileExists(folder + entry))
+        if (AsciiLowerCase(entry) == name && FileExists(folder + entry))
             return folder + entry;
     }
     return {};

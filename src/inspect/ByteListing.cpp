@@ -1,8 +1,6 @@
 #include "inspect/ByteListing.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "base/Text.h"
 #include "inspect/InspectNode.h"
@@ -16,9 +14,9 @@ namespace {
 constexpr std::size_t kBytesInLine = 8;
 
 std::string OffsetText(std::size_t offset) {
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%08zX", offset);
-    return text.data();
+    std::string text;
+    AppendHex(text, offset, 8);
+    return text;
 }
 
 std::string Heading(const ByteRow& row) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Path.h"
 #include "base/Text.h"
 #include "inspect/ResourceTrees.h"
 #include "inspect/XifTree.h"
@@ -82,9 +83,7 @@ class FileInspector {
 
 // The name that a file of enumerations has because of the set's own name tells nothing of the content.
 void MarkOwnNames(InspectNode& tree, const std::string& path) {
-    const std::size_t separator = path.find_last_of("\\/");
-    std::string stem = path.substr(separator == std::string::npos ? 0 : separator + 1);
-    stem = UpperCase(stem.substr(0, stem.rfind('.')));
+    const std::string stem = UpperCase(StemOf(path));
     // The generator puts the scope behind the base name.
     const std::size_t scope = stem.size() - std::min<std::size_t>(stem.size(), 2);
     const std::string base = stem.substr(scope).starts_with('_') ? stem.substr(0, scope) : stem;

@@ -10,16 +10,12 @@
 namespace tovarek {
 namespace {
 
-std::string_view Trim(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(" \t\r\n\x1A");
-    return first == std::string_view::npos
-               ? std::string_view()
-               : line.substr(first, line.find_last_not_of(" \t\r\n\x1A") - first + 1);
-}
+// What may stand around the content of a line.
+constexpr std::string_view kAround = " \t\r\n\x1A";
 
 // What a line of a format file is by its looks: statements may take several lines.
 std::string FormatRole(std::string_view line) {
-    const std::string_view text = Trim(line);
+    const std::string_view text = Trim(line, kAround);
     if (text.empty())
         return "empty";
     if (text.starts_with('!'))
@@ -28,12 +24,12 @@ std::string FormatRole(std::string_view line) {
         return "setting";
     const std::string_view head = text.substr(0, text.find_first_of(":(\""));
     if (head.size() < text.size() && text[head.size()] == ':')
-        return "format " + FromCodePage(Trim(head));
+        return "format " + FromCodePage(Trim(head, kAround));
     return "continued";
 }
 
 std::string CatalogRole(std::string_view line) {
-    const std::string_view text = Trim(line);
+    const std::string_view text = Trim(line, kAround);
     if (text.empty())
         return "empty";
     return text.starts_with('#') ? "comment" : "folder";
@@ -78,7 +74,7 @@ class LineLister {
             return CatalogRole(line);
         if (number < xif_.lineRoles.size())
             return xif_.lineRoles[number];
-        return Trim(line).empty() ? "end of the text" : "not understood";
+        return Trim(line, kAround).empty() ? "end of the text" : "not understood";
     }
 
     std::string_view bytes_;

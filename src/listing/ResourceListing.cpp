@@ -17,14 +17,9 @@ constexpr std::size_t kChecksumAt = 0x318;
 constexpr std::uint64_t kOldTypeFormat = 3;
 
 std::string Offset(std::uint64_t offset) {
-    std::string text(4, '0');
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    for (std::size_t place = 0; place < 4 || offset != 0; ++place, offset >>= 4U) {
-        if (place >= text.size())
-            text.insert(text.begin(), '0');
-        text[text.size() - 1 - place] = kDigits[offset & 0x0FU];
-    }
-    return "0x" + text;
+    std::string text = "0x";
+    AppendHex(text, offset, 4);
+    return text;
 }
 
 // A table of offsets: of which records, and sorted by what.

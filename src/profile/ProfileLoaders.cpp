@@ -37,7 +37,7 @@ class LineReader {
                                .reason = "an XIF file has at least 10 lines, this one ends after " +
                                          std::to_string(lines_)});
         ++lines_;
-        return TakeIniLine(rest_);
+        return TakeLine(rest_);
     }
 
   private:

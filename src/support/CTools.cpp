@@ -120,11 +120,4 @@ std::string CTools::doubleToStringWithPoint(double value) const {
     return DoubleToText(value);
 }
 
-std::string WithFinalBackslash(std::string_view folder) {
-    std::string joined(folder);
-    if (!joined.ends_with('\\'))
-        joined += '\\';
-    return joined;
-}
-
 }  // namespace tovarek

@@ -59,7 +59,4 @@ class CTools {
     }
 };
 
-// `folder` with a final "\"; the way all paths are joined, an empty folder included.
-std::string WithFinalBackslash(std::string_view folder);
-
 }  // namespace tovarek

@@ -58,26 +58,6 @@ std::string_view WithoutQuotes(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-// Characters in front of the first line end. Looked for in windows: a file may have no end of one of the two
-// kinds, and must not be searched to its end for every line.
-std::size_t LineLength(std::string_view text) {
-    constexpr std::size_t kWindow = 256;
-    for (std::size_t start = 0; start < text.size(); start += kWindow) {
-        const std::string_view window = text.substr(start, kWindow);
-        const std::size_t feed = std::min(window.find('\n'), window.size());
-        const std::size_t end = std::min(window.substr(0, feed).find('\r'), feed);
-        if (end < window.size())
-            return start + end;
-    }
-    return text.size();
-}
-
-int DigitOf(char c, int base) {
-    if (IsDigit(c))
-        return c - '0';
-    return base == 16 && IsHexDigit(c) ? AsciiUpper(c) - 'A' + 10 : -1;
-}
-
 std::int32_t WrappingInteger(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t\v\f\r\n");
     text = first == std::string_view::npos ? std::string_view() : text.substr(first);
@@ -92,8 +72,8 @@ std::int32_t WrappingInteger(std::string_view text) {
     }
     std::uint32_t value = 0;
     for (const char c : text) {
-        const int digit = DigitOf(c, base);
-        if (digit < 0)
+        const int digit = HexValue(c);
+        if (digit < 0 || digit >= base)
             break;
         value = value * static_cast<std::uint32_t>(base) + static_cast<std::uint32_t>(digit);
     }
@@ -169,14 +149,6 @@ bool CaselessEqual::operator()(std::string_view a, std::string_view b) const {
     return true;
 }
 
-std::string_view TakeIniLine(std::string_view& rest) {
-    const std::size_t end = LineLength(rest);
-    const std::string_view line = rest.substr(0, end);
-    const std::size_t ending = rest.substr(end).starts_with("\r\n") ? 2 : 1;
-    rest.remove_prefix(std::min(end + ending, rest.size()));
-    return line;
-}
-
 std::string_view TrimIniLine(std::string_view line) {
     return TrimEnd(TrimStart(line, kLineBlanks), kValueBlanks);
 }
@@ -234,7 +206,7 @@ IniText::IniText(std::string text) : text_(std::move(text)) {
             --start;
         const bool beginsLine = start == 0 || all[start - 1] == '\n' || all[start - 1] == '\r';
         std::string_view rest = all.substr(beginsLine ? start : bracket);
-        const std::string_view line = TrimIniLine(TakeIniLine(rest));
+        const std::string_view line = TrimIniLine(TakeLine(rest));
         bracket = all.find('[', all.size() - rest.size());
         const std::string_view name = IniSectionName(line);
         if (!beginsLine || name.data() == nullptr)
@@ -255,7 +227,7 @@ void IniText::ReadSection(std::string_view name, IniSection& section) const {
         return;
     std::string_view rest = found->second.lines;
     while (!rest.empty()) {
-        const std::string_view line = TrimIniLine(TakeIniLine(rest));
+        const std::string_view line = TrimIniLine(TakeLine(rest));
         IniSection::Entry entry;
         if (!SplitIniKey(line, entry.key, entry.value))
             continue;
@@ -284,7 +256,7 @@ int IniText::LineOf(std::string_view section, std::string_view key) const {
         }
     int line = 0;
     for (std::string_view rest = text_; !rest.empty() && rest.data() <= place;) {
-        TakeIniLine(rest);
+        TakeLine(rest);
         ++line;
     }
     return line;

@@ -92,8 +92,6 @@ class IniText {
 
 // ---- the line rules, shared with the writer ----
 
-// Takes the next line, without its line end, off `rest`.
-std::string_view TakeIniLine(std::string_view& rest);
 // `line` without the blanks (VT, FF and control Z as well) around it, and without tabs in front; tabs at its
 // end may belong to a value.
 std::string_view TrimIniLine(std::string_view line);

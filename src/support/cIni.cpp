@@ -25,7 +25,7 @@ std::string ReadOrEmpty(const std::string& path) {
 std::vector<std::string> LinesOf(std::string_view text) {
     std::vector<std::string> lines;
     while (!text.empty()) {
-        const std::string_view line = TakeIniLine(text);
+        const std::string_view line = TakeLine(text);
         if (!TrimIniLine(line).empty())
             lines.emplace_back(line);
     }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "base/Path.h"
 #include "support/CTools.h"
 #include "support/TextWriter.h"
 #include "system/Files.h"

@@ -1,14 +1,13 @@
 #include "xml/DtdPath.h"
 
+#include "base/Path.h"
 #include "base/Text.h"
 
 namespace tovarek {
 namespace {
 
-constexpr std::string_view kSlashes = "/\\";
-
 bool IsSlash(std::string_view path, std::size_t i) {
-    return i < path.size() && kSlashes.find(path[i]) != std::string_view::npos;
+    return i < path.size() && kPathSeparators.find(path[i]) != std::string_view::npos;
 }
 
 bool HasDrive(std::string_view path) {
@@ -19,19 +18,13 @@ bool StartsWith(std::string_view text, std::string_view capitals) {
     return UpperCase(text.substr(0, capitals.size())) == capitals;
 }
 
-unsigned HexValue(char digit) {
-    return IsDigit(digit) ? static_cast<unsigned>(digit - '0')
-                          : static_cast<unsigned>(AsciiUpper(digit) - 'A') + 10U;
-}
-
 std::string WithoutEscapes(std::string_view name) {
     std::string plain;
     for (std::size_t i = 0; i < name.size(); ++i) {
-        const bool isEscape =
-            name[i] == '%' && i + 2 < name.size() && IsHexDigit(name[i + 1]) && IsHexDigit(name[i + 2]);
-        plain +=
-            isEscape ? static_cast<char>((HexValue(name[i + 1]) << 4U) | HexValue(name[i + 2])) : name[i];
-        i += isEscape ? 2U : 0U;
+        const auto byte =
+            name[i] == '%' && i + 2 < name.size() ? FromHex(name.substr(i + 1, 2)) : std::nullopt;
+        plain += byte ? byte->front() : name[i];
+        i += byte ? 2U : 0U;
     }
     return plain;
 }
@@ -40,7 +33,7 @@ std::string WithoutEscapes(std::string_view name) {
 std::optional<std::string_view> PathOfUrl(std::string_view url) {
     if (IsSlash(url, 0) && IsSlash(url, 1)) {
         url.remove_prefix(2);
-        const std::string_view machine = url.substr(0, url.find_first_of(kSlashes));
+        const std::string_view machine = url.substr(0, url.find_first_of(kPathSeparators));
         if (!machine.empty() && UpperCase(machine) != "LOCALHOST")
             return std::nullopt;
         url.remove_prefix(machine.size());
@@ -56,13 +49,15 @@ std::string_view RootOf(std::string_view path) {
         return path.substr(0, 2);
     if (!path.starts_with("\\\\"))
         return {};
-    const std::size_t share = path.find_first_of(kSlashes, 2);
-    return share == std::string_view::npos ? path : path.substr(0, path.find_first_of(kSlashes, share + 1));
+    const std::size_t share = path.find_first_of(kPathSeparators, 2);
+    return share == std::string_view::npos ? path
+                                           : path.substr(0, path.find_first_of(kPathSeparators, share + 1));
 }
 
-std::string_view FolderOf(std::string_view path) {
-    const std::size_t slash = path.find_last_of(kSlashes);
-    return slash == std::string_view::npos ? RootOf(path) : path.substr(0, slash + 1);
+// Without a separator the drive alone: the folder in which it stands.
+std::string FolderOrRoot(std::string_view path) {
+    const std::string folder = FolderOf(path);
+    return folder.empty() ? std::string(RootOf(path)) : folder;
 }
 
 }  // namespace
@@ -84,7 +79,7 @@ std::optional<std::string> DtdPath(std::string_view document, std::string_view n
     const std::size_t colon = path.find_first_of(":/\\");
     if (colon != std::string_view::npos && path[colon] == ':')
         return std::nullopt;
-    return std::string(IsSlash(path, 0) ? RootOf(document) : FolderOf(document)).append(path);
+    return (IsSlash(path, 0) ? std::string(RootOf(document)) : FolderOrRoot(document)).append(path);
 }
 
 }  // namespace tovarek

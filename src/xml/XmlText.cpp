@@ -66,10 +66,8 @@ std::string Decode(std::string_view bytes, std::string_view encoding, Next&& nex
         char32_t character = next(position);
         if (character == 0) {
             std::string reason = "the bytes";
-            constexpr std::string_view kDigits = "0123456789ABCDEF";
             for (std::size_t i = start; i < position; ++i)
-                reason.append(
-                    {' ', '0', 'x', kDigits[ByteAt(bytes, i) >> 4U], kDigits[ByteAt(bytes, i) & 0xFU]});
+                AppendHex(reason += " 0x", ByteAt(bytes, i), 2);
             throw XmlFault{reason + " are no character in " + std::string(encoding), line};
         }
         if (character == '\n' && std::exchange(isAfterReturn, false))

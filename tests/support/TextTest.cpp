@@ -49,6 +49,18 @@ TEST(Text, UpperCaseNeverEndsInAscii) {
 TEST(Text, OnlyBlanksAreTrimmed) {
     EXPECT_EQ(TrimBlanks("  \ta\t  "), "\ta\t");
     EXPECT_EQ(TrimBlanks("   "), "");
+    EXPECT_EQ(Trim("\r\n\t a b\t\n"), "a b") << "the other one takes all white space";
+}
+
+TEST(Text, HexadecimalIsReadWholeOrNotAtAll) {
+    EXPECT_EQ(FromHex("00fF1a"), std::string("\0\xFF\x1A", 3));
+    EXPECT_EQ(FromHex(""), "");
+    for (const char* bad : {"0", "0g", "g0", "00 1", "0x01"})
+        EXPECT_FALSE(FromHex(bad)) << bad;
+    std::string text;
+    AppendHex(text, 0x1A, 4);
+    AppendHex(text, 0x12345, 4);
+    EXPECT_EQ(text, "001A12345") << "digits are a least number: none is lost";
 }
 
 TEST(Text, UnpairedSurrogatesOfUtf16AreReplaced) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "Scratch.h"
+#include "base/Path.h"
 #include "support/CTools.h"
 #include "system/Clock.h"
 
@@ -77,6 +78,27 @@ TEST(Tools, JoinedFoldersEndInOneBackslash) {
     EXPECT_EQ(WithFinalBackslash("C:\\out"), "C:\\out\\");
     EXPECT_EQ(WithFinalBackslash("C:\\out\\"), "C:\\out\\");
     EXPECT_EQ(WithFinalBackslash(""), "\\");
+}
+
+TEST(Path, BothSeparatorsCountOnEveryPlatform) {
+    struct Row {
+        std::string_view path, folder, name, stem, extension;
+    };
+    for (const Row& row :
+         std::vector<Row>{{"C:\\a.b/Set.one.TYP", "C:\\a.b/", "Set.one.TYP", "Set.one", "typ"},
+                          {"/a.b\\set", "/a.b\\", "set", "set", ""},
+                          {"set.", "", "set.", "set", ""},
+                          {".fmt", "", ".fmt", "", "fmt"},
+                          {"a.b/", "a.b/", "", "", ""},
+                          {"", "", "", "", ""}}) {
+        EXPECT_EQ(FolderOf(row.path), row.folder) << row.path;
+        EXPECT_EQ(NameOf(row.path), row.name) << row.path;
+        EXPECT_EQ(StemOf(row.path), row.stem) << row.path;
+        EXPECT_EQ(ExtensionOf(row.path), row.extension) << row.path;
+    }
+    EXPECT_EQ(WithSeparator(""), "") << "the folder at hand";
+    EXPECT_EQ(WithSeparator("a/"), "a/");
+    EXPECT_EQ(WithSeparator("a"), "a\\");
 }
 
 TEST(Dates, HaveTheGeneralForm) {

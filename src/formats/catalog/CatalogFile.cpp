@@ -1,7 +1,6 @@
 #include "formats/catalog/CatalogFile.h"
 
-#include <algorithm>
-
+#include "base/Path.h"
 #include "base/Text.h"
 #include "system/CodePage.h"
 
@@ -29,23 +28,13 @@ std::vector<CatalogFolder> ReadCatalogFile(std::string_view bytes, const std::st
     if (!IsCatalogFile(bytes))
         return folders;
     const std::string text = IsUtf8(bytes) ? std::string(WithoutMark(bytes)) : FromCodePage(bytes);
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-        const std::string name(TrimBlanks(std::string_view(text).substr(start, end - start)));
-        start = end + 1;
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::string name(TrimBlanks(TakeLine(rest)));
         if (name.empty() || name.starts_with('#'))
             continue;
-        std::string folder = (IsAbsolute(name) ? std::string() : FolderOf(path)) + name;
-        if (folder.back() != '/' && folder.back() != '\\')
-            folder += '\\';
-        folders.push_back({name, std::move(folder)});
+        folders.push_back({name, WithSeparator((IsAbsolute(name) ? "" : FolderOf(path)) + name)});
     }
     return folders;
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t separator = path.find_last_of("\\/");
-    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
 }
 
 }  // namespace tovarek

@@ -22,7 +22,4 @@ bool IsCatalogFile(std::string_view bytes);
 // UTF-8, else in the code page. None for a file that is no catalog of ours.
 std::vector<CatalogFolder> ReadCatalogFile(std::string_view bytes, const std::string& path);
 
-// The part of a path up to its last separator, that included.
-std::string FolderOf(const std::string& path);
-
 }  // namespace tovarek

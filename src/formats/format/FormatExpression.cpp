@@ -10,12 +10,6 @@
 namespace tovarek {
 namespace {
 
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
 // Takes a number with an optional sign from the front of `text`.
 std::optional<double> TakeNumber(std::string_view& text) {
     std::string_view digits = Trim(text);

@@ -10,12 +10,6 @@
 namespace tovarek {
 namespace {
 
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
 // A comment and where it stood in the text that was left without it.
 struct Comment {
     std::size_t position;
@@ -250,8 +244,8 @@ class BodyReader {
 };
 
 bool IsSetting(std::string_view text) {
-    return text.size() > 3 && AsciiLower(text[0]) == 's' && AsciiLower(text[1]) == 'e' &&
-           AsciiLower(text[2]) == 't' && (text[3] == ' ' || text[3] == '\t');
+    return text.size() > 3 && AsciiLowerCase(text.substr(0, 3)) == "set" &&
+           (text[3] == ' ' || text[3] == '\t');
 }
 
 // "name#FORMAT: body". False when it is no such statement.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "base/Text.h"
+#include "base/Path.h"
 #include "formats/catalog/CatalogFile.h"
 #include "formats/format/FormatFile.h"
 #include "formats/language/LanguageFile.h"
@@ -25,15 +25,6 @@ constexpr std::array<KindRow, 6> kKinds = {{
     {FileKind::catalog, "resource catalog", kCatalogMark, "cat"},
     {FileKind::xif, "XIF file", "File:", "xif"},
 }};
-
-std::string Extension(const std::string& path) {
-    const std::size_t dot = path.find_last_of(".\\/");
-    if (dot == std::string::npos || path[dot] != '.')
-        return {};
-    std::string extension = path.substr(dot + 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(), AsciiLower);
-    return extension;
-}
 
 // A list of values: commas in each of the first lines, and not a single statement.
 bool LooksCommaSeparated(std::string_view bytes) {
@@ -82,7 +73,7 @@ Outcome Recognise(std::string_view bytes, const std::string& path, FileKind& kin
             return {};
         }
     }
-    const std::string extension = Extension(path);
+    const std::string extension = ExtensionOf(path);
     kind = FileKind::format;
     if (extension == "fmt")
         return {};  // whatever is wrong with it, its reader says better

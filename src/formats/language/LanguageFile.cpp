@@ -132,8 +132,7 @@ std::string_view LanguageOfLocale(std::int32_t localeId) {
 }
 
 bool IsLanguageExtension(std::string_view extension) {
-    std::string lower(extension);
-    std::transform(lower.begin(), lower.end(), lower.begin(), AsciiLower);
+    const std::string lower = AsciiLowerCase(extension);
     return lower != kCatalogExtension &&
            std::any_of(std::begin(kLanguages), std::end(kLanguages),
                        [&lower](const LocaleLanguage& entry) { return entry.language == lower; });

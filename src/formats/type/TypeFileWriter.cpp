@@ -38,11 +38,6 @@ std::vector<std::uint32_t> Sorted(std::vector<std::pair<std::string, std::uint32
     return offsets;
 }
 
-std::string FoldCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), AsciiLower);
-    return text;
-}
-
 // Begins a record; its length is patched when it ends.
 std::size_t BeginRecord(ByteWriter& records, std::size_t number) {
     const std::size_t start = records.Size();
@@ -113,7 +108,7 @@ bool WriteBody(const Enumeration& enumeration, ByteWriter& records) {
 void NoteFileName(const NvType& /*type*/, GroupTables& /*tables*/) {}
 
 void NoteFileName(const Enumeration& enumeration, GroupTables& tables) {
-    tables.fileNames.emplace_back(FoldCase(ToCodePage(enumeration.fileName)), tables.byNumber.back());
+    tables.fileNames.emplace_back(AsciiLowerCase(ToCodePage(enumeration.fileName)), tables.byNumber.back());
 }
 
 template <class Entry>

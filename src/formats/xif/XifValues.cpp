@@ -13,10 +13,6 @@ bool StartsValue(std::string_view text) {
            ((text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) || (text[0] == '\\' && text[1] == 'x'));
 }
 
-int Digit(char c) {
-    return IsDigit(c) ? c - '0' : AsciiUpper(c) - 'A' + 10;
-}
-
 // Takes the digits of one value: every two are a byte, a single one is one as well.
 bool TakeValue(std::string_view& text, std::string& bytes) {
     std::size_t taken = 0;
@@ -24,7 +20,7 @@ bool TakeValue(std::string_view& text, std::string& bytes) {
         const bool pair = text.size() > 1 && IsHexDigit(text[1]);
         if (!pair && taken > 0)
             return false;  // an odd number of digits
-        bytes += static_cast<char>(pair ? 16 * Digit(text[0]) + Digit(text[1]) : Digit(text[0]));
+        bytes += static_cast<char>(pair ? 16 * HexValue(text[0]) + HexValue(text[1]) : HexValue(text[0]));
         text.remove_prefix(pair ? 2 : 1);
         ++taken;
     }

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "support/CTools.h"
+#include "base/Path.h"
 
 namespace tovarek {
 
