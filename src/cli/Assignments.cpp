@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
+#include "base/Nearest.h"
 #include "base/Text.h"
 #include "cli/Locations.h"
-#include "cli/Report.h"
 #include "support/CTools.h"
 #include "system/Files.h"
 
@@ -23,9 +23,7 @@ const Property& PropertyOf(const std::string& name) {
     std::vector<std::string> names;
     for (const Property& property : Properties())
         names.emplace_back(property.name);
-    const std::string nearest = Nearest(name, names);
-    throw WrongUse("unknown property '" + Excerpt(name) + "'" +
-                   (nearest.empty() ? std::string() : "; did you mean '" + nearest + "'?"));
+    throw WrongUse("unknown property '" + Excerpt(name) + "'" + DidYouMean(name, names));
 }
 
 [[noreturn]] void RefuseValue(const Property& property, const std::string& shown, const char* wanted) {

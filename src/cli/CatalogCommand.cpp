@@ -6,6 +6,7 @@
 #include <set>
 
 #include "base/Error.h"
+#include "base/Nearest.h"
 #include "control/StandardCatalog.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
@@ -111,12 +112,10 @@ int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFor
         const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
         const StandardCatalog& standard = *catalog->types.Catalog();
         std::optional<InspectNode> node = TypeNode(standard, name);
-        if (!node) {
-            const std::string nearest = Nearest(name, AllNames(standard));
-            return ReportUnknownType("the catalog knows no type '" + name + "'" +
-                                         (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
-                                     format, streams);
-        }
+        if (!node)
+            return ReportUnknownType(
+                "the catalog knows no type '" + name + "'" + DidYouMean(name, AllNames(standard)), format,
+                streams);
         streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
         return kDone;
     } catch (const Error& error) {

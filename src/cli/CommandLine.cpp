@@ -4,6 +4,7 @@
 #include <map>
 #include <ostream>
 
+#include "base/Nearest.h"
 #include "cli/CatalogCommand.h"
 #include "cli/ErrorsCommand.h"
 #include "cli/GenerateCommand.h"
@@ -165,10 +166,9 @@ OutputFormat WantedFormat(const std::vector<std::string>& arguments) {
 
 int RefuseExtra(const Commands& commands, const std::string& extra, Streams streams) {
     const std::string word = extra.substr(0, extra.find('='));
-    const std::string nearest = Nearest(word, commands.KnownWords());
     const char* kind = word.starts_with("-") ? "unknown option '" : "unexpected '";
-    return ReportWrongUse(kind + word + "'" + (nearest.empty() ? "" : "; did you mean '" + nearest + "'?"),
-                          commands.format, streams);
+    return ReportWrongUse(kind + word + "'" + DidYouMean(word, commands.KnownWords()), commands.format,
+                          streams);
 }
 
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {

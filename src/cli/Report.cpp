@@ -148,29 +148,4 @@ int ReportWritten(const std::vector<std::string>& files, OutputFormat format, St
     return kDone;
 }
 
-std::string Nearest(std::string_view word, const std::vector<std::string>& candidates) {
-    const std::string wanted = UpperCase(word.substr(0, 64));
-    std::string best;
-    // Names that share less than about half of their letters are no help.
-    std::size_t bestDistance = wanted.size() / 2 + 1;
-    for (const std::string& candidate : candidates) {
-        const std::string name = UpperCase(candidate);
-        std::vector<std::size_t> row(name.size() + 1);
-        for (std::size_t j = 0; j <= name.size(); ++j)
-            row[j] = j;
-        for (std::size_t i = 1; i <= wanted.size(); ++i) {
-            std::size_t diagonal = std::exchange(row[0], i);
-            for (std::size_t j = 1; j <= name.size(); ++j) {
-                const std::size_t replaced = diagonal + (wanted[i - 1] == name[j - 1] ? 0 : 1);
-                diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
-            }
-        }
-        if (row.back() < bestDistance) {
-            bestDistance = row.back();
-            best = candidate;
-        }
-    }
-    return best;
-}
-
 }  // namespace tovarek

@@ -34,7 +34,4 @@ int ReportUnknownType(const std::string& message, OutputFormat format, Streams s
 // What was written, with sizes, on standard output. Answers kDone.
 int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams);
 
-// The candidate that is most like `word` (edit distance, letter case apart), or empty when none is near.
-std::string Nearest(std::string_view word, const std::vector<std::string>& candidates);
-
 }  // namespace tovarek

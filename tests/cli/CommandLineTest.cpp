@@ -211,11 +211,6 @@ TEST_F(CommandLine, AFailedRunListsWhatItHadWritten) {
     EXPECT_TRUE(early["written"].is_array() && early["written"].empty()) << early;
 }
 
-TEST(Suggestion, SharesAtLeastHalfOfTheLetters) {
-    EXPECT_EQ(Nearest("abcd", {"axxx", "ABxx", "abyy"}), "ABxx") << "the first of the nearest ones";
-    EXPECT_EQ(Nearest("abcd", {"axxx"}), "");
-}
-
 TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     const char* jobs[] = {
         "",

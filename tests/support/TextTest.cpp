@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/Nearest.h"
 #include "base/Text.h"
 #include "system/CodePage.h"
 
@@ -66,6 +67,12 @@ TEST(Text, HexadecimalIsReadWholeOrNotAtAll) {
 TEST(Text, UnpairedSurrogatesOfUtf16AreReplaced) {
     EXPECT_EQ(FromUtf16(std::string("\x00\xD8", 2), false), "\xEF\xBF\xBD");
     EXPECT_EQ(FromUtf16(std::string("\xDC\x00\x00z!", 5), true), "\xEF\xBF\xBDz") << "half a unit is dropped";
+}
+
+TEST(Suggestion, SharesAtLeastHalfOfTheLetters) {
+    EXPECT_EQ(Nearest("abcd", {"axxx", "ABxx", "abyy"}), "ABxx") << "the first of the nearest ones";
+    EXPECT_EQ(DidYouMean("abcd", {"ABxx"}), "; did you mean 'ABxx'?");
+    EXPECT_EQ(DidYouMean("abcd", {"axxx"}), "");
 }
 
 }  // namespace
