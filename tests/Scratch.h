@@ -1,4 +1,4 @@
-// Helpers of all tests: scratch folders, and what an expression raises.
+// Helpers of all tests: scratch folders, what an expression raises, what rules find.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,9 +8,12 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "Platform.h"
 #include "base/Error.h"
+#include "support/Findings.h"
 #include "system/Files.h"
 
 namespace tovarek::test {
@@ -56,14 +59,29 @@ std::optional<Error> Raised(Action&& action) {
     return std::nullopt;
 }
 
-// The number of the error that `action` raises, 0 for none. One of eErrors is answered as 1000 + n, so that
-// it cannot be taken for a runtime error.
+// One of eErrors as 1000 + n, so that it cannot be taken for a runtime error.
+inline int TestNumber(std::int32_t error) {
+    return error < 0 ? 1000 + static_cast<int>(error - ErrorValue(0)) : error;
+}
+
+// The number of the error that `action` raises, 0 for none.
 template <class Action>
 int RaisedNumber(Action&& action) {
     const auto error = Raised(action);
-    if (!error)
-        return 0;
-    return error->Number() < 0 ? 1000 + static_cast<int>(error->Number() - ErrorValue(0)) : error->Number();
+    return error ? TestNumber(error->Number()) : 0;
 }
+
+// Keeps all that rules find.
+struct CollectingSink : FindingSink {
+    std::vector<Finding> findings;
+
+    void Take(Finding finding) override { findings.push_back(std::move(finding)); }
+    std::vector<int> Errors() const {
+        std::vector<int> errors;
+        for (const Finding& finding : findings)
+            errors.push_back(TestNumber(finding.error));
+        return errors;
+    }
+};
 
 }  // namespace tovarek::test

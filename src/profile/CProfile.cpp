@@ -28,6 +28,11 @@ ErrorContext CProfile::PlaceOf(const ProfileField& field) const {
 }
 
 void CProfile::VerifyData() const {
+    RaisingSink raise(*errorHandler);
+    VerifyData(raise);
+}
+
+void CProfile::VerifyData(FindingSink& findings) const {
     for (const ProfileRule& rule : ProfileRules()) {
         if (rule.accepts(*this))
             continue;
@@ -36,7 +41,7 @@ void CProfile::VerifyData() const {
         context.reason = rule.accepted;
         if (!iniFile.empty() && this->*rule.field == -1)
             context.reason += "; a missing key reads as -1";
-        errorHandler->RaiseError(rule.error, std::move(context));
+        findings.Take({rule.error, std::move(context)});
     }
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "profile/ProfileValues.h"
-#include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "xml/Xml.h"
 
 namespace tovarek {
@@ -34,6 +34,8 @@ class CProfile : public ProfileValues {
 
     // Checks the values in a fixed order and raises the first fault. Changes nothing.
     void VerifyData() const;
+    // The same, with every fault told to `findings`.
+    void VerifyData(FindingSink& findings) const;
 
   private:
     void LoadFromIni();

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "template/CCp.h"
 #include "template/CNv.h"
 #include "template/CTag.h"
@@ -52,6 +53,9 @@ class CTemplate {
     // out: the program ID in upper case, lengths of standard types from the catalog, absent property values.
     // What was completed before a fault stays.
     void VerifyData();
+    // The same, with every fault told to `findings`. A record is left at the fault that keeps the rest of it
+    // from being judged.
+    void VerifyData(FindingSink& findings);
 
     // Adds the names of the configuration properties to their declarations.
     void AddNameInCp();
@@ -69,10 +73,12 @@ class CTemplate {
     void LoadTemplateFromIni();
     void LoadTemplateFromXmlNode(const XmlNode& node);
 
-    void VerifyTemplate();
-    void VerifyNv(CNv& nv, std::size_t position);
-    void VerifyTag(const CTag& tag, std::size_t position);
-    void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros);
+    void VerifyTemplate(FindingSink& findings);
+    void VerifyNv(CNv& nv, std::size_t position, FindingSink& findings);
+    void VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings);
+    // The characters of each value of the property; nothing where its declaration tells none.
+    std::optional<std::int32_t> VerifyDeclaration(CCp& cp, std::size_t position, FindingSink& findings) const;
+    void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings);
 };
 
 }  // namespace tovarek

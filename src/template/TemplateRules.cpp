@@ -1,4 +1,5 @@
 // The checks of a template, in their order. Some complete the template on their way, so most are plain code.
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -136,52 +137,57 @@ ErrorContext DeclarationPlace(const CTemplate& source, const CCp& cp, std::size_
 }  // namespace
 
 void CTemplate::VerifyData() {
-    VerifyTemplate();
-    for (std::size_t i = 0; i < nvs.size(); ++i)
-        VerifyNv(nvs[i], i);
-
-    if (numberOfMessageTags < 0 || numberOfMessageTags > kMostTags)
-        errorHandler->RaiseError(
-            eQVXIFerr_numberOfMessageTags,
-            Places(*this).Of(&CTemplate::numberOfMessageTags, AcceptedRange(0, kMostTags) + " tags"));
-    for (std::size_t i = 0; i < tags.size(); ++i)
-        VerifyTag(tags[i], i);
-
-    if (numberOfCps < 0)
-        errorHandler->RaiseError(eQVXIFerr_numberOfCps,
-                                 Places(*this).Of(&CTemplate::numberOfCps, AcceptedRange(0, kNoLimit)));
-    if (versionCP.empty() && numberOfCps > 0)
-        errorHandler->RaiseError(
-            eQVXIFerr_versioncp,
-            Places(*this).Of(&CTemplate::versionCP,
-                             "a template with configuration properties names the version of "
-                             "their file, e.g. 1.0"));
-    std::int64_t zeros = 0;
-    for (std::size_t i = 0; i < cps.size(); ++i)
-        VerifyCp(cps[i], i, zeros);
+    RaisingSink raise(*errorHandler);
+    VerifyData(raise);
 }
 
-void CTemplate::VerifyTemplate() {
+void CTemplate::VerifyData(FindingSink& findings) {
+    VerifyTemplate(findings);
+    for (std::size_t i = 0; i < nvs.size(); ++i)
+        VerifyNv(nvs[i], i, findings);
+
+    const Places places(*this);
+    if (numberOfMessageTags < 0 || numberOfMessageTags > kMostTags)
+        findings.Take({eQVXIFerr_numberOfMessageTags,
+                       places.Of(&CTemplate::numberOfMessageTags, AcceptedRange(0, kMostTags) + " tags")});
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        VerifyTag(tags[i], i, findings);
+
+    if (numberOfCps < 0)
+        findings.Take(
+            {eQVXIFerr_numberOfCps, places.Of(&CTemplate::numberOfCps, AcceptedRange(0, kNoLimit))});
+    if (versionCP.empty() && numberOfCps > 0)
+        findings.Take(
+            {eQVXIFerr_versioncp, places.Of(&CTemplate::versionCP,
+                                            "a template with configuration properties names the version of "
+                                            "their file, e.g. 1.0")});
+    std::int64_t zeros = 0;
+    for (std::size_t i = 0; i < cps.size(); ++i)
+        VerifyCp(cps[i], i, zeros, findings);
+}
+
+void CTemplate::VerifyTemplate(FindingSink& findings) {
     programID = UpperCase(TrimBlanks(programID));
+    const Places places(*this);
     if (CharacterCount(programID) != kProgramIdDigits || CTools().ValidateHexaString(programID))
-        errorHandler->RaiseError(
-            eQVXIFerr_programid,
-            Places(*this).Of(&CTemplate::programID, "a program ID has 16 hexadecimal digits"));
-    if (numberStaticNvs < 0 || numberStaticNvs > kMostNvs)
-        errorHandler->RaiseError(eQVXIFerr_numberStaticNvs,
-                                 Places(*this).Of(&CTemplate::numberStaticNvs, AcceptedRange(0, kMostNvs)));
-    if (maximumNumberOfNvs < numberStaticNvs)
-        errorHandler->RaiseError(eQVXIFerr_maximumNumberOfNvs,
-                                 Places(*this).Of(&CTemplate::maximumNumberOfNvs,
-                                                  "the maximum is less than the " +
-                                                      std::to_string(numberStaticNvs) + " static ones"));
+        findings.Take({eQVXIFerr_programid,
+                       places.Of(&CTemplate::programID, "a program ID has 16 hexadecimal digits")});
+    if (numberStaticNvs < 0 || numberStaticNvs > kMostNvs) {
+        findings.Take(
+            {eQVXIFerr_numberStaticNvs, places.Of(&CTemplate::numberStaticNvs, AcceptedRange(0, kMostNvs))});
+        return;  // the maximum is judged by this number
+    }
+    const auto badMaximum = [&](std::string reason) {
+        findings.Take(
+            {eQVXIFerr_maximumNumberOfNvs, places.Of(&CTemplate::maximumNumberOfNvs, std::move(reason))});
+    };
     // Deliberate: the sum of both numbers is limited, not the maximum alone, so no template has more than
     // 2048 static network variables.
-    if (std::int64_t{numberStaticNvs} + maximumNumberOfNvs > kMostNvs)
-        errorHandler->RaiseError(eQVXIFerr_maximumNumberOfNvs,
-                                 Places(*this).Of(&CTemplate::maximumNumberOfNvs,
-                                                  "together with the " + std::to_string(numberStaticNvs) +
-                                                      " static ones the maximum exceeds 4096"));
+    if (maximumNumberOfNvs < numberStaticNvs)
+        badMaximum("the maximum is less than the " + std::to_string(numberStaticNvs) + " static ones");
+    else if (std::int64_t{numberStaticNvs} + maximumNumberOfNvs > kMostNvs)
+        badMaximum("together with the " + std::to_string(numberStaticNvs) +
+                   " static ones the maximum exceeds 4096");
 }
 
 ErrorContext CTemplate::PlaceOf(std::size_t position, std::string CCp::*member) const {
@@ -189,9 +195,9 @@ ErrorContext CTemplate::PlaceOf(std::size_t position, std::string CCp::*member) 
     return {.field = place.field, .file = place.file, .line = place.line};
 }
 
-void CTemplate::VerifyNv(CNv& nv, std::size_t position) {
+void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
     const auto fail = [&](eErrors error, auto CNv::*member, std::string reason) {
-        errorHandler->RaiseError(error, Places(*this).Of(nv, position, member, std::move(reason)));
+        findings.Take({error, Places(*this).Of(nv, position, member, std::move(reason))});
     };
     if (nv.name.empty())
         fail(eQVXIFerr_nvname, &CNv::name, "every network variable has a name");
@@ -203,14 +209,18 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position) {
         nv.unvtType = nv.typeIndex;
         nv.typeIndex = 0;
     }
-    if (nv.typeIndex < 0)
+    if (nv.typeIndex < 0) {
         fail(eQVXIFerr_nvtype, &CNv::typeIndex,
              "accepted: 1 to 255 for a standard type, 0 or a number above 255 for one of the user's");
+        return;  // the type decides what length is right
+    }
     if (nv.typeIndex > 0) {
         catalog->types.ClearTypeSelection();
         catalog->types.SelectedTypeIndex(nv.typeIndex);
-        if (catalog->types.ResultCode() != 0)
+        if (catalog->types.ResultCode() != 0) {
             fail(eQVXIFerr_unknowntype, &CNv::typeIndex, catalog->types.ResultReason());
+            return;
+        }
         nv.length = catalog->types.SelectedTypeSize();
     }
     if (nv.length < 1 || nv.length > kLongestNv)
@@ -219,47 +229,60 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position) {
                  (nv.typeIndex > 0 ? " bytes; this is the length of the standard type" : " bytes"));
 }
 
-void CTemplate::VerifyTag(const CTag& tag, std::size_t position) {
+void CTemplate::VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings) {
+    const auto fail = [&](eErrors error, auto CTag::*member, std::string reason) {
+        findings.Take({error, Places(*this).Of(tag, position, member, std::move(reason))});
+    };
     if (tag.name.empty())
-        errorHandler->RaiseError(
-            eQVXIFerr_tagname, Places(*this).Of(tag, position, &CTag::name, "every message tag has a name"));
+        fail(eQVXIFerr_tagname, &CTag::name, "every message tag has a name");
     for (const RangeRule<CTag>& rule : kTagRules)
         if (tag.*rule.field < rule.low || tag.*rule.field > rule.high)
-            errorHandler->RaiseError(
-                rule.error, Places(*this).Of(tag, position, rule.field, AcceptedRange(rule.low, rule.high)));
+            fail(rule.error, rule.field, AcceptedRange(rule.low, rule.high));
 }
 
-void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros) {
-    const auto fail = [&](eErrors error, auto CCp::*member, std::string reason) {
-        errorHandler->RaiseError(error, Places(*this).Of(cp, position, member, std::move(reason)));
+std::optional<std::int32_t> CTemplate::VerifyDeclaration(CCp& cp, std::size_t position,
+                                                         FindingSink& findings) const {
+    const auto fail = [&](std::int32_t error, std::string reason) {
+        findings.Take({error, DeclarationPlace(*this, cp, position, std::move(reason))});
     };
-    if (cp.declaration.empty())
-        fail(eQVXIFerr_cpdeclaration, &CCp::declaration, "every configuration property has a declaration");
+    if (cp.declaration.empty()) {
+        fail(eQVXIFerr_cpdeclaration, "every configuration property has a declaration");
+        return std::nullopt;
+    }
     if (!cp.declaration.ends_with(';'))
         cp.declaration += ';';
 
-    std::int32_t characters = 0;
+    std::optional<std::int32_t> characters;
     try {
         cp.AnalyseCP();
-        // Deliberate: the declaration decides the array size; the template's own key is overruled.
-        if (cp.length < 1)
-            fail(eQVXIFerr_cplength, &CCp::declaration, "its fifth field, the length, is less than 1");
-        if (cp.arraySize < 0)
-            fail(eQVXIFerr_cparraysize, &CCp::declaration, "its sixth field, the array size, is negative");
-        const std::int32_t total = cp.arraySize != 0 ? MultiplyChecked(cp.length, cp.arraySize) : cp.length;
-        characters = MultiplyChecked(2, total);
-    } catch (Error& error) {
-        error.AddContext(DeclarationPlace(*this, cp, position, "a number or the total size exceeds 32 bits"));
-        throw;
+        if (cp.length > 0 && cp.arraySize >= 0)
+            characters =
+                MultiplyChecked(2, cp.arraySize != 0 ? MultiplyChecked(cp.length, cp.arraySize) : cp.length);
+    } catch (const Error& error) {
+        fail(error.Number(), "a number or the total size exceeds 32 bits");
+        return std::nullopt;
     }
+    // Deliberate: the declaration decides the array size; the template's own key is overruled.
+    if (cp.length < 1)
+        fail(eQVXIFerr_cplength, "its fifth field, the length, is less than 1");
+    if (cp.arraySize < 0)
+        fail(eQVXIFerr_cparraysize, "its sixth field, the array size, is negative");
+    return characters;
+}
 
+void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings) {
+    const std::optional<std::int32_t> declared = VerifyDeclaration(cp, position, findings);
+    if (!declared)
+        return;  // how long the values must be is not known
+    const auto characters = static_cast<std::size_t>(*declared);
     if (cp.defaultValue.empty()) {
-        zeros += characters;
-        if (zeros > kMostZeros)
-            RaiseRuntimeError(
-                RuntimeError::outOfMemory,
-                DeclarationPlace(*this, cp, position, "the declared size is beyond any device"));
-        cp.defaultValue.assign(static_cast<std::size_t>(characters), '0');
+        zeros += *declared;
+        if (zeros > kMostZeros) {
+            findings.Take({static_cast<std::int32_t>(RuntimeError::outOfMemory),
+                           DeclarationPlace(*this, cp, position, "the declared size is beyond any device")});
+            return;
+        }
+        cp.defaultValue.assign(characters, '0');
     }
     for (std::string CCp::*value : {&CCp::initValue, &CCp::minValue, &CCp::maxValue})
         if ((cp.*value).empty())
@@ -271,8 +294,11 @@ void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros) {
         {&CCp::minValue, eQVXIFerr_cpminvalue},
         {&CCp::maxValue, eQVXIFerr_cpmaxvalue},
     };
+    const auto fail = [&](eErrors error, std::string CCp::*member, std::string reason) {
+        findings.Take({error, Places(*this).Of(cp, position, member, std::move(reason))});
+    };
     for (const auto& [value, error] : kValues)
-        if (CharacterCount(cp.*value) != static_cast<std::size_t>(characters))
+        if (CharacterCount(cp.*value) != characters)
             fail(error, value,
                  "has " + std::to_string(CharacterCount(cp.*value)) +
                      " characters, the declaration asks for " + std::to_string(characters));

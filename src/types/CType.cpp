@@ -51,9 +51,8 @@ std::int32_t CType::RawValue(double value) const {
     return RoundToInt32((value - offset) * std::pow(10.0, -static_cast<double>(b_coef)) / a_coef);
 }
 
-void AddMemberContext(Error& error, const CType& member) {
-    error.AddContext(
-        {.record = "member '" + member.name + "' (type " + std::to_string(member.typeIndex) + ")"});
+ErrorContext MemberContext(const CType& member) {
+    return {.record = "member '" + member.name + "' (type " + std::to_string(member.typeIndex) + ")"};
 }
 
 }  // namespace tovarek

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/KeyedList.h"
-#include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "types/catalog/CCatalog.h"
 
 namespace tovarek {
@@ -114,9 +114,9 @@ class CType {
     // Sets elementType from the word of a type element; letter case does not matter. Raises error 91.
     void ConvertType(std::string_view t, const CErrorHandler& errorHandler);
 
-    // Raises the first fault of the type or its members. The context names the field, not the type: the
-    // caller knows what the type is called.
-    void VerifyData(const CErrorHandler& errorHandler) const;
+    // Tells `findings` every fault of the type and its members. The context names the field, not the type:
+    // the caller knows what the type is called.
+    void VerifyData(FindingSink& findings) const;
 
     // The limits as raw integers, halves to even. Runtime error 6 when one does not fit 32 bits.
     std::int32_t minValueToLong() const { return RawValue(minValue); }
@@ -155,10 +155,10 @@ class CType {
   private:
     std::int32_t RawValue(double value) const;
 
-    void VerifyIdentity(const CErrorHandler& errorHandler) const;
-    void VerifyDefinition(const CErrorHandler& errorHandler) const;
-    void VerifyNumber(const CErrorHandler& errorHandler) const;
-    void VerifyBitField(const CErrorHandler& errorHandler) const;
+    void VerifyIdentity(FindingSink& findings) const;
+    void VerifyDefinition(FindingSink& findings) const;
+    void VerifyNumber(FindingSink& findings) const;
+    void VerifyBitField(FindingSink& findings) const;
 
     void AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
                  const CErrorHandler& errorHandler) const;
@@ -169,6 +169,6 @@ class CType {
 };
 
 // Adds to `error`, which arose in `member`, what the member is called and where it is defined.
-void AddMemberContext(Error& error, const CType& member);
+ErrorContext MemberContext(const CType& member);
 
 }  // namespace tovarek

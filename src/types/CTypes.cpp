@@ -126,7 +126,8 @@ bool CTypes::Complete(CType& type, const TypeRequest& request) {
     type.AnalyseLength();
     if (next != nullptr)
         ++*next;
-    type.VerifyData(*errorHandler);
+    RaisingSink raise(*errorHandler);
+    type.VerifyData(raise);
     return true;
 }
 

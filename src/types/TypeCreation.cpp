@@ -71,7 +71,7 @@ void CType::AddToLangFile(CCatalog& catalog, std::int32_t& resNumber, const CErr
         try {
             member.AddToLangFile(catalog, resNumber, errorHandler);
         } catch (Error& error) {
-            AddMemberContext(error, member);
+            error.AddContext(MemberContext(member));
             throw;
         }
     }
@@ -111,7 +111,7 @@ void CType::CreateEnums(CCatalog& catalog, const CErrorHandler& errorHandler, Cr
         try {
             member.CreateEnums(catalog, errorHandler, alreadyCreated);
         } catch (Error& error) {
-            AddMemberContext(error, member);
+            error.AddContext(MemberContext(member));
             throw;
         }
     }
@@ -126,7 +126,7 @@ void CType::CreateType(CCatalog& catalog, const CErrorHandler& errorHandler, boo
             try {
                 member.CreateType(catalog, errorHandler, false);
             } catch (Error& error) {
-                AddMemberContext(error, member);
+                error.AddContext(MemberContext(member));
                 throw;
             }
         }

@@ -160,6 +160,19 @@ TEST(Profile, AMissingIniKeyNamesItsPlace) {
     EXPECT_EQ(error->Context().file, profile.iniFile);
 }
 
+TEST(Profile, EveryFaultIsFoundInTheOrderOfTheChecks) {
+    CProfile profile = GoodProfile();
+    profile.addresses = 16;
+    profile.domains = 0;
+    profile.rawData4 = 256;
+    CollectingSink all;
+    profile.VerifyData(all);
+    ASSERT_EQ(all.findings.size(), 3U);
+    EXPECT_EQ(all.findings[0].context.field, "domains");
+    EXPECT_EQ(all.findings[1].context.field, "addresses");
+    EXPECT_EQ(all.findings[2].context.field, "rawData4");
+}
+
 TEST(Profile, XifTokensGoToTheirPlaces) {
     const Scratch scratch;
     CProfile profile = GoodProfile();

@@ -177,6 +177,35 @@ TEST_F(TemplateRules, PropertiesAreChecked) {
             << row.declaration << " " << row.error;
 }
 
+TEST_F(TemplateRules, EveryFaultIsFoundAndTheFirstIsRaised) {
+    CTemplate bad = good_;
+    bad.programID = "12";
+    bad.numberStaticNvs = -1;  // the maximum is not judged by it
+    bad.nvs[0].name.clear();
+    bad.nvs[0].direction = 2;
+    bad.nvs[0].typeIndex = -1;  // the length is not judged by it
+    bad.nvs[1].length = 32;
+    bad.tags[0].name.clear();
+    bad.versionCP.clear();
+    bad.cps[0].minValue = "0";
+    bad.cps.push_back({.declaration = ""});
+    bad.cps.push_back({.declaration = "0,1,2,45,2147483647,3"});
+    bad.cps.push_back({.declaration = "0,1,2,45,0,-1"});
+    bad.cps.push_back({.declaration = "0,1,2,45,99999999"});
+    bad.cps.push_back({.declaration = "0,1,2,45,1", .defaultValue = "x"});
+    CollectingSink all;
+    CTemplate(bad).VerifyData(all);
+    EXPECT_EQ(all.Errors(),
+              (std::vector<int>{1052, 1053, 1055, 1060, 1070, 1071, 1074, 1079, 1085, 1080, 6,
+                                1081, 1082, 7,    1083, 1084, 1085, 1086, 1083, 1084, 1085, 1086}));
+    EXPECT_EQ(all.findings[1].context.field, Raised([&] {
+                                                 bad.programID = good_.programID;
+                                                 bad.VerifyData();
+                                             })
+                                                 ->Context()
+                                                 .field);
+}
+
 TEST_F(TemplateRules, FaultsNameRecordFieldAndLine) {
     const Scratch scratch;
     CTemplate loaded;

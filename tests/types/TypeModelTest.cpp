@@ -137,8 +137,9 @@ TEST(TypeModel, Checks) {
     const CType structure = Structure(elementStruct, {Number(elementSigned, 1)});
 
     const CErrorHandler handler;
+    RaisingSink raise(handler);
     const auto error = [&](const CType& type) -> std::int32_t {
-        const auto raised = Raised([&] { type.VerifyData(handler); });
+        const auto raised = Raised([&] { type.VerifyData(raise); });
         return raised ? raised->Number() : 0;
     };
     EXPECT_EQ(error(Number(elementSigned, 4)), 0);
@@ -195,11 +196,27 @@ TEST(TypeModel, Checks) {
     EXPECT_EQ(error(Bits(4, 5)), eQVXIFerr_badbitfieldoffsetandsize);
 }
 
+TEST(TypeModel, EveryFaultOfATypeIsFound) {
+    CType level = Number(elementUnsigned, 4);
+    level.name = "level";
+    level.arraySize = 1;
+    CType nested = Structure(elementUnion, {level, Bits(9, 9)});
+    nested.name = "nested";
+    CType type = Structure(elementStruct, {nested});
+    type.name.clear();
+    type.arraySize = 2;
+    CollectingSink findings;
+    type.VerifyData(findings);
+    EXPECT_EQ(findings.Errors(), (std::vector<int>{1093, 1122, 1124, 1123}));
+}
+
 TEST(TypeModel, ErrorsOfMembersNameTheMember) {
     CType bad = Number(elementSigned, 3);
     bad.name = "level";
     bad.line = 17;
-    const auto error = Raised([&] { Structure(elementStruct, {bad}).VerifyData(CErrorHandler()); });
+    const CErrorHandler handler;
+    RaisingSink raise(handler);
+    const auto error = Raised([&] { Structure(elementStruct, {bad}).VerifyData(raise); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Context().record, "member 'level' (type 300)");
     EXPECT_EQ(error->Context().field, "LENGTH");
