@@ -1,30 +1,88 @@
 #include "profile/CProfile.h"
 
-#include "base/Numbers.h"
+#include <algorithm>
+
+#include "base/Text.h"
 #include "profile/ProfileFields.h"
 #include "profile/ProfileRules.h"
-#include "support/cIni.h"
+#include "support/CTools.h"
+#include "support/IniText.h"
 
 namespace tovarek {
+namespace {
 
-ErrorContext CProfile::PlaceOf(const ProfileField& field) const {
-    ErrorContext place;
-    place.record = "profile line " + std::to_string(field.line);
-    place.field = field.name;
+std::string SectionOf(int line) {
+    return "Line" + std::to_string(line);
+}
+
+std::string LineElement(int line) {
+    return "XIF_LINE" + std::to_string(line);
+}
+
+bool IsLine(std::string_view name, std::string (*nameOf)(int line)) {
+    for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line)
+        if (CaselessEqual()(name, nameOf(line)))
+            return true;
+    return false;
+}
+
+std::size_t IndexOf(const ProfileField& field) {
+    return static_cast<std::size_t>(&field - kProfileFields.data());
+}
+
+}  // namespace
+
+InputPlace CProfile::PlaceOf(const ProfileField& field) const {
     if (!iniFile.empty()) {
-        cIni ini;
-        ini.iniFile(iniFile);
-        place.file = iniFile;
-        place.field = field.iniKey;
-        place.line = ini.Text()->LineOf("Line" + std::to_string(field.line), field.iniKey);
-    } else if (!xifFile.empty()) {
-        place.file = xifFile;
-        place.line = field.line;
-    } else {
-        place.file = loadedXmlFile_;
-        place.line = xmlLines_[static_cast<std::size_t>(&field - kProfileFields.data())];
+        const auto isKnownKey = [&](std::string_view name) {
+            for (const ProfileField& other : kProfileFields)
+                if (other.line == field.line && CaselessEqual()(other.iniKey, name))
+                    return true;
+            return false;
+        };
+        return FindIniPlace(
+            iniFile, SectionOf(field.line), field.iniKey,
+            [](std::string_view name) { return IsLine(name, SectionOf); }, isKnownKey);
     }
+    if (!xifFile.empty())
+        return {.file = xifFile, .line = field.line, .typed = tokens_[IndexOf(field)]};
+    return XmlPlaceOf(field);
+}
+
+InputPlace CProfile::XmlPlaceOf(const ProfileField& field) const {
+    if (const XmlNode& element = elements_[IndexOf(field)])
+        return {.file = element.File(), .line = element.Line(), .typed = CTools().nodeTextValue(element)};
+    if (!loadedXml_)
+        return {.typed = std::to_string(this->*field.value)};
+    const std::vector<XmlNode> all = ElementsBelow(loadedXml_);
+    const std::string wanted = LineElement(field.line);
+    InputPlace place = FindXmlPlace(loadedXml_, all, wanted,
+                                    [](std::string_view name) { return IsLine(name, LineElement); });
+    if (place.missing == InputPart::none) {
+        for (const XmlNode& element : all)
+            if (UpperCase(element.Name()) == wanted)
+                place = FindXmlPlace(
+                    element, ElementsBelow(element), UpperCase(field.name), [](std::string_view name) {
+                        return std::any_of(kProfileFields.begin(), kProfileFields.end(),
+                                           [&](const auto& other) { return UpperCase(other.name) == name; });
+                    });
+    } else {
+        place.missing = InputPart::group;
+    }
+    if (place.missing != InputPart::none)
+        place.absence = JoinSentences(
+            place.absence, "its value " + std::to_string(this->*field.value) +
+                               (wasLoaded_ ? " stays from an earlier load" : " is that of a new profile"));
     return place;
+}
+
+ErrorContext CProfile::ContextOfFault(const ProfileField& field, std::string_view read,
+                                      const Expected& expected) const {
+    std::string record = "profile line " + std::to_string(field.line);
+    if (!xifFile.empty() && iniFile.empty())
+        record += ", number " + std::to_string(field.token);
+    return ContextOf(PlaceOf(field), std::move(record), iniFile.empty() ? field.name : field.iniKey, read,
+                     expected);
 }
 
 void CProfile::VerifyData() const {
@@ -36,12 +94,9 @@ void CProfile::VerifyData(FindingSink& findings) const {
     for (const ProfileRule& rule : ProfileRules()) {
         if (rule.accepts(*this))
             continue;
-        ErrorContext context = PlaceOf(FieldOf(rule.field));
-        context.value = std::to_string(this->*rule.field);
-        context.reason = rule.accepted;
-        if (!iniFile.empty() && this->*rule.field == -1)
-            context.reason += "; a missing key reads as -1";
-        findings.Take({rule.error, std::move(context)});
+        const ProfileField& field = FieldOf(FaultyField(rule, *this));
+        findings.Take({rule.error,
+                       ContextOfFault(field, std::to_string(this->*field.value), {.values = rule.accepted})});
     }
 }
 

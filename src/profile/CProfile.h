@@ -8,6 +8,7 @@
 
 #include "profile/ProfileValues.h"
 #include "support/Findings.h"
+#include "support/InputPlace.h"
 #include "xml/Xml.h"
 
 namespace tovarek {
@@ -41,11 +42,18 @@ class CProfile : public ProfileValues {
     void LoadFromIni();
     void LoadFromXif();
     void LoadFromXmlNode(const XmlNode& profile);
-    // Where `field` stands in the source that was loaded last, for error messages.
-    ErrorContext PlaceOf(const ProfileField& field) const;
+    // The context of a value that was refused; `read` is what it was taken for.
+    ErrorContext ContextOfFault(const ProfileField& field, std::string_view read,
+                                const Expected& expected) const;
+    InputPlace PlaceOf(const ProfileField& field) const;
+    InputPlace XmlPlaceOf(const ProfileField& field) const;
 
-    std::string loadedXmlFile_;
-    std::array<std::int32_t, 68> xmlLines_{};  // by field, 0 = no element
+    // Where the values of the last load come from, for error messages.
+    XmlNode loadedXml_;
+    std::array<XmlNode, 68> elements_;    // by field, empty = no element
+    std::array<std::string, 68> tokens_;  // of an XIF file, by field
+    bool wasLoaded_ = false;              // before the load at hand
+    bool isLoaded_ = false;
 };
 
 }  // namespace tovarek

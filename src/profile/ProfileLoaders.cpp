@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -12,14 +12,13 @@
 namespace tovarek {
 namespace {
 
-// `place` tells where the number stands; it is asked only when the number is refused.
-template <class Place>
-std::int32_t ProfileInt32(const std::string& text, const Place& place) {
+// `context` tells where the number stands; it is asked only when the number is refused.
+template <class Context>
+std::int32_t ProfileInt32(const std::string& text, const Context& context) {
     try {
         return RoundToInt32(LeadingProfileNumber(text));
     } catch (Error& error) {
-        error.AddContext({.value = Excerpt(text)});
-        error.AddContext(place());
+        error.AddContext(context());
         throw;
     }
 }
@@ -79,6 +78,7 @@ const ProfileField* FieldOfElement(int line, const std::string& upperName) {
 }  // namespace
 
 void CProfile::Load() {
+    wasLoaded_ = std::exchange(isLoaded_, true);
     if (!iniFile.empty()) {
         LoadFromIni();
         return;
@@ -87,7 +87,7 @@ void CProfile::Load() {
         LoadFromXif();
         return;
     }
-    xmlLines_.fill(0);
+    elements_.fill({});
     if (xmlNode)
         LoadFromXmlNode(xmlNode.Current());
     // Required in this order: an element alone is loaded and then refused, since a profile is named by its
@@ -133,20 +133,26 @@ void CProfile::LoadFromXif() {
         CTools().GetFields(FirstFields(lines.Next(), std::prev(next)->token), count, tokens, ' ');
         for (; field != next; ++field) {
             if (field->token > count) {
-                ErrorContext context = PlaceOf(*field);
-                context.reason = "line " + std::to_string(line) + " of an XIF file holds at least " +
-                                 std::to_string(std::prev(next)->token) +
-                                 " numbers separated by one blank, here are " + std::to_string(count);
-                RaiseRuntimeError(RuntimeError::subscriptOutOfRange, std::move(context));
+                RaiseRuntimeError(
+                    RuntimeError::subscriptOutOfRange,
+                    {.record = "profile line " + std::to_string(line),
+                     .field = std::string(field->name),
+                     .file = xifFile,
+                     .line = line,
+                     .reason = "line " + std::to_string(line) + " of an XIF file holds at least " +
+                               std::to_string(std::prev(next)->token) +
+                               " numbers separated by one blank, here are " + std::to_string(count)});
             }
-            const std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
-            this->*field->value = ProfileInt32(token, [&] { return PlaceOf(*field); });
+            std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
+            std::string& kept = tokens_[static_cast<std::size_t>(field - kProfileFields.data())];
+            kept = std::move(token);
+            this->*field->value = ProfileInt32(kept, [&] { return ContextOfFault(*field, {}, {}); });
         }
     }
 }
 
 void CProfile::LoadFromXmlNode(const XmlNode& profile) {
-    loadedXmlFile_ = profile.File();
+    loadedXml_ = profile;
     struct Visit {
         XmlNode node;
         int line;
@@ -168,9 +174,9 @@ void CProfile::LoadFromXmlNode(const XmlNode& profile) {
             line = LineOfElement(name);
         } else if (const ProfileField* field = FieldOfElement(line, name)) {
             const auto index = static_cast<std::size_t>(field - kProfileFields.data());
-            xmlLines_[index] = visit.node.Line();
-            this->*field->value =
-                ProfileInt32(CTools().nodeTextValue(visit.node), [&] { return PlaceOf(*field); });
+            elements_[index] = visit.node;
+            this->*field->value = ProfileInt32(CTools().nodeTextValue(visit.node),
+                                               [&] { return ContextOfFault(*field, {}, {}); });
         }
         pending.push_back({visit.node.FirstChild(), line});
     }

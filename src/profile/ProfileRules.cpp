@@ -14,24 +14,24 @@ constexpr bool Within(const ProfileValues& profile) {
 
 template <auto Field>
 constexpr ProfileRule Flag(eErrors error) {
-    return {Field, Within<Field, 0, 1>, error, "accepted: 0 or 1"};
+    return {Field, Within<Field, 0, 1>, error, "0 or 1"};
 }
 
 template <auto Field>
 constexpr ProfileRule NotNegative(eErrors error) {
-    return {Field, Within<Field, 0, kNoLimit>, error, "accepted: 0 and above"};
+    return {Field, Within<Field, 0, kNoLimit>, error, "0 and above"};
 }
 
 // Counts and sizes of buffers are stored in their 4-bit encoded form.
 template <auto Field>
 constexpr ProfileRule Buffer() {
     return {Field, Within<Field, 0, 15>, eQVXIFerr_buffers,
-            "accepted: 0 to 15, the encoded form of a buffer count or size"};
+            "0 to 15, the encoded form of a buffer count or size"};
 }
 
 template <auto Field>
 constexpr ProfileRule ClockRate(eErrors error) {
-    return {Field, Within<Field, 1, 7>, error, "accepted: 1 to 7 (4, 5, 6, 7 = 5, 10, 20, 40 MHz)"};
+    return {Field, Within<Field, 1, 7>, error, "1 to 7 (4, 5, 6, 7 = 5, 10, 20, 40 MHz)"};
 }
 
 // Deliberate: each of generalData1 to generalData6 is only bounded below and checked together with the upper
@@ -40,27 +40,27 @@ template <auto Field>
 constexpr ProfileRule GeneralData() {
     return {Field,
             [](const ProfileValues& profile) { return profile.*Field >= 0 && profile.generalData0 <= 255; },
-            eQVXIFerr_generalData, "accepted: generalData0 up to 255, generalData1 to generalData6 from 0"};
+            eQVXIFerr_generalData, "generalData0 up to 255, generalData1 to generalData6 from 0",
+            &ProfileValues::generalData0};
 }
 
 template <auto Field>
 constexpr ProfileRule RawData() {
-    return {Field, Within<Field, 0, 255>, eQVXIFerr_rawData, "accepted: 0 to 255"};
+    return {Field, Within<Field, 0, 255>, eQVXIFerr_rawData, "0 to 255"};
 }
 
 using P = ProfileValues;
 
 constexpr ProfileRule kRules[] = {
-    {&P::domains, Within<&P::domains, 1, 2>, eQVXIFerr_domainnumber, "accepted: 1 or 2"},
-    {&P::addresses, Within<&P::addresses, 0, 15>, eQVXIFerr_addrnumber, "accepted: 0 to 15"},
+    {&P::domains, Within<&P::domains, 1, 2>, eQVXIFerr_domainnumber, "1 or 2"},
+    {&P::addresses, Within<&P::addresses, 0, 15>, eQVXIFerr_addrnumber, "0 to 15"},
     Flag<&P::handleIncomingMessages>(eQVXIFerr_handleIncomingMessages),
     {&P::applicationtype, Within<&P::applicationtype, 0, 4>, eQVXIFerr_applicationtype,
-     "accepted: 0 to 4; the application types from 5 on, which current development tools write, do not exist "
-     "in an "
+     "0 to 4; the application types from 5 on, which current development tools write, do not exist in an "
      "interface file of version 4.0"},
     NotNegative<&P::nvConfigurationTableSizeForMIP>(eQVXIFerr_nvConfigurationTableSizeForMIP),
     NotNegative<&P::numberReceiveTransactions>(eQVXIFerr_numberReceiveTransactions),
-    {&P::numberAliases, Within<&P::numberAliases, 0, 4096>, eQVXIFerr_numberAliases, "accepted: 0 to 4096"},
+    {&P::numberAliases, Within<&P::numberAliases, 0, 4096>, eQVXIFerr_numberAliases, "0 to 4096"},
     Flag<&P::supportRelaxedBinding>(eQVXIFerr_supportRelaxedBinding),
     Flag<&P::statisticsRelativeAllowed>(eQVXIFerr_statisticsRelativeAllowed),
     NotNegative<&P::maximumSizeMemoryBlock>(eQVXIFerr_maximumSizeMemoryBlock),
@@ -79,9 +79,8 @@ constexpr ProfileRule kRules[] = {
          return profile.typeneuron == 0 || (profile.typeneuron >= 8 && profile.typeneuron <= 14);
      },
      eQVXIFerr_typeneuron,
-     "accepted: 0 and 8 to 14; newer chips (15 and above) and host stacks (115), which current development "
-     "tools "
-     "write, do not exist in an interface file of version 4.0"},
+     "0 and 8 to 14; newer chips (15 and above) and host stacks (115), which current development "
+     "tools write, do not exist in an interface file of version 4.0"},
     ClockRate<&P::protocolClockRate>(eQVXIFerr_protocolClockRate),
     NotNegative<&P::firmware>(eQVXIFerr_firmware),
     NotNegative<&P::receiveTransBlockSize>(eQVXIFerr_receiveTransBlockSize),
@@ -104,15 +103,15 @@ constexpr ProfileRule kRules[] = {
          return !(below && above);
      },
      eQVXIFerr_transceiverInterface, "every value is accepted"},
-    {&P::transceiverRate, Within<&P::transceiverRate, 0, 11>, eQVXIFerr_transceiverRate, "accepted: 0 to 11"},
+    {&P::transceiverRate, Within<&P::transceiverRate, 0, 11>, eQVXIFerr_transceiverRate, "0 to 11"},
     {&P::channelPrioritySlots, Within<&P::channelPrioritySlots, 0, 127>, eQVXIFerr_channelPrioritySlots,
-     "accepted: 0 to 127"},
+     "0 to 127"},
     // Deliberate: the upper bound looks at transceiverRate; minimumClockRate itself has none.
     {&P::minimumClockRate,
      [](const ProfileValues& profile) {
          return profile.minimumClockRate >= 0 && profile.transceiverRate <= 11;
      },
-     eQVXIFerr_minimumClockRate, "accepted: 0 and above"},
+     eQVXIFerr_minimumClockRate, "0 and above"},
     NotNegative<&P::averagePacketSize>(eQVXIFerr_averagePacketSize),
     NotNegative<&P::oscillatorPrecision>(eQVXIFerr_oscillatorPrecision),
     NotNegative<&P::oscillatorWakeupTime>(eQVXIFerr_oscillatorWakeupTime),
@@ -148,6 +147,10 @@ constexpr ProfileRule kRules[] = {
 
 std::span<const ProfileRule> ProfileRules() {
     return kRules;
+}
+
+std::int32_t ProfileValues::*FaultyField(const ProfileRule& rule, const ProfileValues& profile) {
+    return rule.upperBound != nullptr && profile.*rule.field >= 0 ? rule.upperBound : rule.field;
 }
 
 }  // namespace tovarek

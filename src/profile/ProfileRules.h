@@ -10,13 +10,17 @@
 namespace tovarek {
 
 struct ProfileRule {
-    std::int32_t ProfileValues::*field;  // the value that the error's context shows
+    std::int32_t ProfileValues::*field;
     bool (*accepts)(const ProfileValues& profile);
     eErrors error;
-    const char* accepted;  // for people: what would have been accepted
+    const char* accepted;                               // for people: what would have been accepted
+    std::int32_t ProfileValues::*upperBound = nullptr;  // of another field, where its upper bound is checked
 };
 
 // All checks, in the order in which they are made; the first that does not accept is the fault.
 std::span<const ProfileRule> ProfileRules();
+
+// The field that a rule refuses in `profile`; the error's context shows it.
+std::int32_t ProfileValues::*FaultyField(const ProfileRule& rule, const ProfileValues& profile);
 
 }  // namespace tovarek

@@ -13,7 +13,6 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
-constexpr std::size_t kLongestValue = 999;
 
 // A set of characters as a table: the searches of std::string_view call a function for each character, and
 // every line is trimmed several times.
@@ -183,6 +182,13 @@ std::string_view IniSection::RawValue(std::string_view key) const {
     return {};
 }
 
+std::vector<std::string> IniSection::Keys() const {
+    std::vector<std::string> keys;
+    for (const Entry& entry : entries_)
+        keys.emplace_back(entry.key);
+    return keys;
+}
+
 std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) const {
     const std::string_view value = RawValue(key);
     return value.data() == nullptr ? missing : WrappingInteger(value);
@@ -191,9 +197,9 @@ std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) c
 std::string IniSection::StringValue(std::string_view key, std::string_view missing) const {
     const std::string_view found = RawValue(key);
     const std::string_view value = TrimBlanks(found.data() == nullptr ? missing : found);
-    if (value.size() <= kLongestValue)
+    if (value.size() <= kLongestIniValue)
         return std::string(value);
-    return std::string(TrimBlanks(FirstCharacters(value, kLongestValue)));
+    return std::string(TrimBlanks(FirstCharacters(value, kLongestIniValue)));
 }
 
 IniText::IniText(std::string text) : text_(std::move(text)) {

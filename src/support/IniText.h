@@ -35,6 +35,9 @@ struct CaselessEqual {
     bool operator()(std::string_view a, std::string_view b) const;
 };
 
+// Characters of a value that are read; what follows them is cut.
+inline constexpr std::size_t kLongestIniValue = 999;
+
 // The keys of one section. Valid as long as the IniText that filled it.
 class IniSection {
   public:
@@ -49,6 +52,9 @@ class IniSection {
 
     // The value as it stands between its blanks and quotes, or a view of null when there is no such key.
     std::string_view RawValue(std::string_view key) const;
+
+    // All keys, in the order of the file.
+    std::vector<std::string> Keys() const;
 
   private:
     friend class IniText;
@@ -69,6 +75,8 @@ class IniText {
 
     // Fills `section` with the keys of the section `name`, with none when there is no such section.
     void ReadSection(std::string_view name, IniSection& section) const;
+
+    bool HasSection(std::string_view name) const { return sections_.contains(name); }
 
     // The number of sections that exist.
     std::size_t SectionCount() const { return sections_.size(); }

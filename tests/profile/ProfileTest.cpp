@@ -146,18 +146,96 @@ TEST(Profile, IniKeysAreFoundInTheSectionOfTheirLine) {
     EXPECT_EQ(profile.typeneuron, 120) << "the twenty-first value";
 }
 
-TEST(Profile, AMissingIniKeyNamesItsPlace) {
-    const Scratch scratch;
+// The source `name` (INI, XML or XIF by its extension), not loaded yet.
+CProfile ProfileOf(const Scratch& scratch, const std::string& name, const std::string& text) {
     CProfile profile;
     profile.errorHandler = &kHandler;
-    profile.iniFile = scratch.File("p.ini", "[Line6]\naddresses=3\n");
+    profile.xmlNodeName = "P";
+    std::string CProfile::*source = name.ends_with("ini")   ? &CProfile::iniFile
+                                    : name.ends_with("xml") ? &CProfile::xmlFile
+                                                            : &CProfile::xifFile;
+    profile.*source = scratch.File(name, text);
+    return profile;
+}
+
+TEST(Profile, FaultsSayWhatWasTypedAndWhatToDo) {
+    const Scratch scratch;
+    const std::string six = "<P>\n<XIF_LINE6><DOMAINS>1</DOMAINS>\n";
+    const struct {
+        const char* source;
+        std::string text;
+        const char* field;
+        const char* value;
+        int line;
+        const char* reason;
+    } rows[] = {
+        {"p.ini", "[Line6]\naddresses=3\n", "domains", "", 1,
+         "section [Line6] has no key 'domains'; it takes 1 or 2"},
+        {"p.ini", "[Line6]\raddresses=3\rdomain=1\r", "domains", "", 3, "did you mean 'domain' in line 3?"},
+        {"p.ini", "\n[Lin6]\ndomains=1\n", "", "", 2,
+         "the file has no section [Line6]; did you mean [Lin6] in line 2?"},
+        {"p.ini", "[Line7]\ndomains=1\n", "", "", 0, "the file has no section [Line6]"},
+        {"p.ini", "[Line6]\ndomains=\n", "domains", "", 2, "an empty value reads as 0; accepted: 1 or 2"},
+        {"p.ini", "[Line6]\ndomains=-1\n", "domains", "-1", 2, "accepted: 1 or 2"},
+        {"p.ini", "[Line6]\ndomains=two\n", "domains", "two", 2, "not a number and reads as 0; accepted"},
+        {"p.ini", "[Line6]\ndomains=10 MHz\n", "domains", "10 MHz", 2, "this reads as 10; accepted"},
+        {"p.xml", six + "<ADDRESSES>16 </ADDRESSES></XIF_LINE6></P>", "addresses", "16 ", 3,
+         "accepted: 0 to 15"},
+        {"p.xml", "<P>\n<XIF_LIN6/></P>", "", "", 2, "did you mean <XIF_LIN6> in line 2?"},
+        {"p.xml", "<P>\n<XIF_LINE6>\n<DOMAIN>1</DOMAIN></XIF_LINE6></P>", "domains", "", 3,
+         "did you mean <DOMAIN> in line 3? its value 0 is that of a new profile; it takes 1 or 2"},
+        {"p.xml", six + "</XIF_LINE6>\n<XIF_LINE7><FIRMWARE>\n4294967296</FIRMWARE></XIF_LINE7></P>",
+         "firmware", "\n4294967296", 4, "between -2147483648 and 2147483647"},
+        {"p.xif", XifText(7, "0 10MHz 7 13 28 0 0 15 5 3 284 4"), "protocolClockRate", "10MHz", 7,
+         "this reads as 10; accepted"},
+        // The bound of generalData0 is checked together with the next field's.
+        {"p.xif", XifText(9, "1 0 0 0 0 300 0 0 0 0 0 0"), "generalData0", "300", 9,
+         "generalData0 up to 255"},
+        {"p.xif", XifText(9, "1 0 0 0 0 300 -1 0 0 0 0 0"), "generalData1", "-1", 9,
+         "generalData0 up to 255"},
+    };
+    for (const auto& row : rows) {
+        CProfile profile = ProfileOf(scratch, row.source, row.text);
+        const auto error = Raised([&] {
+            profile.Load();
+            profile.VerifyData();
+        });
+        ASSERT_TRUE(error) << row.text;
+        const ErrorContext& context = error->Context();
+        EXPECT_EQ(context.field, row.field) << row.text;
+        EXPECT_EQ(context.value, row.value) << row.text;
+        EXPECT_EQ(context.line, row.line) << row.text;
+        EXPECT_EQ(context.file, scratch.Path(row.source));
+        EXPECT_NE(context.reason.find(row.reason), std::string::npos) << row.text << context.reason;
+    }
+}
+
+TEST(Profile, AValueOfAnEarlierLoadIsToldAsSuch) {
+    const Scratch scratch;
+    CProfile profile = ProfileOf(scratch, "p.xml", "<P><XIF_LINE6><DOMAINS>9</DOMAINS></XIF_LINE6></P>");
+    profile.Load();
+    profile.xmlFile = scratch.File("q.xml", "<P><XIF_LINE6/></P>");
     profile.Load();
     const auto error = Raised([&] { profile.VerifyData(); });
     ASSERT_TRUE(error);
-    EXPECT_EQ(error->Context().field, "domains");
-    EXPECT_EQ(error->Context().value, "-1");
-    EXPECT_EQ(error->Context().line, 1);
-    EXPECT_EQ(error->Context().file, profile.iniFile);
+    EXPECT_EQ(error->Context().file, profile.xmlFile);
+    EXPECT_NE(error->Context().reason.find("9 stays from an earlier load"), std::string::npos)
+        << error->Context().reason;
+}
+
+TEST(Profile, AnIniFileThatCannotBeReadIsNamed) {
+    const Scratch scratch;
+    CProfile profile = ProfileOf(scratch, "p.ini", "");
+    for (const std::string& path : {scratch.Path("missing.ini"), scratch.Folder()}) {
+        profile.iniFile = path;
+        profile.Load();
+        const auto error = Raised([&] { profile.VerifyData(); });
+        const auto unread = Raised([&] { ReadFile(path); });
+        ASSERT_TRUE(error && unread);
+        EXPECT_EQ(error->Context().file, path);
+        EXPECT_EQ(error->Context().field, "");
+        EXPECT_TRUE(error->Context().reason.starts_with(unread->Context().reason)) << error->Context().reason;
+    }
 }
 
 TEST(Profile, EveryFaultIsFoundInTheOrderOfTheChecks) {

@@ -1,0 +1,175 @@
+#include "support/InputPlace.h"
+
+#include <algorithm>
+
+#include "base/Nearest.h"
+#include "base/Text.h"
+#include "support/CTools.h"
+#include "support/IniText.h"
+#include "system/Files.h"
+
+namespace tovarek {
+namespace {
+
+std::string InLine(int line) {
+    return line > 0 ? " in line " + std::to_string(line) : std::string();
+}
+
+// What is nearest to `wanted` among the names that are nothing themselves.
+std::string NearestUnknown(std::string_view wanted, std::vector<std::string> names,
+                           const IsKnownName& isKnown) {
+    std::erase_if(names, isKnown);
+    return Nearest(wanted, names);
+}
+
+void TellMissingSection(const IniText& text, std::string_view section, const IsKnownName& isKnown,
+                        InputPlace& place) {
+    std::vector<std::string> names;
+    text.ForEachSection([&](std::string_view name) { names.emplace_back(name); });
+    // The order of sections is that of a hash; the same file must give the same answer everywhere.
+    std::sort(names.begin(), names.end());
+    place.missing = InputPart::group;
+    place.absence = "the file has no section [" + std::string(section) + "]";
+    const std::string nearest = NearestUnknown(section, std::move(names), isKnown);
+    if (nearest.empty())
+        return;
+    place.line = text.LineOf(nearest, {});
+    place.absence += "; did you mean [" + nearest + "]" + InLine(place.line) + "?";
+}
+
+void TellMissingKey(const IniText& text, std::string_view section, std::string_view key,
+                    const IsKnownName& isKnown, InputPlace& place) {
+    IniSection keys;
+    text.ReadSection(section, keys);
+    const std::string nearest = NearestUnknown(key, keys.Keys(), isKnown);
+    place.missing = InputPart::value;
+    place.line = text.LineOf(section, nearest);
+    place.absence = "section [" + std::string(section) + "] has no key '" + std::string(key) + "'";
+    if (!nearest.empty())
+        place.absence += "; did you mean '" + nearest + "'" + InLine(place.line) + "?";
+}
+
+// How a value was taken that is not written as it counts.
+std::string ReadAs(std::string_view typed, std::string_view read) {
+    if (TrimBlanks(typed) == read || read.empty())
+        return {};
+    const std::string as(read);
+    if (TrimBlanks(typed).empty())
+        return "an empty value reads as " + as;
+    if (std::none_of(typed.begin(), typed.end(), IsDigit))
+        return "this is not a number and reads as " + as;
+    return "this reads as " + as;
+}
+
+}  // namespace
+
+std::string JoinSentences(std::string first, std::string_view second) {
+    if (!first.empty() && !second.empty())
+        first += first.ends_with('?') ? " " : "; ";
+    return first.append(second);
+}
+
+InputPlace FindIniPlace(const std::string& file, std::string_view section, std::string_view key,
+                        const IsKnownName& isKnownSection, const IsKnownName& isKnownKey) {
+    InputPlace place{.file = file};
+    std::string bytes;
+    try {
+        bytes = ReadFile(file);
+    } catch (const Error& error) {
+        place.missing = InputPart::file;
+        place.absence = error.Context().reason + "; an INI file that cannot be read counts as empty";
+        return place;
+    }
+    const IniText text(DecodeIni(std::move(bytes)));
+    IniSection keys;
+    text.ReadSection(section, keys);
+    const std::string_view raw = keys.RawValue(key);
+    if (!text.HasSection(section)) {
+        TellMissingSection(text, section, isKnownSection, place);
+    } else if (raw.data() == nullptr) {
+        TellMissingKey(text, section, key, isKnownKey, place);
+    } else {
+        place.line = text.LineOf(section, key);
+        place.typed = raw;
+        place.isCut = CharacterCount(TrimBlanks(raw)) > kLongestIniValue;
+    }
+    return place;
+}
+
+std::vector<XmlNode> ElementsBelow(const XmlNode& parent) {
+    std::vector<XmlNode> elements;
+    std::vector<XmlNode> pending{parent.FirstChild()};
+    while (!pending.empty()) {
+        const XmlNode node = pending.back();
+        pending.pop_back();
+        if (!node)
+            continue;
+        pending.push_back(node.NextSibling());
+        if (!node.IsElement())
+            continue;
+        elements.push_back(node);
+        pending.push_back(node.FirstChild());
+    }
+    return elements;
+}
+
+InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& elements, std::string_view name,
+                        const IsKnownName& isKnown) {
+    InputPlace place{.file = parent.File(), .line = parent.Line()};
+    std::vector<std::string> names;
+    bool isFound = false;
+    for (const XmlNode& element : elements) {
+        names.push_back(element.Name());
+        if (UpperCase(names.back()) != name)
+            continue;
+        isFound = true;
+        place.line = element.Line();
+        place.typed = CTools().nodeTextValue(element);
+    }
+    if (isFound)
+        return place;
+    place.missing = InputPart::value;
+    place.absence = "<" + parent.Name() + "> has no element <" + std::string(name) + ">";
+    const std::string nearest =
+        NearestUnknown(name, names, [&](std::string_view other) { return isKnown(UpperCase(other)); });
+    if (nearest.empty())
+        return place;
+    place.line =
+        elements[static_cast<std::size_t>(std::find(names.begin(), names.end(), nearest) - names.begin())]
+            .Line();
+    place.absence += "; did you mean <" + nearest + ">" + InLine(place.line) + "?";
+    return place;
+}
+
+ErrorContext ContextOf(const InputPlace& place, std::string record, std::string_view field,
+                       std::string_view read, const Expected& expected) {
+    ErrorContext context{.file = place.file, .line = place.line};
+    if (place.missing == InputPart::file) {
+        context.reason = place.absence;
+        return context;
+    }
+    context.record = std::move(record);
+    if (place.missing == InputPart::group) {
+        context.reason = place.absence;
+        return context;
+    }
+    context.field = field;
+    if (place.missing == InputPart::value) {
+        context.reason = place.absence;
+        if (!expected.values.empty())
+            context.reason = JoinSentences(context.reason, "it takes " + expected.values);
+    } else {
+        context.value = Excerpt(place.typed);
+        context.reason = ReadAs(place.typed, read);
+        if (place.isCut)
+            context.reason =
+                JoinSentences(context.reason, "only the first " + std::to_string(kLongestIniValue) +
+                                                  " characters of an INI value are read");
+        if (!expected.values.empty())
+            context.reason = JoinSentences(context.reason, "accepted: " + expected.values);
+    }
+    context.reason = JoinSentences(context.reason, expected.sentence);
+    return context;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,55 @@
+// Where a value of an input stands and how it was typed, for messages. All of it is looked up when something
+// has failed, never before.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Error.h"
+#include "xml/Xml.h"
+
+namespace tovarek {
+
+enum class InputPart { none, value, group, file };
+
+struct InputPlace {
+    std::string file;
+    int line = 0;        // of the value; for one that is missing, of what stands nearest
+    std::string typed;   // the value as the file has it
+    bool isCut = false;  // only its first 999 characters are read
+    // What is missing: the value alone, the section or element that it would stand in, or the whole file.
+    InputPart missing = InputPart::none;
+    std::string absence;  // a sentence about that
+};
+
+// What the check of a value expects.
+struct Expected {
+    std::string values;    // e.g. "0 to 15"
+    std::string sentence;  // in place of the values, or behind them
+};
+
+// True for a name that stands for something itself and so is no other one mistyped.
+using IsKnownName = std::function<bool(std::string_view name)>;
+
+// The key of an INI file; the file may be missing or unreadable, which reads like an empty one.
+InputPlace FindIniPlace(const std::string& file, std::string_view section, std::string_view key,
+                        const IsKnownName& isKnownSection, const IsKnownName& isKnownKey);
+
+// All elements below `parent`, in document order.
+std::vector<XmlNode> ElementsBelow(const XmlNode& parent);
+
+// The element `name` (in capitals) among `elements`, those below `parent`; the last one of several.
+InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& elements, std::string_view name,
+                        const IsKnownName& isKnown);
+
+// Both sentences of a reason as one; either may be empty.
+std::string JoinSentences(std::string first, std::string_view second);
+
+// The context of a value that was refused. `read` is what it was taken for; a field is told only where the
+// file can hold it.
+ErrorContext ContextOf(const InputPlace& place, std::string record, std::string_view field,
+                       std::string_view read, const Expected& expected);
+
+}  // namespace tovarek
