@@ -27,12 +27,13 @@ const Property& PropertyOf(const std::string& name) {
 }
 
 [[noreturn]] void RefuseValue(const Property& property, const std::string& shown, const char* wanted) {
-    throw WrongUse("'" + Excerpt(shown) + "' is no value for " + std::string(property.name) + ": " + wanted);
+    throw WrongUse("'" + Excerpt(shown) + "' cannot be the value of " + std::string(property.name) +
+                   "; give " + wanted);
 }
 
-constexpr const char* kBooleanWanted = "true or false is wanted";
-constexpr const char* kIntegerWanted = "a whole number between -2147483648 and 2147483647 is wanted";
-constexpr const char* kStringWanted = "a string is wanted";
+constexpr const char* kBooleanWanted = "true or false";
+constexpr const char* kIntegerWanted = "a whole number from -2147483648 to 2147483647";
+constexpr const char* kStringWanted = "a text in quotation marks";
 
 XmlNode LoadElement(const std::string& file, const std::string& element) {
     return CTools().SearchXmlNode(file, element, CErrorHandler());
@@ -70,7 +71,7 @@ PropertyValue ValueOfText(const Property& property, const std::string& text) {
             if (text.empty())
                 return XmlNode();
             if (mark == std::string::npos)
-                RefuseValue(property, text, "FILE#ELEMENT is wanted");
+                RefuseValue(property, text, "FILE#ELEMENT, such as template.xml#DEVICE");
             return LoadElement(text.substr(0, mark), text.substr(mark + 1));
         }
         case PropertyKind::string:
@@ -120,7 +121,7 @@ PropertyValue ValueOfJson(const std::string& job, const Property& property, cons
         case PropertyKind::node:
             if (!json.is_object() || !json.contains("file") || !json.contains("element") ||
                 json.size() != 2 || !json["file"].is_string() || !json["element"].is_string())
-                refuse(R"({"file": path, "element": name} is wanted)");
+                refuse(R"({"file": path, "element": name})");
             return LoadElement(PathInJob(job, property, json["file"].get<std::string>()),
                                json["element"].get<std::string>());
         case PropertyKind::string:
@@ -129,6 +130,23 @@ PropertyValue ValueOfJson(const std::string& job, const Property& property, cons
     if (!json.is_string())
         refuse(kStringWanted);
     return PathInJob(job, property, json.get<std::string>());
+}
+
+// What the JSON reader refuses, without its own numbers.
+std::string JsonFault(const std::string& bytes, const Json::exception& error) {
+    std::string text = error.what();
+    std::string place;
+    if (const auto* parse = dynamic_cast<const Json::parse_error*>(&error)) {
+        const std::string_view read(bytes.data(),
+                                    std::min(bytes.size(), parse->byte - (parse->byte > 0 ? 1 : 0)));
+        const auto line = 1 + std::count(read.begin(), read.end(), '\n');
+        place = " at line " + std::to_string(line) + ", column " +
+                std::to_string(read.size() - (read.rfind('\n') + 1) + 1);
+    }
+    for (const std::string_view end : {"] ", " - "})
+        if (const std::size_t found = text.find(end); found != std::string::npos)
+            text.erase(0, found + end.size());
+    return " is not valid JSON" + place + ": " + text;
 }
 
 // The job as one JSON object, keys in the order of the file. The same key twice is refused: which one acts
@@ -163,10 +181,10 @@ Json ReadJob(const std::string& path) {
         if (!repeated.empty())
             throw WrongUse("job file '" + path + "' sets '" + Excerpt(repeated) + "' twice");
         if (!job.is_object())
-            throw WrongUse("job file '" + path + "' is no JSON object {property: value}");
+            throw WrongUse("job file '" + path + "' does not hold a JSON object {property: value}");
         return job;
     } catch (const Json::exception& error) {
-        throw WrongUse("job file '" + path + "' is no JSON: " + error.what());
+        throw WrongUse("job file '" + path + "'" + JsonFault(bytes, error));
     }
 }
 
@@ -180,7 +198,7 @@ void AssignText(Tovarek& component, const std::string& name, const std::string& 
 void AssignPair(Tovarek& component, const std::string& pair) {
     const std::size_t equals = pair.find('=');
     if (equals == std::string::npos)
-        throw WrongUse("'" + Excerpt(pair) + "' is not of the form NAME=VALUE");
+        throw WrongUse("'" + Excerpt(pair) + "' has no '='; give NAME=VALUE, such as localeID=1033");
     AssignText(component, pair.substr(0, equals), pair.substr(equals + 1));
 }
 

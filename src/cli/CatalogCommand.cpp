@@ -1,12 +1,14 @@
 #include "cli/CatalogCommand.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <ostream>
 #include <set>
 
 #include "base/Error.h"
 #include "base/Nearest.h"
+#include "base/Text.h"
+#include "cli/CatalogFind.h"
 #include "control/StandardCatalog.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
@@ -42,12 +44,11 @@ InspectNode FormatsNode(const std::vector<DisplayFormat>& formats) {
     return list;
 }
 
-// All that is known of the type `name`; nothing when the catalog lacks it.
-std::optional<InspectNode> TypeNode(const StandardCatalog& catalog, const std::string& name) {
-    const std::int32_t nv = catalog.NvIndex(name);
-    const std::int32_t cp = nv == 0 ? catalog.CpIndex(name) : 0;
-    if (nv == 0 && cp == 0)
-        return std::nullopt;
+// All that is known of a type.
+InspectNode TypeNode(const StandardCatalog& catalog, const CatalogType& shown) {
+    const std::int32_t nv = shown.isNv ? shown.entry.index : 0;
+    const std::int32_t cp = shown.isNv ? 0 : shown.entry.index;
+    const std::string& name = shown.entry.name;
     const ResourceNames names(&catalog);
     InspectNode node = InspectNode::Object(name);
     node.Text("name", name);
@@ -69,30 +70,113 @@ std::optional<InspectNode> TypeNode(const StandardCatalog& catalog, const std::s
     return node;
 }
 
-void WriteList(const StandardCatalog& catalog, OutputFormat format, std::ostream& out) {
-    Json list = Json::array();
-    const auto add = [&](const char* kind, const CatalogEntry& entry) {
-        if (format == OutputFormat::json)
-            list.push_back(
-                {{"class", kind}, {"index", entry.index}, {"size", entry.size}, {"name", entry.name}});
-        else
-            out << kind << '\t' << entry.index << '\t' << entry.size << '\t' << entry.name << '\n';
-    };
-    for (const CatalogEntry& entry : catalog.NvTypes())
-        add("NV", entry);
-    for (const CatalogEntry& entry : catalog.CpTypes())
-        add("CP", entry);
-    if (format == OutputFormat::json)
-        out << list.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+Json JsonOf(const CatalogType& type) {
+    return {{"class", type.isNv ? "NV" : "CP"},
+            {"index", type.entry.index},
+            {"size", type.entry.size},
+            {"name", type.entry.name}};
 }
 
-std::vector<std::string> AllNames(const StandardCatalog& catalog) {
-    std::vector<std::string> names;
-    for (const CatalogEntry& entry : catalog.NvTypes())
-        names.push_back(entry.name);
-    for (const CatalogEntry& entry : catalog.CpTypes())
-        names.push_back(entry.name);
-    return names;
+Json JsonOf(const InspectNode::Value& value) {
+    return std::visit(
+        [](const auto& known) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(known)>, std::monostate>)
+                return Json();
+            else
+                return Json(known);
+        },
+        value);
+}
+
+std::ostream& operator<<(std::ostream& out, const CatalogType& type) {
+    return out << (type.isNv ? "NV" : "CP") << '\t' << type.entry.index << '\t' << type.entry.size << '\t'
+               << type.entry.name;
+}
+
+void WriteJson(const Json& json, std::ostream& out) {
+    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+void WriteList(const std::vector<CatalogType>& types, OutputFormat format, std::ostream& out) {
+    Json list = Json::array();
+    for (const CatalogType& type : types) {
+        if (format == OutputFormat::json)
+            list.push_back(JsonOf(type));
+        else
+            out << type << '\n';
+    }
+    if (format == OutputFormat::json)
+        WriteJson(list, out);
+}
+
+void WriteFound(const StandardCatalog& catalog, const std::vector<CatalogType>& types, OutputFormat format,
+                std::ostream& out) {
+    Json list = Json::array();
+    for (const CatalogType& type : types) {
+        const CatalogMeasure measure = MeasureOf(catalog, type);
+        const bool isMeasured = !std::holds_alternative<std::monostate>(measure.maximum);
+        if (format == OutputFormat::text) {
+            out << type << '\t' << measure.unit << '\t';
+            if (isMeasured)
+                out << ValueText(measure.minimum) << " to " << ValueText(measure.maximum);
+            out << '\n';
+            continue;
+        }
+        Json json = JsonOf(type);
+        if (!measure.unit.empty())
+            json["unit"] = measure.unit;
+        if (isMeasured) {
+            json["minimum"] = JsonOf(measure.minimum);
+            json["maximum"] = JsonOf(measure.maximum);
+        }
+        list.push_back(std::move(json));
+    }
+    if (format == OutputFormat::json)
+        WriteJson(list, out);
+}
+
+void WriteTypes(const StandardCatalog& catalog, const std::vector<CatalogType>& types, OutputFormat format,
+                std::ostream& out) {
+    if (format == OutputFormat::text) {
+        for (const CatalogType& type : types)
+            out << (&type == &types.front() ? "" : "\n") << TreeText(TypeNode(catalog, type));
+        return;
+    }
+    if (types.size() == 1) {
+        out << JsonDocument(TypeNode(catalog, types.front()));
+        return;
+    }
+    InspectNode list = InspectNode::List("types");
+    for (const CatalogType& type : types)
+        list.Add(TypeNode(catalog, type));
+    InspectNode document = InspectNode::Object("");
+    document.Add(std::move(list));
+    out << JsonDocument(std::move(document));
+}
+
+// Why `word` names no type, or too many.
+std::string NoTypeReason(const std::string& word, const std::vector<CatalogType>& types,
+                         const std::vector<CatalogType>& named) {
+    constexpr std::size_t kMostNames = 12;
+    if (named.empty()) {
+        std::vector<std::string> names;
+        for (const CatalogType& type : types)
+            names.push_back(type.entry.name);
+        const std::string near = DidYouMean(word, names);
+        return "the catalog knows no type '" + Excerpt(word) + "'" +
+               (near.empty() ? "; 'tovarek catalog find WORD' searches units and texts too" : near);
+    }
+    std::string reason =
+        "'" + Excerpt(word) + "' is a part of " + std::to_string(named.size()) + " names; give one of them:";
+    for (std::size_t i = 0; i < std::min(named.size(), kMostNames); ++i)
+        reason += " " + named[i].entry.name;
+    return reason + (named.size() > kMostNames ? " ..." : "");
+}
+
+// A number or a name that goes without its prefix may stand for a type of each class; more than that is a
+// part.
+bool IsOneOfEachClass(const std::vector<CatalogType>& types) {
+    return types.size() == 1 || (types.size() == 2 && types.front().isNv && !types.back().isNv);
 }
 
 }  // namespace
@@ -100,23 +184,39 @@ std::vector<std::string> AllNames(const StandardCatalog& catalog) {
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams) {
     try {
         const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
-        WriteList(*catalog->types.Catalog(), format, streams.out);
+        WriteList(AllTypes(*catalog->types.Catalog()), format, streams.out);
         return kDone;
     } catch (const Error& error) {
         return ReportError(error, format, streams);
     }
 }
 
-int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFormat format, Streams streams) {
+int RunCatalogShow(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams) {
     try {
         const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
         const StandardCatalog& standard = *catalog->types.Catalog();
-        std::optional<InspectNode> node = TypeNode(standard, name);
-        if (!node)
+        const std::vector<CatalogType> types = AllTypes(standard);
+        const std::vector<CatalogType> named = TypesNamed(types, word);
+        if (!IsOneOfEachClass(named))
+            return ReportUnknownType(NoTypeReason(word, types, named), format, streams);
+        WriteTypes(standard, named, format, streams.out);
+        return kDone;
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
+}
+
+int RunCatalogFind(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams) {
+    try {
+        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
+        const StandardCatalog& standard = *catalog->types.Catalog();
+        std::vector<CatalogType> types = AllTypes(standard);
+        std::erase_if(types, [&](const CatalogType& type) { return !Mentions(standard, type, word); });
+        if (types.empty())
             return ReportUnknownType(
-                "the catalog knows no type '" + name + "'" + DidYouMean(name, AllNames(standard)), format,
+                "the catalog has no type whose name, unit or text contains '" + Excerpt(word) + "'", format,
                 streams);
-        streams.out << (format == OutputFormat::json ? JsonDocument(std::move(*node)) : TreeText(*node));
+        WriteFound(standard, types, format, streams.out);
         return kDone;
     } catch (const Error& error) {
         return ReportError(error, format, streams);

@@ -11,7 +11,11 @@ namespace tovarek {
 // All types: kind (NV or CP), index, size in bytes, name.
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams);
 
-// All that is known of the type `name`, e.g. "SNVT_temp_p".
-int RunCatalogShow(const CatalogPlace& place, const std::string& name, OutputFormat format, Streams streams);
+// All that is known of the type that `word` names (see TypesNamed): "SNVT_temp_p", "temp_p", "105". A number
+// may be that of a type of each class; both are shown.
+int RunCatalogShow(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams);
+
+// The types whose name, unit or text holds `word`: as the list, and unit and range.
+int RunCatalogFind(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams);
 
 }  // namespace tovarek

@@ -1,10 +1,12 @@
 #include "cli/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 #include <ostream>
 
 #include "base/Nearest.h"
+#include "base/Text.h"
 #include "cli/CatalogCommand.h"
 #include "cli/ErrorsCommand.h"
 #include "cli/GenerateCommand.h"
@@ -15,28 +17,58 @@
 namespace tovarek {
 namespace {
 
-// The help is written by hand: it fits a screen, and its example works when pasted.
+// What the program can do. The help is made of these rows: general help of usages and summaries, the help of
+// one command of all of its row.
+struct Verb {
+    std::string_view name;
+    std::string_view usage;
+    std::string_view summary;
+    std::string_view options;
+    std::string_view example;
+};
+
+constexpr std::string_view kCatalogOptions =
+    "  --catalogDir DIR                folder of another catalog than the shipped one\n"
+    "  --catalogFile FILE              its file name, ldrf.cat by default\n";
+
+constexpr Verb kVerbs[] = {
+    {"generate", "generate [OPTIONS]", "write the XIF file and the resource files",
+     "Options act in the order in which they stand:\n"
+     "  --set PROPERTY=VALUE            set a property\n"
+     "  --job FILE                      set the properties of a JSON object {property: value}; in it inputs\n"
+     "                                  count from the folder of FILE\n",
+     ""},
+    {"errors", "errors [WORD]", "list the errors; WORD: cause and mend of one, e.g. 71",
+     "WORD is the number of an error, the code that a message begins with, or a name.\n",
+     "tovarek errors nvlength"},
+    {"catalog list", "catalog list", "list the standard types", kCatalogOptions, "tovarek catalog list"},
+    {"catalog show", "catalog show TYPE", "show one, e.g. SNVT_temp_p, temp_p or 105", kCatalogOptions,
+     "tovarek catalog show temp_p"},
+    {"catalog find", "catalog find WORD", "find types by name, unit and text", kCatalogOptions,
+     "tovarek catalog find pressure"},
+    {"dump", "dump FILE [--bytes]", "show a resource, format, catalog or XIF file",
+     "  --bytes                         every byte in file order; damaged files too\n"
+     "  --catalogDir DIR                the catalog that names of standard types come from\n"
+     "  --catalogFile FILE              its file name, ldrf.cat by default\n",
+     "tovarek dump fan-coil.xif"},
+    {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
+};
+
+std::string Column(std::string_view text, std::size_t width) {
+    std::string column(text);
+    column.resize(std::max(column.size() + 1, width), ' ');
+    return column;
+}
+
 void WriteHelp(const std::string& program, std::ostream& out) {
     const std::string examples = ExampleFolder();
     const std::string folder = examples.empty() ? "examples/fan-coil" : examples;
-    out << "tovarek " TOVAREK_VERSION
-           " - generates the device-interface files of LonWorks devices\n"
-           "\n"
-           "  tovarek generate [OPTIONS]        write the XIF file and the resource files\n"
-           "      --PROPERTY VALUE              set one of the 33 properties (generate --help lists them)\n"
-           "      --set PROPERTY=VALUE          the same\n"
-           "      --job FILE                    set properties from a JSON object {property: value}\n"
-           "                                    options act in the order in which they stand\n"
-           "  tovarek errors                    list the errors of the generator\n"
-           "  tovarek catalog list              list the standard types\n"
-           "  tovarek catalog show NAME         show one, e.g. SNVT_temp_p\n"
-           "  tovarek dump FILE [--bytes]       show what is in a resource file, format file, catalog or XIF "
-           "file\n"
-           "  tovarek diff A B                  compare the content of two such files\n"
-           "      --catalogDir DIR --catalogFile FILE   another catalog than the shipped one\n"
-           "\n"
+    out << "tovarek " TOVAREK_VERSION " - generates the device-interface files of LonWorks devices\n\n";
+    for (const Verb& verb : kVerbs)
+        out << Column("  tovarek " + std::string(verb.usage), 36) << verb.summary << '\n';
+    out << "\n"
            "  --format json                     results and errors as JSON on standard output\n"
-           "  --help, --version\n"
+           "  --help, --version                 'tovarek COMMAND --help' tells of one command\n"
            "\n"
            "Without --catalogDir the shipped catalog of standard types is used. SOURCE_DATE_EPOCH, in "
            "seconds,\n"
@@ -49,17 +81,14 @@ void WriteHelp(const std::string& program, std::ostream& out) {
         << "      --outputXIFfile fan-coil.xif\n";
 }
 
-void WriteGenerateHelp(std::ostream& out) {
-    out << "tovarek generate [OPTIONS]: write the XIF file and the resource files.\n"
-           "Options act in the order in which they stand:\n"
-           "  --set PROPERTY=VALUE            set a property\n"
-           "  --job FILE                      set the properties of a JSON object {property: value}\n"
-           "  --format text|json              how results and errors are shown\n";
-    for (const Property& property : Properties()) {
-        std::string option = "  --" + std::string(property.name) + " ";
-        option.resize(std::max<std::size_t>(option.size(), 34), ' ');
-        out << option << property.help << '\n';
-    }
+void WriteVerbHelp(const Verb& verb, std::ostream& out) {
+    out << "tovarek " << verb.usage << ": " << verb.summary << ".\n"
+        << verb.options << "  --format text|json              how results and errors are shown\n";
+    if (verb.name == "generate")
+        for (const Property& property : Properties())
+            out << Column("  --" + std::string(property.name), 34) << property.help << '\n';
+    if (!verb.example.empty())
+        out << "Example: " << verb.example << '\n';
 }
 
 // The settings among the options of `generate`, in the order in which they stand on the command line.
@@ -89,13 +118,14 @@ struct Commands {
     CLI::App* catalog = app.add_subcommand("catalog");
     CLI::App* list = catalog->add_subcommand("list");
     CLI::App* show = catalog->add_subcommand("show");
+    CLI::App* find = catalog->add_subcommand("find");
     CLI::App* dump = app.add_subcommand("dump");
     CLI::App* diff = app.add_subcommand("diff");
 
-    OutputFormat format = OutputFormat::text;
+    std::string formatName = "text";
     bool version = false;
     CatalogPlace place;
-    std::string typeName;
+    std::string word;       // of errors, catalog show and catalog find
     std::string file;       // of dump, and the first one of diff
     std::string otherFile;  // the second one of diff
     bool bytes = false;
@@ -106,7 +136,7 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, errors, catalog, list, show, dump, diff}) {
+        for (CLI::App* command : {generate, errors, catalog, list, show, find, dump, diff}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -114,11 +144,13 @@ struct Commands {
         jobs = AddSetting("--job");
         for (const Property& property : Properties())
             AddSetting("--" + std::string(property.name));
-        for (CLI::App* command : {catalog, list, show, dump}) {
+        for (CLI::App* command : {catalog, list, show, find, dump}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
-        show->add_option("NAME", typeName);
+        errors->add_option("WORD", word);
+        show->add_option("TYPE", word);
+        find->add_option("WORD", word);
         dump->add_option("FILE", file);
         dump->add_flag("--bytes", bytes);
         diff->add_option("A", file);
@@ -130,24 +162,19 @@ struct Commands {
     }
 
     void AddFormat(CLI::App& command) {
-        static const std::map<std::string, OutputFormat> kFormats = {{"text", OutputFormat::text},
-                                                                     {"json", OutputFormat::json}};
-        command.add_option("--format", format)
-            ->transform(CLI::CheckedTransformer(kFormats))
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+        command.add_option("--format", formatName)->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     }
 
-    // The names of the options of the innermost command that was given.
-    std::vector<std::string> KnownWords() const {
+    OutputFormat Format() const { return formatName == "json" ? OutputFormat::json : OutputFormat::text; }
+
+    // The innermost command that was given, and its name with those of the commands that it belongs to.
+    const CLI::App& Given(std::string& name) const {
         const CLI::App* command = &app;
-        while (!command->get_subcommands().empty())
+        while (!command->get_subcommands().empty()) {
             command = command->get_subcommands().front();
-        std::vector<std::string> words;
-        for (const CLI::Option* option : command->get_options())
-            words.push_back(option->get_name());
-        for (const CLI::App* sub : command->get_subcommands({}))
-            words.push_back(sub->get_name());
-        return words;
+            name += (name.empty() ? "" : " ") + command->get_name();
+        }
+        return *command;
     }
 };
 
@@ -164,50 +191,105 @@ OutputFormat WantedFormat(const std::vector<std::string>& arguments) {
     return format;
 }
 
+// The options, or the commands, of the command at hand that are near to the one that was typed.
 int RefuseExtra(const Commands& commands, const std::string& extra, Streams streams) {
-    const std::string word = extra.substr(0, extra.find('='));
-    const char* kind = word.starts_with("-") ? "unknown option '" : "unexpected '";
-    return ReportWrongUse(kind + word + "'" + DidYouMean(word, commands.KnownWords()), commands.format,
-                          streams);
+    std::string name;
+    const CLI::App& command = commands.Given(name);
+    const bool isOption = extra.starts_with("-");
+    const std::string typed = extra.substr(0, extra.find('='));
+    const std::size_t dashes = isOption ? std::min(typed.find_first_not_of('-'), typed.size()) : 0;
+    std::vector<std::string> words;
+    if (isOption) {
+        for (const CLI::Option* option : command.get_options())
+            for (const std::string& word : option->get_lnames())
+                words.push_back(word);
+    } else {
+        for (const CLI::App* sub : command.get_subcommands({}))
+            words.push_back(sub->get_name());
+    }
+    const std::string where = name.empty() ? "" : " for 'tovarek " + name + "'";
+    const std::string what = isOption        ? "there is no option '" + Excerpt(typed) + "'" + where
+                             : words.empty() ? "'" + Excerpt(typed) + "' is one word too many" + where
+                                             : "there is no command '" + Excerpt(typed) + "'" + where;
+    // The dashes make no name nearer.
+    const std::string nearest = Nearest(typed.substr(dashes), words);
+    return ReportWrongUse(
+        what +
+            (nearest.empty() ? "" : "; did you mean '" + std::string(isOption ? "--" : "") + nearest + "'?"),
+        commands.Format(), streams);
+}
+
+int RunCatalog(const Commands& commands, Streams streams) {
+    const OutputFormat format = commands.Format();
+    if (commands.list->parsed())
+        return RunCatalogList(commands.place, format, streams);
+    if (commands.show->parsed())
+        return commands.word.empty()
+                   ? ReportWrongUse("catalog show needs a type: its name, a part of it, or its number",
+                                    format, streams)
+                   : RunCatalogShow(commands.place, commands.word, format, streams);
+    if (commands.find->parsed())
+        return commands.word.empty()
+                   ? ReportWrongUse("catalog find needs a word that a name, a unit or a text holds", format,
+                                    streams)
+                   : RunCatalogFind(commands.place, commands.word, format, streams);
+    return ReportWrongUse("catalog needs a command: list, show TYPE or find WORD", format, streams);
 }
 
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {
-    const bool isJson = commands.format == OutputFormat::json;
+    const OutputFormat format = commands.Format();
+    if (commands.formatName != "text" && commands.formatName != "json")
+        return ReportWrongUse("there is no output format '" + Excerpt(commands.formatName) +
+                                  "'; give --format text or --format json",
+                              format, streams);
     if (commands.version) {
-        streams.out << (isJson ? "{\"version\": \"" TOVAREK_VERSION "\"}\n"
-                               : "tovarek " TOVAREK_VERSION "\n");
+        streams.out << (format == OutputFormat::json ? "{\"version\": \"" TOVAREK_VERSION "\"}\n"
+                                                     : "tovarek " TOVAREK_VERSION "\n");
         return kDone;
     }
     if (const std::vector<std::string> extras = commands.app.remaining(true); !extras.empty())
         return RefuseExtra(commands, extras.front(), streams);
     if (commands.generate->parsed())
-        return RunGenerate(SettingsInOrder(*commands.generate, commands.pairs, commands.jobs),
-                           commands.format, streams);
+        return RunGenerate(SettingsInOrder(*commands.generate, commands.pairs, commands.jobs), format,
+                           streams);
     if (commands.errors->parsed())
-        return RunErrors(commands.format, streams);
-    if (commands.list->parsed())
-        return RunCatalogList(commands.place, commands.format, streams);
-    if (commands.show->parsed()) {
-        if (commands.typeName.empty())
-            return ReportWrongUse("catalog show wants the name of a type", commands.format, streams);
-        return RunCatalogShow(commands.place, commands.typeName, commands.format, streams);
-    }
+        return RunErrors(commands.word, format, streams);
+    if (commands.catalog->parsed())
+        return RunCatalog(commands, streams);
     if (commands.dump->parsed()) {
         if (commands.file.empty())
-            return ReportWrongUse("dump wants a file", commands.format, streams);
-        return RunDump(commands.file, {commands.format, commands.bytes, commands.place}, streams);
+            return ReportWrongUse("dump needs the file that it is to show", format, streams);
+        return RunDump(commands.file, {format, commands.bytes, commands.place}, streams);
     }
     if (commands.diff->parsed()) {
         if (commands.file.empty() || commands.otherFile.empty())
-            return ReportWrongUse("diff wants two files", commands.format, streams);
-        return RunDiff(commands.file, commands.otherFile, commands.format, streams);
+            return ReportWrongUse("diff needs two files", format, streams);
+        return RunDiff(commands.file, commands.otherFile, format, streams);
     }
-    if (commands.catalog->parsed())
-        return ReportWrongUse("catalog wants 'list' or 'show NAME'", commands.format, streams);
-    if (isJson)
-        return ReportWrongUse("no command was given", commands.format, streams);
+    if (format == OutputFormat::json)
+        return ReportWrongUse("no command was given", format, streams);
     WriteHelp(program, streams.error);
     return kWrongUse;
+}
+
+void WriteWantedHelp(const Commands& commands, const std::string& program, std::ostream& out) {
+    std::string name;
+    commands.Given(name);
+    if (name.empty())
+        return WriteHelp(program, out);
+    // "catalog" stands for its commands.
+    for (const Verb& verb : kVerbs)
+        if (verb.name.starts_with(name))
+            WriteVerbHelp(verb, out);
+}
+
+// What the parser refuses, in our words: it tells the option and the kind of fault.
+std::string ParserFault(const CLI::Error& error) {
+    const std::string text = error.what();
+    const std::string option = text.substr(0, text.find(':'));
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr && option.starts_with("--"))
+        return "option '" + option + "' needs a value";
+    return "the options --help, --version and --bytes take no value";
 }
 
 }  // namespace
@@ -222,13 +304,10 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams streams) {
             reversed.assign(arguments.rbegin(), std::prev(arguments.rend()));
         commands.app.parse(std::move(reversed));
     } catch (const CLI::CallForHelp&) {
-        if (commands.generate->parsed())
-            WriteGenerateHelp(streams.out);
-        else
-            WriteHelp(program, streams.out);
+        WriteWantedHelp(commands, program, streams.out);
         return kDone;
     } catch (const CLI::Error& error) {
-        return ReportWrongUse(error.what(), WantedFormat(arguments), streams);
+        return ReportWrongUse(ParserFault(error), WantedFormat(arguments), streams);
     }
     return RunParsed(commands, program, streams);
 }

@@ -6,6 +6,7 @@
 
 #include "cli/Assignments.h"
 #include "cli/Locations.h"
+#include "cli/OpenCatalog.h"
 #include "cli/OutputGuard.h"
 #include "component/Tovarek.h"
 #include "system/Files.h"
@@ -39,7 +40,7 @@ void TakeClockFromEnvironment(Tovarek& component) {
     if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || seconds < 0 ||
         seconds > kEndOf9999)
         throw WrongUse("SOURCE_DATE_EPOCH is '" + std::string(text) +
-                       "'; whole seconds since 1970, up to the year 9999, are wanted");
+                       "'; give whole seconds since 1970, up to the year 9999, or unset it");
     component.SetClock(FixedClock(seconds));
 }
 
@@ -50,6 +51,18 @@ void UseShippedCatalog(Tovarek& component) {
         return;
     if (const std::string folder = ShippedCatalogFolder(); !folder.empty())
         component.catalogDir(folder);
+}
+
+// A standard type that nobody can know.
+bool LacksCatalog(const Tovarek& component, const Error& error) {
+    return error.Number() == eQVXIFerr_unknowntype && component.catalogDir().empty() &&
+           component.catalogFile() == kUsualCatalogFile;
+}
+
+Error WithReason(const Error& error, std::string reason) {
+    ErrorContext context = error.Context();
+    context.reason = std::move(reason);
+    return {error.Number(), error.Description(), std::move(context)};
 }
 
 // The last level of a folder. When that fails, the first file that is written there tells.
@@ -84,7 +97,8 @@ int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Strea
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     } catch (const Error& error) {
-        return ReportError(error, format, streams, &component.WrittenFiles());
+        return ReportError(LacksCatalog(component, error) ? WithReason(error, NoShippedCatalog()) : error,
+                           format, streams, &component.WrittenFiles());
     }
     return ReportWritten(component.WrittenFiles(), format, streams);
 }

@@ -21,27 +21,37 @@ std::string TextOf(const fs::path& path) {
     return {utf8.begin(), utf8.end()};
 }
 
-// The first of `places`, relative to the program's folder, that holds `file`; empty when none does.
-std::string FirstFolderWith(std::initializer_list<const char*> places, const char* file) {
+// Each of `places`, relative to the program's folder.
+std::vector<std::string> Folders(std::initializer_list<const char*> places) {
     const std::string program = ProgramFile();
-    if (program.empty())
-        return {};
-    for (const char* place : places) {
-        const fs::path folder = (PathOf(program).parent_path() / place).lexically_normal();
-        if (FileExists(TextOf(folder / file)))
-            return TextOf(folder);
-    }
+    std::vector<std::string> folders;
+    if (!program.empty())
+        for (const char* place : places)
+            folders.push_back(TextOf((PathOf(program).parent_path() / place).lexically_normal()));
+    return folders;
+}
+
+// The first of `folders` that holds `file`; empty when none does.
+std::string FirstFolderWith(const std::vector<std::string>& folders, const char* file) {
+    for (const std::string& folder : folders)
+        if (FileExists(TextOf(PathOf(folder) / file)))
+            return folder;
     return {};
 }
 
 }  // namespace
 
+std::vector<std::string> ShippedCatalogPlaces() {
+    return Folders({"catalog", "../share/tovarek/catalog"});
+}
+
 std::string ShippedCatalogFolder() {
-    return FirstFolderWith({"catalog", "../share/tovarek/catalog"}, kUsualCatalogFile);
+    return FirstFolderWith(ShippedCatalogPlaces(), kUsualCatalogFile);
 }
 
 std::string ExampleFolder() {
-    return FirstFolderWith({"../../examples/fan-coil", "../share/tovarek/examples/fan-coil"}, "template.ini");
+    return FirstFolderWith(Folders({"../../examples/fan-coil", "../share/tovarek/examples/fan-coil"}),
+                           "template.ini");
 }
 
 std::string BesideFile(const std::string& file, const std::string& path) {

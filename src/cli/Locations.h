@@ -3,11 +3,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tovarek {
 
 // Folder of the shipped standard catalog; empty when there is none.
 std::string ShippedCatalogFolder();
+
+// The folders that it is looked for in.
+std::vector<std::string> ShippedCatalogPlaces();
 
 // Folder of the example device; empty when there is none.
 std::string ExampleFolder();

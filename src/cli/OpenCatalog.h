@@ -16,6 +16,9 @@ struct CatalogPlace {
     bool IsShipped() const { return folder.empty(); }
 };
 
+// Says where a catalog was looked for in vain, and how to name one.
+std::string NoShippedCatalog();
+
 // The opened catalog. Raises error 130 (erroraccessingSNVTmasterlist) when it cannot be opened; the context
 // tells which file and why.
 std::unique_ptr<CCatalog> OpenCatalog(const CatalogPlace& place);

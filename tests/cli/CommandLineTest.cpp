@@ -125,11 +125,15 @@ TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {
         {{"--set", "novalue"}, "NAME=VALUE"},
         {{"--mustGenerateXif", "maybe"}, "true or false"},
         {{"--localeID", "2147483648"}, "whole number"},
-        {{"--localeID"}, "localeID"},
-        {{"--format", "xml"}, "format"},
+        {{"--localeID"}, "option '--localeID' needs a value"},
+        {{"--format", "xml"}, "give --format text or --format json"},
+        {{"--quiet"}, "there is no option '--quiet' for 'tovarek generate'\n"},
+        {{"--iniProfilFile", "x"}, "did you mean '--iniProfileFile'?"},
         {{"--job", "missing.json"}, "missing.json"},
+        {{"--job", scratch_.File("comma.json", "{\n  \"localeID\": 1,\n}")},
+         "is not valid JSON at line 3, column 1: unexpected '}'; expected string literal"},
         {{"--xmlProfileNode", "nomark"}, "FILE#ELEMENT"},
-        {{"extra"}, "extra"},
+        {{"extra"}, "'extra' is one word too many"},
     };
     for (const auto& [arguments, hint] : rows) {
         const Answer run = Generate(arguments);
@@ -367,6 +371,45 @@ TEST_F(CommandLine, ErrorsAreListed) {
     EXPECT_EQ(nlohmann::json::parse(Call({"errors", "--format", "json"}).out).size(), 135U);
 }
 
+TEST_F(CommandLine, OneErrorIsToldWithCauseAndMend) {
+    for (const char* word : {"71", "nvlength", "eqvxiferr_NVLENGTH", "0x80040047", "-2147221433"}) {
+        const Answer one = Call({"errors", word});
+        EXPECT_EQ(one.status, 0) << word << one.error;
+        EXPECT_TRUE(one.out.starts_with("71\t0x80040047\teQVXIFerr_nvlength\t")) << one.out;
+        EXPECT_NE(one.out.find("  cause: the length is not 1 to 31"), std::string::npos) << one.out;
+        EXPECT_NE(one.out.find("  mend:  Give the variable its length"), std::string::npos) << one.out;
+    }
+    // The component's and the runtime's own.
+    const auto both = nlohmann::json::parse(Call({"errors", "53", "--format", "json"}).out);
+    ASSERT_EQ(both.size(), 2U);
+    EXPECT_EQ(both[1]["name"], "fileNotFound");
+    EXPECT_NE(Call({"errors", "nvlenght"}).error.find("did you mean 'nvlength'?"), std::string::npos);
+    EXPECT_EQ(Call({"errors", "136"}).status, 2);
+}
+
+TEST_F(CommandLine, TypesAreNamedByWhatOneRemembers) {
+    const auto call = [](const char* verb, const char* word) {
+        return Call({"catalog", verb, word, "--catalogDir", TOVAREK_CATALOG});
+    };
+    for (const char* word : {"SNVT_temp_p", "snvt_TEMP_P", "temp_P", "105"})
+        EXPECT_TRUE(call("show", word).out.starts_with("name: SNVT_temp_p\n")) << word;
+    EXPECT_NE(call("show", "105").out.find("\n\nname: SCPT"), std::string::npos)
+        << "a number of both classes";
+    EXPECT_TRUE(call("show", "lev_perc").out.starts_with("name: SNVT_lev_percent\n")) << "a part of one name";
+    const Answer many = call("show", "temp_");
+    EXPECT_EQ(many.status, 1);
+    EXPECT_NE(many.error.find("SNVT_temp_p"), std::string::npos) << many.error;
+    EXPECT_NE(
+        call("find", "CELSIUS").out.find("NV\t105\t2\tSNVT_temp_p\tdegrees Celsius\t-273.17 to 327.67\n"),
+        std::string::npos);
+    EXPECT_NE(call("find", "temp_p").out.find("\tSNVT_temp_p\t"), std::string::npos);
+    EXPECT_EQ(call("find", "no such unit").status, 1);
+    const auto json = nlohmann::json::parse(
+        Call({"catalog", "find", "SNVT_press_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"}).out);
+    EXPECT_EQ(json[0]["index"], 113);
+    EXPECT_EQ(json[0]["maximum"], 32767);
+}
+
 TEST_F(CommandLine, TheCatalogIsShown) {
     const Answer list = Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG});
     EXPECT_EQ(list.status, 0) << list.error;
@@ -387,6 +430,13 @@ TEST_F(CommandLine, HelpFitsAScreen) {
     const Answer generate = Call({"generate", "--help"});
     EXPECT_EQ(generate.status, 0);
     EXPECT_NE(generate.out.find("--createUnitsFromReference"), std::string::npos);
+    for (const std::vector<std::string>& verb :
+         {std::vector<std::string>{"errors"}, {"catalog", "find"}, {"catalog", "show"}, {"dump"}, {"diff"}}) {
+        std::vector<std::string> arguments = verb;
+        arguments.emplace_back("--help");
+        EXPECT_TRUE(Call(arguments).out.starts_with("tovarek " + verb[0] + " ")) << verb[0];
+        EXPECT_EQ(Call(arguments).out.find("--PROPERTY"), std::string::npos);
+    }
     EXPECT_EQ(Call({"--version"}).out, "tovarek 1.0.6\n");
 }
 

@@ -35,3 +35,11 @@ run(1 "error 75" ${generate} --iniProfileFile "${profile}" --outputXIFfile catal
 run(2 "--outputXIFfile" generate --outputXIF "${output}")
 run(2 "" no-such-command)
 run(0 "tovarek 1." --version)
+
+# A program that came without its catalog says where it looked and what helps.
+file(COPY ${PROGRAM} DESTINATION ${WORK}/alone)
+get_filename_component(name ${PROGRAM} NAME)
+set(PROGRAM ${WORK}/alone/${name})
+run(1 "name the folder of a catalog with --catalogDir" catalog list)
+run(1 "name the folder of a catalog with --catalogDir" generate --iniProfileFile "${profile}"
+    --iniTemplateFile "${template}" --mustGenerateTypes false --outputXIFfile no.xif)

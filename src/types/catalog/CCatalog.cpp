@@ -33,7 +33,8 @@ ErrorContext CCatalog::OpeningFailure() const {
     return {.record = "standard type catalog",
             .file = std::move(file),
             .reason = earlier ? "an earlier opening failed; the object has to be created anew"
-                              : types.ResultReason()};
+                              : types.ResultReason() +
+                                    "; catalogDir names the catalog's folder, catalogFile its name"};
 }
 
 void CCatalog::ReopenCatalog() {
