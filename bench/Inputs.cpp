@@ -194,7 +194,7 @@ std::string IniProfile() {
             text.Add("[Line", line, "]\r\n");
         }
         // 1 passes every check but that of the chip, which is 0 or a number from 8 on.
-        text.Add(field.iniKey, "=", field.value == &CProfile::typeneuron ? 0 : 1, "\r\n");
+        text.Add(field.iniKey, "=", field.value == &ProfileValues::typeneuron ? 0 : 1, "\r\n");
     }
     return text.Take();
 }
