@@ -19,6 +19,7 @@ void CTemplate::Load() {
 }
 
 void CTemplate::ResetTemplate() {
+    loadedNode_ = {};
     programID.clear();
     selfDocumentation.clear();
     versionCP.clear();

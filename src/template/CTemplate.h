@@ -68,6 +68,9 @@ class CTemplate {
     // line, for messages about it.
     ErrorContext PlaceOf(std::size_t position, std::string CCp::*member) const;
 
+    // The XML element that was loaded last, for messages; empty for an INI template.
+    const XmlNode& LoadedNode() const { return loadedNode_; }
+
   private:
     void ResetTemplate();
     void LoadTemplateFromIni();
@@ -79,6 +82,8 @@ class CTemplate {
     // The characters of each value of the property; nothing where its declaration tells none.
     std::optional<std::int32_t> VerifyDeclaration(CCp& cp, std::size_t position, FindingSink& findings) const;
     void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings);
+
+    XmlNode loadedNode_;
 };
 
 }  // namespace tovarek

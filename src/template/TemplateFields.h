@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "template/CTemplate.h"
 
@@ -38,25 +39,42 @@ std::span<const RecordField<CCp>> CpFields();
 // The one field whose XML form is a word: "INPUT" is 0, everything else 1.
 inline constexpr std::string_view kDirectionElement = "DIRECTION";
 
-// What a record is called in messages, and its INI sections: the prefix and the record's number from 1.
+// The elements of an XML template that its loader saw: those of the template's own fields, and those that
+// are records.
+struct TemplateElements {
+    std::vector<XmlNode> own;
+    std::vector<XmlNode> nvs;
+    std::vector<XmlNode> tags;
+    std::vector<XmlNode> cps;
+};
+TemplateElements ElementsOfTemplate(const XmlNode& node);
+
+// What a record is called in messages, and its INI sections: the prefix and the record's number from 1, as
+// many as `count` says.
 template <class Record>
 struct RecordNames;
 template <>
 struct RecordNames<CNv> {
     static constexpr std::string_view kind = "network variable";
     static constexpr std::string_view iniPrefix = "nv";
+    static constexpr auto count = &CTemplate::numberStaticNvs;
+    static constexpr auto elements = &TemplateElements::nvs;
     static std::span<const RecordField<CNv>> Fields() { return NvFields(); }
 };
 template <>
 struct RecordNames<CTag> {
     static constexpr std::string_view kind = "message tag";
     static constexpr std::string_view iniPrefix = "tag";
+    static constexpr auto count = &CTemplate::numberOfMessageTags;
+    static constexpr auto elements = &TemplateElements::tags;
     static std::span<const RecordField<CTag>> Fields() { return TagFields(); }
 };
 template <>
 struct RecordNames<CCp> {
     static constexpr std::string_view kind = "configuration property";
     static constexpr std::string_view iniPrefix = "cp";
+    static constexpr auto count = &CTemplate::numberOfCps;
+    static constexpr auto elements = &TemplateElements::cps;
     static std::span<const RecordField<CCp>> Fields() { return CpFields(); }
 };
 

@@ -64,7 +64,7 @@ std::size_t RecordsToExpect(const IniText& text, std::int32_t count) {
     return std::min(static_cast<std::size_t>(std::max(count, 0)), text.SectionCount() + 1);
 }
 
-void ReadNvs(const IniText& text, std::int32_t count, std::vector<CNv>& nvs) {
+void ReadNvs(const IniText& text, const std::string& file, std::int32_t count, std::vector<CNv>& nvs) {
     const std::int32_t read = std::min(count, kMostNvsRead);
     IniSection section;
     std::int32_t index = 0;
@@ -73,7 +73,17 @@ void ReadNvs(const IniText& text, std::int32_t count, std::vector<CNv>& nvs) {
         CNv& nv = nvs.emplace_back();
         nv.index = index;
         ReadRecord(text, number, section, nv);
-        index = AddChecked(index, TableEntries(nv.arraySize));
+        try {
+            index = AddChecked(index, TableEntries(nv.arraySize));
+        } catch (Error& error) {
+            error.AddContext(
+                {.record = RecordTitle(nv, nvs.size() - 1),
+                 .value = std::to_string(nv.arraySize),
+                 .file = file,
+                 .line = text.LineOf(std::string(RecordNames<CNv>::iniPrefix) + std::to_string(number),
+                                     "arraySize")});
+            throw;
+        }
     }
     if (count > read && index + EntriesBehind(text, read, count) > INT32_MAX)
         RaiseRuntimeError(RuntimeError::overflow);
@@ -117,7 +127,7 @@ void CTemplate::LoadTemplateFromIni() {
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
     try {
-        ReadNvs(*text, numberStaticNvs, nvs);
+        ReadNvs(*text, iniFile, numberStaticNvs, nvs);
     } catch (Error& error) {
         error.AddContext(
             {.record = "section [nvs]",

@@ -14,7 +14,9 @@ namespace {
 
 class XmlTemplateLoader {
   public:
-    explicit XmlTemplateLoader(CTemplate& target) : template_(target) {}
+    // `elements` gets what was seen, where it is wanted.
+    explicit XmlTemplateLoader(CTemplate& target, TemplateElements* elements = nullptr)
+        : template_(target), elements_(elements) {}
 
     void LoadChildren(const XmlNode& parent) {
         for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
@@ -44,6 +46,8 @@ class XmlTemplateLoader {
     }
 
     void LoadTemplateElement(const XmlNode& element, const std::string& name) {
+        if (elements_ != nullptr)
+            elements_->own.push_back(element);
         for (const TemplateField& field : TemplateFields()) {
             if (field.xmlName.empty() || field.xmlName != name)
                 continue;
@@ -77,6 +81,8 @@ class XmlTemplateLoader {
         Record& record = records.emplace_back();
         record.name = element.Name();
         record.line = element.Line();
+        if (elements_ != nullptr)
+            (elements_->*RecordNames<Record>::elements).push_back(element);
         count = AddChecked(count, 1);
         SetIndex(record);
         inRecord_ = true;
@@ -139,6 +145,7 @@ class XmlTemplateLoader {
     void CountEntries(const CCp& /*cp*/) const {}
 
     CTemplate& template_;
+    TemplateElements* elements_;
     CTools tools_;
     List list_ = List::none;
     bool inRecord_ = false;
@@ -148,7 +155,19 @@ class XmlTemplateLoader {
 
 }  // namespace
 
+TemplateElements ElementsOfTemplate(const XmlNode& node) {
+    CTemplate scratch;
+    TemplateElements elements;
+    try {
+        XmlTemplateLoader(scratch, &elements).LoadChildren(node);
+    } catch (const Error&) {
+        // What ended the load itself ends this one at the same place.
+    }
+    return elements;
+}
+
 void CTemplate::LoadTemplateFromXmlNode(const XmlNode& node) {
+    loadedNode_ = node;
     maximumNumberOfNvs = -1;
     XmlTemplateLoader(*this).LoadChildren(node);
     if (maximumNumberOfNvs < 0)

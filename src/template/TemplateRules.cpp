@@ -1,14 +1,16 @@
 // The checks of a template, in their order. Some complete the template on their way, so most are plain code.
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "base/Nearest.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "control/StandardCatalog.h"
 #include "support/CTools.h"
-#include "support/cIni.h"
 #include "template/CTemplate.h"
-#include "template/TemplateFields.h"
+#include "template/TemplatePlaces.h"
 
 namespace tovarek {
 namespace {
@@ -55,83 +57,52 @@ constexpr RangeRule<CTag> kTagRules[] = {
     {&CTag::bindable, 0, 1, eQVXIFerr_tagbindable},
 };
 
-std::string AcceptedRange(std::int32_t low, std::int32_t high) {
-    std::string text = "accepted: " + std::to_string(low);
-    return text + (high == kNoLimit ? " and above" : " to " + std::to_string(high));
+Expected Range(std::int32_t low, std::int32_t high, std::string_view unit = {}) {
+    std::string text = std::to_string(low);
+    text += high == kNoLimit ? " and above" : " to " + std::to_string(high);
+    return {.values = text.append(unit)};
 }
 
-// Builds the contexts of errors in one template.
-class Places {
-  public:
-    explicit Places(const CTemplate& source) : source_(source), fromIni_(!source.iniFile.empty()) {}
+// The first character of `text` that is not a hexadecimal digit; empty when all are.
+std::string FirstNoDigit(std::string_view text) {
+    for (std::size_t position = 0; position < text.size();) {
+        const std::size_t start = position;
+        NextCharacter(text, position);
+        if (!IsHexDigit(text[start]))
+            return "'" + std::string(text.substr(start, position - start)) + "', character " +
+                   std::to_string(CharacterCount(text.substr(0, start)) + 1) + ", is not a hexadecimal digit";
+    }
+    return {};
+}
 
-    // Of a field of a record.
-    template <class Record, class Value>
-    ErrorContext Of(const Record& record, std::size_t position, Value Record::*member,
-                    std::string reason) const {
-        ErrorContext context = OfRecord(record, position);
-        for (const RecordField<Record>& field : RecordNames<Record>::Fields())
-            if (IsField(field, member))
-                context.field = fromIni_ ? field.iniKey : field.xmlName;
-        context.value = Text(record.*member);
-        context.reason = std::move(reason);
-        if (fromIni_)
-            context.line = IniLine(std::string(RecordNames<Record>::iniPrefix) + std::to_string(position + 1),
-                                   context.field);
-        return context;
-    }
+std::string ProgramIdFault(std::string_view programId) {
+    std::string fault = "a program ID has " + std::to_string(kProgramIdDigits) + " hexadecimal digits";
+    if (const std::size_t count = CharacterCount(programId); count != kProgramIdDigits && count > 0)
+        fault += ", this has " + std::to_string(count) + " characters";
+    return JoinSentences(fault, FirstNoDigit(programId));
+}
 
-    template <class Record>
-    ErrorContext OfRecord(const Record& record, std::size_t position) const {
-        return {.record = RecordTitle(record, position), .file = File(), .line = record.line};
-    }
+bool IsWord(std::string_view typed) {
+    return !typed.empty() && std::none_of(typed.begin(), typed.end(), [](char c) { return c == ' '; }) &&
+           !IsDigit(typed.front()) && typed.front() != '-' && typed.front() != '+';
+}
 
-    // Of a field of the template itself.
-    template <class Value>
-    ErrorContext Of(Value CTemplate::*member, std::string reason) const {
-        ErrorContext context{.record = "template", .file = File(), .reason = std::move(reason)};
-        for (const TemplateField& field : TemplateFields()) {
-            if (!IsField(field, member))
-                continue;
-            context.field = fromIni_ ? field.iniKey : field.xmlName;
-            if (fromIni_)
-                context.line = IniLine(field.iniSection, field.iniKey);
-        }
-        context.value = Text(source_.*member);
-        return context;
-    }
-
-  private:
-    template <class Field, class Record>
-    static bool IsField(const Field& field, std::int32_t Record::*member) {
-        return field.number == member;
-    }
-    template <class Field, class Record>
-    static bool IsField(const Field& field, std::string Record::*member) {
-        return field.text == member;
-    }
-    static std::string Text(std::int32_t value) { return std::to_string(value); }
-    static std::string Text(const std::string& value) { return Excerpt(value); }
-
-    std::string File() const {
-        if (fromIni_)
-            return source_.iniFile;
-        return source_.xmlNode ? source_.xmlNode.File() : source_.xmlFile;
-    }
-    int IniLine(std::string_view section, std::string_view key) const {
-        cIni ini;
-        ini.iniFile(source_.iniFile);
-        return ini.Text()->LineOf(section, key);
-    }
-
-    const CTemplate& source_;
-    bool fromIni_;
-};
+// For a type that is given by its name.
+std::string NumberOfType(CCatalog& catalog, std::string_view name) {
+    const StandardCatalog* standard = catalog.types.Catalog();
+    if (standard == nullptr)
+        return {};
+    std::vector<std::string> names;
+    for (const CatalogEntry& entry : standard->NvTypes())
+        names.push_back(entry.name);
+    const std::string nearest = Nearest(name, names);
+    return nearest.empty() ? nearest : nearest + " has " + std::to_string(standard->NvIndex(nearest));
+}
 
 // The place in a declaration that a fault of AnalyseCP's numbers is shown at: the declaration itself.
 ErrorContext DeclarationPlace(const CTemplate& source, const CCp& cp, std::size_t position,
                               std::string reason) {
-    return Places(source).Of(cp, position, &CCp::declaration, std::move(reason));
+    return TemplatePlaces(source).Of(cp, position, &CCp::declaration, {.sentence = std::move(reason)});
 }
 
 }  // namespace
@@ -146,40 +117,40 @@ void CTemplate::VerifyData(FindingSink& findings) {
     for (std::size_t i = 0; i < nvs.size(); ++i)
         VerifyNv(nvs[i], i, findings);
 
-    const Places places(*this);
+    const TemplatePlaces places(*this);
     if (numberOfMessageTags < 0 || numberOfMessageTags > kMostTags)
         findings.Take({eQVXIFerr_numberOfMessageTags,
-                       places.Of(&CTemplate::numberOfMessageTags, AcceptedRange(0, kMostTags) + " tags")});
+                       places.Of(&CTemplate::numberOfMessageTags, Range(0, kMostTags, " tags"))});
     for (std::size_t i = 0; i < tags.size(); ++i)
         VerifyTag(tags[i], i, findings);
 
     if (numberOfCps < 0)
-        findings.Take(
-            {eQVXIFerr_numberOfCps, places.Of(&CTemplate::numberOfCps, AcceptedRange(0, kNoLimit))});
+        findings.Take({eQVXIFerr_numberOfCps, places.Of(&CTemplate::numberOfCps, Range(0, kNoLimit))});
     if (versionCP.empty() && numberOfCps > 0)
         findings.Take(
             {eQVXIFerr_versioncp, places.Of(&CTemplate::versionCP,
-                                            "a template with configuration properties names the version of "
-                                            "their file, e.g. 1.0")});
+                                            {.sentence = "a template with configuration properties names the "
+                                                         "version of their file, e.g. 1.0"})});
     std::int64_t zeros = 0;
     for (std::size_t i = 0; i < cps.size(); ++i)
         VerifyCp(cps[i], i, zeros, findings);
 }
 
 void CTemplate::VerifyTemplate(FindingSink& findings) {
-    programID = UpperCase(TrimBlanks(programID));
-    const Places places(*this);
+    const std::string typed(TrimBlanks(programID));
+    programID = UpperCase(typed);
+    const TemplatePlaces places(*this);
     if (CharacterCount(programID) != kProgramIdDigits || CTools().ValidateHexaString(programID))
-        findings.Take({eQVXIFerr_programid,
-                       places.Of(&CTemplate::programID, "a program ID has 16 hexadecimal digits")});
+        findings.Take(
+            {eQVXIFerr_programid, places.Of(&CTemplate::programID, {.sentence = ProgramIdFault(typed)})});
     if (numberStaticNvs < 0 || numberStaticNvs > kMostNvs) {
         findings.Take(
-            {eQVXIFerr_numberStaticNvs, places.Of(&CTemplate::numberStaticNvs, AcceptedRange(0, kMostNvs))});
+            {eQVXIFerr_numberStaticNvs, places.Of(&CTemplate::numberStaticNvs, Range(0, kMostNvs))});
         return;  // the maximum is judged by this number
     }
     const auto badMaximum = [&](std::string reason) {
-        findings.Take(
-            {eQVXIFerr_maximumNumberOfNvs, places.Of(&CTemplate::maximumNumberOfNvs, std::move(reason))});
+        findings.Take({eQVXIFerr_maximumNumberOfNvs,
+                       places.Of(&CTemplate::maximumNumberOfNvs, {.sentence = std::move(reason)})});
     };
     // Deliberate: the sum of both numbers is limited, not the maximum alone, so no template has more than
     // 2048 static network variables.
@@ -191,19 +162,20 @@ void CTemplate::VerifyTemplate(FindingSink& findings) {
 }
 
 ErrorContext CTemplate::PlaceOf(std::size_t position, std::string CCp::*member) const {
-    const ErrorContext place = Places(*this).Of(cps[position], position, member, {});
+    const ErrorContext place = TemplatePlaces(*this).Of(cps[position], position, member, {});
     return {.field = place.field, .file = place.file, .line = place.line};
 }
 
 void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
-    const auto fail = [&](eErrors error, auto CNv::*member, std::string reason) {
-        findings.Take({error, Places(*this).Of(nv, position, member, std::move(reason))});
+    const TemplatePlaces places(*this);
+    const auto fail = [&](eErrors error, auto CNv::*member, const Expected& expected) {
+        findings.Take({error, places.Of(nv, position, member, expected)});
     };
     if (nv.name.empty())
-        fail(eQVXIFerr_nvname, &CNv::name, "every network variable has a name");
+        fail(eQVXIFerr_nvname, &CNv::name, {.sentence = "every network variable has a name"});
     for (const RangeRule<CNv>& rule : kNvRules)
         if (nv.*rule.field < rule.low || nv.*rule.field > rule.high)
-            fail(rule.error, rule.field, AcceptedRange(rule.low, rule.high));
+            fail(rule.error, rule.field, Range(rule.low, rule.high));
 
     if (nv.typeIndex > kLargestStandardType) {
         nv.unvtType = nv.typeIndex;
@@ -211,33 +183,40 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
     }
     if (nv.typeIndex < 0) {
         fail(eQVXIFerr_nvtype, &CNv::typeIndex,
-             "accepted: 1 to 255 for a standard type, 0 or a number above 255 for one of the user's");
+             {.values = "1 to 255 for a standard type, 0 or a number above 255 for one of the user's"});
         return;  // the type decides what length is right
     }
     if (nv.typeIndex > 0) {
         catalog->types.ClearTypeSelection();
         catalog->types.SelectedTypeIndex(nv.typeIndex);
         if (catalog->types.ResultCode() != 0) {
-            fail(eQVXIFerr_unknowntype, &CNv::typeIndex, catalog->types.ResultReason());
+            fail(eQVXIFerr_unknowntype, &CNv::typeIndex, {.sentence = catalog->types.ResultReason()});
             return;
         }
         nv.length = catalog->types.SelectedTypeSize();
     }
-    if (nv.length < 1 || nv.length > kLongestNv)
-        fail(eQVXIFerr_nvlength, &CNv::length,
-             AcceptedRange(1, kLongestNv) +
-                 (nv.typeIndex > 0 ? " bytes; this is the length of the standard type" : " bytes"));
+    if (nv.length >= 1 && nv.length <= kLongestNv)
+        return;
+    if (nv.typeIndex > 0)
+        fail(eQVXIFerr_nvlength, &CNv::typeIndex,
+             {.sentence = "this standard type has " + std::to_string(nv.length) +
+                          " bytes, a network variable has 1 to " + std::to_string(kLongestNv)});
+    else if (const std::string typed = places.Typed(position, &CNv::typeIndex); IsWord(typed))
+        fail(eQVXIFerr_nvlength, &CNv::typeIndex,
+             {.values = "the number of a type", .sentence = NumberOfType(*catalog, typed)});
+    else
+        fail(eQVXIFerr_nvlength, &CNv::length, Range(1, kLongestNv, " bytes"));
 }
 
 void CTemplate::VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings) {
-    const auto fail = [&](eErrors error, auto CTag::*member, std::string reason) {
-        findings.Take({error, Places(*this).Of(tag, position, member, std::move(reason))});
+    const auto fail = [&](eErrors error, auto CTag::*member, const Expected& expected) {
+        findings.Take({error, TemplatePlaces(*this).Of(tag, position, member, expected)});
     };
     if (tag.name.empty())
-        fail(eQVXIFerr_tagname, &CTag::name, "every message tag has a name");
+        fail(eQVXIFerr_tagname, &CTag::name, {.sentence = "every message tag has a name"});
     for (const RangeRule<CTag>& rule : kTagRules)
         if (tag.*rule.field < rule.low || tag.*rule.field > rule.high)
-            fail(rule.error, rule.field, AcceptedRange(rule.low, rule.high));
+            fail(rule.error, rule.field, Range(rule.low, rule.high));
 }
 
 std::optional<std::int32_t> CTemplate::VerifyDeclaration(CCp& cp, std::size_t position,
@@ -295,16 +274,18 @@ void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, Fin
         {&CCp::maxValue, eQVXIFerr_cpmaxvalue},
     };
     const auto fail = [&](eErrors error, std::string CCp::*member, std::string reason) {
-        findings.Take({error, Places(*this).Of(cp, position, member, std::move(reason))});
+        findings.Take(
+            {error, TemplatePlaces(*this).Of(cp, position, member, {.sentence = std::move(reason)})});
     };
     for (const auto& [value, error] : kValues)
         if (CharacterCount(cp.*value) != characters)
             fail(error, value,
-                 "has " + std::to_string(CharacterCount(cp.*value)) +
-                     " characters, the declaration asks for " + std::to_string(characters));
+                 "this has " + std::to_string(CharacterCount(cp.*value)) +
+                     " hexadecimal digits, the declaration asks for " + std::to_string(characters / 2) +
+                     " bytes, which are " + std::to_string(characters) + " digits, two a byte");
     for (const auto& [value, error] : kValues)
         if (CTools().ValidateHexaString(cp.*value))
-            fail(error, value, "holds a character that is no hexadecimal digit");
+            fail(error, value, FirstNoDigit(cp.*value));
 }
 
 }  // namespace tovarek

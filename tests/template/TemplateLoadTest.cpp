@@ -92,9 +92,13 @@ TEST(TemplateIni, HugeCountsAnswerAtOnce) {
                   }),
                   error)
             << number << ' ' << arraySize;
-    EXPECT_EQ(
-        RaisedNumber([&] { FromIni(scratch, "[nvs]\nnumberOfStaticNvs=2\n[nv1]\narraySize=2147483647\n"); }),
-        6);
+    const auto error = Raised([&] {
+        FromIni(scratch, "[nvs]\nnumberOfStaticNvs=2\n[nv1]\nname=a\n[nv2]\nname=b\narraySize=2147483647\n");
+    });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 6);
+    EXPECT_EQ(error->Context().record, "network variable 2 (b)");
+    EXPECT_EQ(error->Context().line, 7);
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=4096\n").nvs.size(), 4096U);
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=-5\n").nvs.size(), 0U);
 }

@@ -206,22 +206,73 @@ TEST_F(TemplateRules, EveryFaultIsFoundAndTheFirstIsRaised) {
                                                  .field);
 }
 
-TEST_F(TemplateRules, FaultsNameRecordFieldAndLine) {
+TEST_F(TemplateRules, FaultsSayWhatWasTypedAndWhatToDo) {
     const Scratch scratch;
-    CTemplate loaded;
-    loaded.errorHandler = &kHandler;
-    loaded.catalog = &catalog_;
-    loaded.iniFile = scratch.File("t.ini",
-                                  "[general]\nprogramID=9000010A0B040100\n[nvs]\nnumberOfStaticNvs=1\n"
-                                  "maximumNumberOfNvs=1\n[nv1]\nname=nviA\ntype=8\nDirection=5\n");
-    loaded.Load();
-    const auto error = Raised([&] { loaded.VerifyData(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Context().record, "network variable 1 (nviA)");
-    EXPECT_EQ(error->Context().field, "direction");
-    EXPECT_EQ(error->Context().value, "5");
-    EXPECT_EQ(error->Context().line, 9);
-    EXPECT_EQ(error->Context().file, loaded.iniFile);
+    const std::string ini = "[general]\nprogramID=9000010A0B040100\n";
+    const std::string nvs = ini + "[nvs]\nnumberOfStaticNvs=1\nmaximumNumberOfNvs=1\n";
+    const std::string cps = ini + "[cps]\rversion=1.0\rnumberOfCp=1\r[cp1]\rdeclaration=0,1,2,45,2\r";
+    const std::string xml = "<D>\n<PROGRAMID>9000010A0B040100</PROGRAMID>\n";
+    const std::string nv = "network variable 1 (a)";
+    const std::string cp = "configuration property 1";
+    const struct {
+        std::string text;  // XML when it begins with "<"
+        std::string record;
+        const char* field;
+        std::string value;
+        int line;
+        const char* reason;
+    } rows[] = {
+        {"[general]\nprogramID= 90:x \n", "template", "programID", "90:x", 2,
+         "this has 4 characters; ':', character 3, is not"},
+        {"[general]\nprogramID=900001XA0B040100\n", "template", "programID", "900001XA0B040100", 2,
+         "'X', character 7, is not a hexadecimal digit"},
+        {"[general]\nprogrammID=9\n", "template", "programID", "", 2, "did you mean 'programmID' in line 2?"},
+        {"[genral]\nprogramID=9\n", "template", "", "", 1, "no section [general]; did you mean [genral]"},
+        {nvs + "[nv 1]\n", "network variable 1", "", "", 6,
+         "did you mean [nv 1] in line 6? line 4 asks for 1 sections [nv1], [nv2], ..., the file has 0"},
+        {nvs + "[nv2]\n[nv01]\n[cp1]\n", "network variable 1", "", "", 7, "the file has 1"},
+        {nvs + "[nv2]\n[cp1]\n", "network variable 1", "", "", 4, "the file has no section [nv1]; line 4"},
+        {nvs + "[nv1]\nname=a\ntype=8\nDirection=5 out\n", nv, "direction", "5 out", 9,
+         "this reads as 5; accepted: 0 to 1"},
+        {nvs + "[nv1]\nname=a\ndirection=1\n", nv, "type", "", 6, "has no key 'type'; it takes 1 to 255"},
+        {nvs + "[nv1]\nname=a\ndirection=1\ntype=snvt_temp_p\n", nv, "type", "snvt_temp_p", 9,
+         "SNVT_temp_p has 105"},
+        {nvs + "[nv1]\nname=a\ndirection=1\ntype=0\n", nv, "length", "", 6, "it takes 1 to 31 bytes"},
+        {cps + "value=0AB\r", cp, "value", "0AB", 8,
+         "3 hexadecimal digits, the declaration asks for 2 bytes"},
+        {cps + "value=" + std::string(1000, 'A'), cp, "value", std::string(80, 'A') + "...", 8,
+         "only the first 999 characters"},
+        {cps + "value=0ABC\rmaxRawVal=0AB\xC4", cp, "maxRawVal", "0AB\xC3\x84", 9,
+         "'\xC3\x84', character 4, is not a hexadecimal digit"},
+        {"<D>\n<NVS/><PROGRAMMID/></D>", "template", "PROGRAMID", "", 2,
+         "did you mean <PROGRAMMID> in line 2?"},
+        {xml + "<MAXIMUMNUMBEROFNVS>\n0</MAXIMUMNUMBEROFNVS><NVS><a/></NVS></D>", "template",
+         "MAXIMUMNUMBEROFNVS", "\n0", 3, "less than the 1 static ones"},
+        {xml + "<NVS><a>\n<w><length>\n40</length></w></a></NVS></D>", nv, "LENGTH", "\n40", 4,
+         "accepted: 1 to 31 bytes"},
+        {xml + "<NVS><a>\n<LENGHT>2</LENGHT></a></NVS></D>", nv, "LENGTH", "", 4,
+         "<a> has no element <LENGTH>; did you mean <LENGHT> in line 4? it takes 1 to 31"},
+        {xml + "<FILETYPEIIVERSION>1</FILETYPEIIVERSION>\n<CPS><a>\n</a></CPS></D>", cp + " (a)", "SISD", "",
+         4, "every configuration property has a declaration"},
+    };
+    for (const auto& row : rows) {
+        CTemplate loaded;
+        loaded.errorHandler = &kHandler;
+        loaded.catalog = &catalog_;
+        loaded.xmlNodeName = "D";
+        const std::string path = scratch.File("t", row.text);
+        (row.text.starts_with("<") ? loaded.xmlFile : loaded.iniFile) = path;
+        loaded.Load();
+        const auto error = Raised([&] { loaded.VerifyData(); });
+        ASSERT_TRUE(error) << row.text;
+        const ErrorContext& context = error->Context();
+        EXPECT_EQ(context.record, row.record) << row.text;
+        EXPECT_EQ(context.field, row.field) << row.text;
+        EXPECT_EQ(context.value, row.value) << row.text;
+        EXPECT_EQ(context.line, row.line) << row.text;
+        EXPECT_EQ(context.file, path);
+        EXPECT_NE(context.reason.find(row.reason), std::string::npos) << row.text << context.reason;
+    }
 }
 
 }  // namespace

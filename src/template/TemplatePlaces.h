@@ -1,0 +1,94 @@
+// Where the values of a template stand in its file, for messages.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/InputPlace.h"
+#include "template/TemplateFields.h"
+
+namespace tovarek {
+
+// Builds the contexts of faults in one template. The file is read again for each of them.
+class TemplatePlaces {
+  public:
+    explicit TemplatePlaces(const CTemplate& source) : source_(source), fromIni_(!source.iniFile.empty()) {}
+
+    // Of a field of the record at `position`, from 0.
+    template <class Record, class Value>
+    ErrorContext Of(const Record& record, std::size_t position, Value Record::*member,
+                    const Expected& expected) const {
+        const RecordField<Record>& field = FieldOf(RecordNames<Record>::Fields(), member);
+        return ContextOf(PlaceOf<Record>(position, field, Text(record.*member)),
+                         RecordTitle(record, position), NameOf(field), ReadAs(record.*member), expected);
+    }
+
+    // Of a field of the template itself.
+    template <class Value>
+    ErrorContext Of(Value CTemplate::*member, const Expected& expected) const {
+        const TemplateField& field = FieldOf(TemplateFields(), member);
+        return ContextOf(PlaceOf(field, Text(source_.*member)), "template", NameOf(field),
+                         ReadAs(source_.*member), expected);
+    }
+
+    // The field's value as the file has it; empty when it has none.
+    template <class Record, class Value>
+    std::string Typed(std::size_t position, Value Record::*member) const {
+        return PlaceOf<Record>(position, FieldOf(RecordNames<Record>::Fields(), member), {}).typed;
+    }
+
+  private:
+    template <class Field, class Record>
+    static const Field& FieldOf(std::span<const Field> fields, std::int32_t Record::*member) {
+        for (const Field& field : fields)
+            if (field.number == member)
+                return field;
+        return fields.front();
+    }
+    template <class Field, class Record>
+    static const Field& FieldOf(std::span<const Field> fields, std::string Record::*member) {
+        for (const Field& field : fields)
+            if (field.text == member)
+                return field;
+        return fields.front();
+    }
+    static std::string Text(std::int32_t value) { return std::to_string(value); }
+    static const std::string& Text(const std::string& value) { return value; }
+    // Texts are taken as they stand.
+    static std::string ReadAs(std::int32_t value) { return std::to_string(value); }
+    static std::string ReadAs(const std::string& /*value*/) { return {}; }
+
+    template <class Field>
+    std::string_view NameOf(const Field& field) const {
+        return fromIni_ || field.xmlName.empty() ? field.iniKey : field.xmlName;
+    }
+
+    template <class Record>
+    InputPlace PlaceOf(std::size_t position, const RecordField<Record>& field,
+                       const std::string& value) const {
+        std::vector<std::string_view> names;
+        for (const RecordField<Record>& other : RecordNames<Record>::Fields())
+            names.push_back(fromIni_ ? other.iniKey : other.xmlName);
+        if (fromIni_)
+            return IniRecordPlace(RecordNames<Record>::iniPrefix, position + 1, field.iniKey, names,
+                                  PlaceOf(FieldOf(TemplateFields(), RecordNames<Record>::count), {}));
+        if (!source_.LoadedNode())
+            return {.typed = value};
+        const std::vector<XmlNode> records =
+            ElementsOfTemplate(source_.LoadedNode()).*RecordNames<Record>::elements;
+        return XmlRecordPlace(position < records.size() ? records[position] : XmlNode(), field.xmlName, names,
+                              value);
+    }
+    InputPlace PlaceOf(const TemplateField& field, const std::string& value) const;
+    // `count`: the value that says how many such sections there are.
+    InputPlace IniRecordPlace(std::string_view prefix, std::size_t number, std::string_view key,
+                              const std::vector<std::string_view>& keys, const InputPlace& count) const;
+    static InputPlace XmlRecordPlace(const XmlNode& record, std::string_view name,
+                                     const std::vector<std::string_view>& names, const std::string& value);
+
+    const CTemplate& source_;
+    bool fromIni_;
+};
+
+}  // namespace tovarek
