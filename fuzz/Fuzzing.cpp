@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "formats/records/Crc16.h"
+#include "formats/records/ResourceKinds.h"
 
 namespace tovarek::fuzz {
 namespace {
@@ -77,7 +78,7 @@ std::string WithRightChecksums(std::string bytes) {
     const std::size_t dataLength = Number(bytes, kDataLength, 4);
     if (headerEnd < kSmallest || headerEnd > bytes.size())
         return bytes;
-    if (bytes.starts_with("URES"))
+    if (bytes.starts_with(RowOf(ResourceKind::language).magic))
         FixStrings(bytes, headerEnd);
     if (dataLength >= 2 && dataStart <= bytes.size() && dataLength <= bytes.size() - dataStart)
         PutU16(bytes, dataStart, Crc16(std::string_view(bytes).substr(dataStart + 2, dataLength - 2)));

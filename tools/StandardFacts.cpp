@@ -401,17 +401,17 @@ class SetBuilder {
     // ---- headers ----
 
     void AddHeaders() {
-        SetHeader(set_.language.header, ResourceKind::language, 1);
-        SetHeader(set_.profiles.header, ResourceKind::profile, 3);
-        SetHeader(set_.types.header, ResourceKind::type, 4);
+        SetHeader(set_.language.header, ResourceKind::language);
+        SetHeader(set_.profiles.header, ResourceKind::profile);
+        SetHeader(set_.types.header, ResourceKind::type);
         set_.formats.settings = {"program_id 00:00:00:00:00:00:00:00"};
     }
 
-    void SetHeader(ResourceHeader& header, ResourceKind kind, std::uint32_t description) const {
+    void SetHeader(ResourceHeader& header, ResourceKind kind) const {
         header.title = TitleText(kind, kMajorVersion, 0);
         header.contact = ContactText(kCreator, "", "");
-        header.description = {0, description};
-        header.creator = {0, 2};
+        header.description = {0, RowOf(kind).descriptionText};
+        header.creator = {0, kCreatorText};
         header.majorVersion = kMajorVersion;
         header.saved = saved_;
     }

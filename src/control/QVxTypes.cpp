@@ -296,7 +296,7 @@ std::int32_t QVxTypes::DescribeUnsigned(const TypeElement& element, std::int32_t
 std::int32_t QVxTypes::DescribeBitField(const TypeElement& element, std::int32_t bitSize,
                                         std::int32_t bitOffset, bool isSigned, const NumberRange& range) {
     return impl_->Describe(element, TypeKind::bitField, [&](TypeDescription& type) -> Outcome {
-        if (bitSize < 1 || bitSize > 8 || bitOffset < 0 || bitOffset > 7 || bitSize + bitOffset > 8)
+        if (!IsBitWidth(bitSize) || bitOffset < 0 || bitOffset > kMostBits - bitSize)
             return Failure(resultBadParam, "a bit field has 1 to 8 bits inside one byte");
         if (element.arraySize != 0)
             return Failure(resultErrorSettingDetails, "a bit field cannot be an array");

@@ -7,31 +7,13 @@
 #include "base/Error.h"
 #include "base/Path.h"
 #include "base/Text.h"
-#include "formats/type/TypeDescriptionCodec.h"
+#include "formats/records/ResourceFile.h"
 #include "system/CodePage.h"
 
 namespace tovarek {
 namespace {
 
-constexpr std::int32_t kCreatorText = 2;
-constexpr std::size_t kMostEntries = 65535;
-constexpr std::size_t kLongestName = 255;
-constexpr std::size_t kLongestRecord = 65535;
-constexpr std::size_t kTextBlock = 255;
-constexpr std::size_t kRecordHead = 4;
-constexpr std::size_t kTypeHead = 5;  // two reserved fields and the size
-
-// The number that a creation call names a kind by; it is also that of the string that describes the file.
-std::int32_t DescriptionText(ResourceKind kind) {
-    switch (kind) {
-        case ResourceKind::language:
-            return 1;
-        case ResourceKind::profile:
-            return 3;
-        default:
-            return 4;
-    }
-}
+constexpr std::size_t kLongestHeaderText = 255;
 
 // The folder must be there already, and the path must not be a folder itself.
 bool IsUsablePath(const std::string& path) {
@@ -53,10 +35,6 @@ bool HasControlCharacter(const std::string& text) {
 bool IsName(const std::string& name) {
     const std::size_t length = ToCodePage(name).size();
     return length >= 1 && length <= kLongestName;
-}
-
-bool IsTextNumber(std::int32_t number) {
-    return number >= 0 && number <= 0xFFFFFF;
 }
 
 }  // namespace
@@ -87,7 +65,7 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         return Failure(resultFileAlreadyOpened, "\"" + file_->path + "\" is open");
     if (handle_ == 0 || request.handle != handle_)
         return Failure(resultBadParam, "the handle is not that of the current resource set");
-    if (request.reserved != -1 || request.descriptionText != DescriptionText(request.kind) ||
+    if (request.reserved != -1 || request.descriptionText != RowOf(request.kind).descriptionText ||
         request.creatorText != kCreatorText)
         return Failure(resultBadParam, "the kind of the file or the number of the creator's text is wrong");
     if (scope_ < 0)
@@ -112,7 +90,8 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         }
     }
     const std::string contact = ContactText(request.creator, request.phone, request.email);
-    if (CharacterCount(contact) > kTextBlock || CharacterCount(request.webPage) > kTextBlock) {
+    if (CharacterCount(contact) > kLongestHeaderText ||
+        CharacterCount(request.webPage) > kLongestHeaderText) {
         return Failure(resultErrorSettingHeader,
                        "creator, phone and e-mail together, or the web page, do not fit 255 characters");
     }
@@ -142,7 +121,7 @@ Outcome ResourceCreator::Create(const CreationRequest& request) {
     auto file = std::make_unique<OpenFile>();
     file->kind = request.kind;
     file->path = request.path;
-    file->header = HeaderOf(request);
+    file->header = file->language.header = file->types.header = HeaderOf(request);
     file->language.language = LanguageOfLocale(request.localeId);
     file->enumerationFile = EnumerationFile(request.path);
     builder_ = {};
@@ -182,7 +161,7 @@ Outcome ResourceCreator::CreateEnumeration(const std::string& name, std::int32_t
         return Failure(resultErrorAddingEnum,
                        "names of an enumeration and its file have 1 to 255 characters: \"" + name + '"');
     }
-    if (enumerations.size() >= kMostEntries)
+    if (enumerations.size() >= kMostRecords)
         return Failure(resultErrorAddingEnum, "the type file has 65535 enumerations already");
     enumerations.emplace_back(Enumeration{name, file_->enumerationFile, {}});
     file_->enumerationLengths.push_back(RecordLength(*enumerations.back()));
@@ -207,10 +186,10 @@ Outcome ResourceCreator::AddEnumerationValue(std::int32_t number, const std::str
     if (!IsTextNumber(descriptionText))
         return Failure(resultErrorAddingEnumValue, "a text number is 0 to 16777215");
 
-    // Seven bytes for the entry, then the name; the name's place must be told in 16 bits as well.
+    // The entry, then the name; the name's place must be told in 16 bits as well.
     const auto index = static_cast<std::size_t>(number) - 1;
     const std::size_t nameLength = ToCodePage(name).size() + 1;
-    const std::size_t length = file_->enumerationLengths[index] + 7 + nameLength;
+    const std::size_t length = file_->enumerationLengths[index] + kEnumerationEntry + nameLength;
     if (length > kLongestRecord || kRecordHead + length - nameLength > kLongestRecord) {
         return Failure(
             resultErrorAddingEnumValue,
@@ -237,7 +216,7 @@ Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t regi
         return Failure(resultNoCurrentType, "no type is started");
     if (builder_.CurrentState() != TypeBuilder::State::complete)
         return Failure(resultTypeIsNotComplete, "type \"" + builder_.Name() + "\" is not complete");
-    if (number < 1 || static_cast<std::size_t>(number) != registered + 1 || registered >= kMostEntries) {
+    if (number < 1 || static_cast<std::size_t>(number) != registered + 1 || registered >= kMostRecords) {
         return Failure(resultErrorAddingType, "types are numbered 1 to 65535 in order; the next number is " +
                                                   std::to_string(registered + 1));
     }
@@ -245,13 +224,6 @@ Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t regi
 }
 
 namespace {
-
-// The record's length but for the raw values of a CP type.
-std::size_t TypeRecordLength(const NvType& type) {
-    ByteWriter record;
-    WriteDescription(type.type, record);
-    return kTypeHead + 1 + ToCodePage(type.name).size() + 12 + record.Size();
-}
 
 // A raw value of a property type whose record is `size` bytes large. The `length` that the type was given may
 // be another: a value that nobody gave is that many zeros, and one of an array holds several elements. `code`
@@ -287,7 +259,7 @@ Outcome ResourceCreator::RegisterNv(std::int32_t number) {
     if (size > 65535)
         return Failure(resultErrorAddingType, "type \"" + type.name + "\" is larger than 65535 bytes");
     type.size = static_cast<std::uint16_t>(size);
-    if (TypeRecordLength(type) > kLongestRecord)
+    if (RecordLength(type) > kLongestRecord)
         return Failure(resultErrorAddingType, "the description of \"" + type.name + "\" exceeds 65535 bytes");
     file_->types.nvTypes.emplace_back(std::move(type));
     return {};
@@ -312,7 +284,7 @@ Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, co
     }
     static_cast<NvType&>(type) = builder_.Take();
     type.size = static_cast<std::uint16_t>(size);
-    if (TypeRecordLength(type) + 1 + 3 * static_cast<std::size_t>(size) > kLongestRecord)
+    if (RecordLength(type) + 1 + 3 * static_cast<std::size_t>(size) > kLongestRecord)
         return Failure(resultErrorAddingType, "the record of \"" + type.name + "\" exceeds 65535 bytes");
     file_->types.cpTypes.emplace_back(std::move(type));
     return {};
@@ -328,10 +300,8 @@ Outcome ResourceCreator::EndEdits() {
 Outcome ResourceCreator::Bytes(std::string& bytes) const {
     switch (file_->kind) {
         case ResourceKind::language:
-            file_->language.header = file_->header;
             return WriteLanguageFile(file_->language, bytes);
         case ResourceKind::type:
-            file_->types.header = file_->header;
             return WriteTypeFile(file_->types, bytes);
         default: {
             ProfileFile profiles;

@@ -32,7 +32,7 @@ struct CreationRequest {
     std::int32_t localeId = 0;  // language files only
     std::int32_t majorVersion = 0;
     std::int32_t minorVersion = 0;
-    std::int32_t descriptionText = 0;  // 1 language, 3 profile, 4 type file
+    std::int32_t descriptionText = 0;  // that of the kind
     std::int32_t creatorText = 0;
 };
 

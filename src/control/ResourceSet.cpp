@@ -6,7 +6,9 @@
 #include "base/Error.h"
 #include "base/Path.h"
 #include "base/Text.h"
+#include "formats/format/FormatFile.h"
 #include "formats/language/LanguageFile.h"
+#include "formats/records/ResourceKinds.h"
 #include "system/Files.h"
 
 namespace tovarek {
@@ -14,7 +16,7 @@ namespace {
 
 // Told by its content: a set may be written with an extension of the user's own.
 bool IsLanguageFile(const std::string& path) {
-    constexpr std::string_view kMagic = "URES";
+    constexpr std::string_view kMagic = RowOf(ResourceKind::language).magic;
     try {
         return FileExists(path) && ReadFile(path, kMagic.size()) == kMagic;
     } catch (const Error&) {
@@ -36,11 +38,11 @@ ResourceSetFiles FindResourceSet(const std::string& path) {
         if (name.find('.') == std::string::npos || AsciiLowerCase(StemOf(name)) != stem)
             continue;
         const std::string extension = ExtensionOf(name);
-        if (extension == "typ") {
+        if (extension == RowOf(ResourceKind::type).extension) {
             files.types = folder + name;
-        } else if (extension == "fpt") {
+        } else if (extension == RowOf(ResourceKind::profile).extension) {
             files.profiles = folder + name;
-        } else if (extension == "fmt") {
+        } else if (extension == kFormatExtension) {
             files.formats = folder + name;
         } else if (IsLanguageExtension(extension) && (files.language.empty() || extension == "enu")) {
             files.language = folder + name;

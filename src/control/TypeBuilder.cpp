@@ -1,22 +1,16 @@
 #include "control/TypeBuilder.h"
 
 #include "base/Text.h"
+#include "formats/records/ResourceFile.h"
 #include "system/CodePage.h"
 
 namespace tovarek {
 namespace {
 
-constexpr std::size_t kPrefix = 4;  // "UNVT" and "UCPT" are not stored
-constexpr std::size_t kLongestName = 255;
-constexpr std::size_t kLongestRecord = 65535;
+constexpr std::size_t kPrefix = 4;           // "UNVT" and "UCPT" are not stored
 constexpr std::size_t kMemberOverhead = 15;  // length of the name, three strings, the shortest description
 constexpr std::int32_t kLargestArray = 65535;
 constexpr std::int32_t kMostMembers = 65535;
-constexpr std::int32_t kLargestText = 0xFFFFFF;
-
-bool IsTextNumber(std::int32_t number) {
-    return number >= 0 && number <= kLargestText;
-}
 
 }  // namespace
 

@@ -26,10 +26,6 @@ std::string ProgramIdText(const ProgramId& id) {
     return text;
 }
 
-std::string VersionText(int major, int minor) {
-    return std::to_string(major) + (minor < 10 ? ".0" : ".") + std::to_string(minor);
-}
-
 InspectNode HeaderNode(const ResourceHeader& header, ResourceKind kind, const ResourceNames& names) {
     InspectNode node = InspectNode::Object("header");
     // The usual title only repeats the version.

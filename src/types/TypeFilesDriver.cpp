@@ -3,6 +3,8 @@
 #include <string_view>
 
 #include "base/Path.h"
+#include "formats/format/FormatFile.h"
+#include "formats/records/ResourceKinds.h"
 #include "support/CTools.h"
 #include "support/TextWriter.h"
 #include "system/Files.h"
@@ -12,12 +14,8 @@
 namespace tovarek {
 namespace {
 
-// Arguments of the control's creation calls that never vary.
+// An argument of the control's creation calls that never varies.
 constexpr std::int32_t kReserved = -1;
-constexpr std::int32_t kLanguageText = 1;  // the kind of the file, and the string that describes it
-constexpr std::int32_t kProfileText = 3;
-constexpr std::int32_t kTypeText = 4;
-constexpr std::int32_t kCreatorText = 2;
 
 // The control numbers the types of a kind up to this one; what lies beyond is not created.
 constexpr std::int32_t kLastIndex = 65535;
@@ -112,7 +110,7 @@ class TypeFilesDriver {
         const TypeFilesSettings& s = settings_;
         const std::int32_t created = control_.CreateLanguageFile(
             path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.localeID,
-            s.majorVersion, s.minorVersion, kLanguageText, kCreatorText);
+            s.majorVersion, s.minorVersion, RowOf(ResourceKind::language).descriptionText, kCreatorText);
         Check(created, created == resultErrorSettingLocale ? "localeID" : "");
         std::int32_t strings = 1;
         // The other files name these four by their numbers, so their order is fixed.
@@ -130,16 +128,17 @@ class TypeFilesDriver {
 
     void ProfileFile() {
         const TypeFilesSettings& s = settings_;
-        Check(control_.CreateFunctionalProfileFile(path_, kReserved, handle_, programID_, s.creator, s.phone,
-                                                   s.email, s.webPage, s.majorVersion, s.minorVersion,
-                                                   kProfileText, kCreatorText));
+        Check(control_.CreateFunctionalProfileFile(
+            path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.majorVersion,
+            s.minorVersion, RowOf(ResourceKind::profile).descriptionText, kCreatorText));
         Save();
     }
 
     void TypeFile() {
         const TypeFilesSettings& s = settings_;
         Check(control_.CreateTypeFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
-                                      s.webPage, s.majorVersion, s.minorVersion, kTypeText, kCreatorText));
+                                      s.webPage, s.majorVersion, s.minorVersion,
+                                      RowOf(ResourceKind::type).descriptionText, kCreatorText));
         CreatedEnums enums;
         for (CType* type : types_)
             OfType(*type, [&] { type->CreateEnums(catalog_, errorHandler_, enums); });
@@ -230,11 +229,11 @@ class TypeFilesDriver {
 std::string Ending(const TypeFilesSettings& settings, ResourceFileKind kind) {
     switch (kind) {
         case fileProfiles:
-            return "fpt";
+            return std::string(RowOf(ResourceKind::profile).extension);
         case fileTypes:
-            return "typ";
+            return std::string(RowOf(ResourceKind::type).extension);
         case fileFormats:
-            return "fmt";
+            return std::string(kFormatExtension);
         default:
             return settings.langExtension;
     }

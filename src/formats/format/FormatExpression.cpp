@@ -47,7 +47,7 @@ void TakeUnit(std::string_view& text, StringRef& unit) {
     if (colon == std::string_view::npos)
         return;
     const auto scope = WholeNumber<std::uint32_t>(Trim(inside.substr(0, colon)), 6);
-    const auto number = WholeNumber<std::uint32_t>(Trim(inside.substr(colon + 1)), 0xFFFFFF);
+    const auto number = WholeNumber<std::uint32_t>(Trim(inside.substr(colon + 1)), kLastString);
     if (!scope || !number)
         return;
     unit = {static_cast<std::uint8_t>(*scope), *number};

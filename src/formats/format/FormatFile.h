@@ -17,6 +17,8 @@
 
 namespace tovarek {
 
+inline constexpr std::string_view kFormatExtension = "fmt";
+
 struct FormatFile {
     std::vector<std::string>
         settings;  // "set" lines in order, without "set" and ";", e.g. "selector MANUFACTURER"

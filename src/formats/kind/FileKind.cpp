@@ -7,6 +7,7 @@
 #include "formats/catalog/CatalogFile.h"
 #include "formats/format/FormatFile.h"
 #include "formats/language/LanguageFile.h"
+#include "formats/records/ResourceKinds.h"
 
 namespace tovarek {
 namespace {
@@ -17,11 +18,16 @@ struct KindRow {
     std::string_view magic;  // what every file of the kind begins with
     std::string_view extension;
 };
+constexpr KindRow RowOfResource(FileKind kind, ResourceKind resource) {
+    const ResourceKindRow& row = RowOf(resource);
+    return {kind, row.name, row.magic, row.extension};
+}
+
 constexpr std::array<KindRow, 6> kKinds = {{
-    {FileKind::language, "language file", "URES", ""},
-    {FileKind::type, "type file", "UTYP", "typ"},
-    {FileKind::profile, "functional-profile file", "UFPT", "fpt"},
-    {FileKind::format, "format file", "", "fmt"},
+    RowOfResource(FileKind::language, ResourceKind::language),
+    RowOfResource(FileKind::type, ResourceKind::type),
+    RowOfResource(FileKind::profile, ResourceKind::profile),
+    {FileKind::format, "format file", "", kFormatExtension},
     {FileKind::catalog, "resource catalog", kCatalogMark, "cat"},
     {FileKind::xif, "XIF file", "File:", "xif"},
 }};
@@ -39,16 +45,19 @@ bool LooksCommaSeparated(std::string_view bytes) {
     return lines > 0;
 }
 
+std::string NotBegun(const KindRow& row) {
+    return std::string(row.name) + "s begin with \"" + std::string(row.magic) + "\", this file does not";
+}
+
 std::string WhyUnknown(std::string_view bytes, const std::string& extension) {
     if (bytes.empty())
         return "the file is empty";
     std::string expected = "it is no language, type, profile or format file, no catalog of ours and no XIF";
     for (const KindRow& row : kKinds)
         if (row.extension == extension && !row.magic.empty())
-            expected =
-                std::string(row.name) + "s begin with \"" + std::string(row.magic) + "\", this file does not";
+            expected = NotBegun(row);
     if (IsLanguageExtension(extension))
-        expected = "language files begin with \"URES\", this file does not";
+        expected = NotBegun(kKinds.front());
     return expected + (LooksCommaSeparated(bytes) ? "; it looks like a comma-separated list" : "");
 }
 
@@ -75,7 +84,7 @@ Outcome Recognise(std::string_view bytes, const std::string& path, FileKind& kin
     }
     const std::string extension = ExtensionOf(path);
     kind = FileKind::format;
-    if (extension == "fmt")
+    if (extension == kFormatExtension)
         return {};  // whatever is wrong with it, its reader says better
     FormatFile formats;
     if (ReadFormatFile(bytes, formats).Ok() && (!formats.settings.empty() || !formats.formats.empty()))

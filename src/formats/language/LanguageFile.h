@@ -15,7 +15,7 @@ namespace tovarek {
 // The longest text of one string, in bytes of the code page: its record's length is 16 bits and counts the
 // checksum, a zero byte and the final NUL.
 inline constexpr std::size_t kLongestString = 65531;
-inline constexpr std::size_t kMostStrings = 0xFFFFFF;
+inline constexpr std::size_t kMostStrings = kLastString;
 
 struct LanguageFile {
     ResourceHeader header;

@@ -4,17 +4,13 @@
 #include <map>
 
 #include "base/Text.h"
-#include "formats/records/ByteWriter.h"
 #include "formats/records/ResourceFile.h"
-#include "formats/type/TypeDescriptionCodec.h"
 #include "system/CodePage.h"
 
 namespace tovarek {
 namespace {
 
 constexpr std::uint8_t kFormat = 5;
-constexpr std::size_t kMostProfiles = 65535;
-constexpr std::size_t kRecordHead = 4;
 
 // Flags of a member: which of its values are stored, and for network variables direction, polling and
 // service.
@@ -23,8 +19,6 @@ constexpr unsigned kIsPolled = 0x40;
 constexpr unsigned kServiceShift = 3;
 constexpr unsigned kServiceBits = 0x07;
 constexpr unsigned kHasInitial = 0x04;
-constexpr unsigned kHasMinimum = 0x02;
-constexpr unsigned kHasMaximum = 0x01;
 
 void ReadValues(ByteReader& member, unsigned flags, MemberValues& values) {
     if ((flags & kHasInitial) != 0)
@@ -93,14 +87,6 @@ bool ReadProfile(ByteReader record, Profile& profile) {
             return false;
     }
     return !record.Failed();
-}
-
-// Both sorted tables name the live records, each once.
-bool SameRecords(std::vector<std::uint32_t> byNumber, std::vector<std::uint32_t> sorted) {
-    std::erase(byNumber, 0U);
-    std::sort(byNumber.begin(), byNumber.end());
-    std::sort(sorted.begin(), sorted.end());
-    return byNumber == sorted;
 }
 
 unsigned ValueFlags(const MemberValues& values) {
@@ -229,7 +215,7 @@ Outcome ReadProfileFile(std::string_view bytes, ProfileFile& file) {
 }
 
 Outcome WriteProfileFile(const ProfileFile& file, std::string& bytes) {
-    if (file.profiles.size() > kMostProfiles)
+    if (file.profiles.size() > kMostRecords)
         return Failure(resultErrorAddingResource, "there are more than 65,535 profiles");
     ByteWriter records;
     std::vector<std::uint32_t> byNumber;
@@ -240,17 +226,12 @@ Outcome WriteProfileFile(const ProfileFile& file, std::string& bytes) {
             byNumber.push_back(kDeletedRecord);
             continue;
         }
-        const std::size_t start = records.Size();
-        byNumber.push_back(static_cast<std::uint32_t>(start));
-        records.U16(static_cast<std::uint32_t>(byNumber.size()));
-        records.U16(0);
-        const bool written = WriteProfile(*profile, records);
-        const std::size_t length = records.Size() - start - kRecordHead;
-        if (!written || length > 0xFFFF) {
+        byNumber.push_back(static_cast<std::uint32_t>(records.Size()));
+        const std::size_t start = BeginRecord(records, byNumber.size());
+        if (!WriteProfile(*profile, records) || !EndRecord(records, start)) {
             return Failure(resultErrorAddingResource,
                            "profile \"" + profile->name + "\" does not fit the format");
         }
-        records.PatchU16(start + 2, static_cast<std::uint32_t>(length));
         byName.emplace(ToCodePage(profile->name), byNumber.back());
         byKey.emplace(profile->key, byNumber.back());
     }

@@ -1,11 +1,8 @@
 #include "formats/records/ResourceFile.h"
 
 #include <algorithm>
-#include <array>
 
-#include "base/Numbers.h"
 #include "base/Text.h"
-#include "formats/records/ByteWriter.h"
 #include "formats/records/Crc16.h"
 #include "system/CodePage.h"
 
@@ -17,28 +14,6 @@ constexpr std::size_t kHeaderStart = 3 * kTextBlock;
 constexpr std::size_t kChecksum = 0x318;    // the header's, left out of its own sum
 constexpr std::size_t kKindFields = 0x32B;  // where the kinds begin to differ
 constexpr std::size_t kTableReserve = 44;   // editors leave room for eleven entries of every table
-
-std::string_view Magic(ResourceKind kind) {
-    switch (kind) {
-        case ResourceKind::language:
-            return "URES";
-        case ResourceKind::type:
-            return "UTYP";
-        default:
-            return "UFPT";
-    }
-}
-
-std::string_view KindTitle(ResourceKind kind) {
-    switch (kind) {
-        case ResourceKind::language:
-            return "Language Resource (RES) file";
-        case ResourceKind::type:
-            return "NV and CP Type and Enum (TYP) file";
-        default:
-            return "Functional Profile Template (FPT) file";
-    }
-}
 
 std::string BlockText(std::string_view bytes, std::size_t block) {
     std::string_view text = bytes.substr(block * kTextBlock, kTextBlock - 1);
@@ -52,36 +27,17 @@ std::uint16_t HeaderChecksum(std::string_view bytes, std::size_t headerEnd) {
 
 }  // namespace
 
-std::string TitleText(ResourceKind kind, int majorVersion, int minorVersion) {
-    std::string text(Magic(kind));
-    text += "\r\n";
-    text += KindTitle(kind);
-    text += ", Data version ";
-    AppendInteger(text, majorVersion);
-    text += minorVersion < 10 ? ".0" : ".";
-    AppendInteger(text, minorVersion);
-    text += ".\r\nThis file is a binary (non-ASCII) file - DO NOT EDIT!\r\n\x1A";
-    return text;
-}
-
-std::string ContactText(const std::string& creator, const std::string& phone, const std::string& email) {
-    std::string text = "This file was created & is maintained by " + creator + ".\n";
-    if (!phone.empty() || !email.empty())
-        text += "Contact us at " + phone + ",\nor at " + email + " on the internet.\n";
-    return text;
-}
-
 Outcome ResourceFileView::Open(std::string_view bytes, ResourceKind kind, ResourceFileView& view) {
     view.bytes_ = bytes;
     view.kind_ = kind;
     if (bytes.size() < kKindFields)
         return Failure(resultErrorOpenFile, "the file is too short for a resource file");
-    constexpr std::array kKinds = {ResourceKind::language, ResourceKind::type, ResourceKind::profile};
-    const auto* found = std::find_if(kKinds.begin(), kKinds.end(),
-                                     [bytes](ResourceKind each) { return bytes.starts_with(Magic(each)); });
-    if (found == kKinds.end())
+    const auto* found =
+        std::find_if(kResourceKinds.begin(), kResourceKinds.end(),
+                     [bytes](const ResourceKindRow& row) { return bytes.starts_with(row.magic); });
+    if (found == kResourceKinds.end())
         return Failure(resultErrorOpenFile, "the file does not begin as a resource file does");
-    if (*found != kind)
+    if (found->kind != kind)
         return Failure(resultInvalidForCurrentFile, "the file is a resource file of another kind");
     const Outcome fields = view.ReadFields();
     return fields.Ok() ? view.CheckSections() : fields;
@@ -166,6 +122,34 @@ ByteReader ResourceFileView::Record(std::uint32_t offset, std::size_t numberSize
     const std::uint32_t found = numberSize == 3 ? record.U24() : record.U16();
     const std::string_view body = record.Bytes(record.U16());
     return record.Failed() || found != number ? nothing : ByteReader(body);
+}
+
+std::size_t BeginRecord(ByteWriter& records, std::size_t number) {
+    const std::size_t start = records.Size();
+    records.U16(static_cast<std::uint32_t>(number));
+    records.U16(0);
+    return start;
+}
+
+bool EndRecord(ByteWriter& records, std::size_t start) {
+    const std::size_t length = records.Size() - start - kRecordHead;
+    records.PatchU16(start + 2, static_cast<std::uint32_t>(length));
+    return length <= kLongestRecord;
+}
+
+bool WriteName(const std::string& name, ByteWriter& record) {
+    const std::string bytes = ToCodePage(name);
+    if (bytes.size() > kLongestName)
+        return false;
+    record.Name(bytes);
+    return true;
+}
+
+bool SameRecords(std::vector<std::uint32_t> byNumber, std::vector<std::uint32_t> sorted) {
+    std::erase(byNumber, 0U);
+    std::sort(byNumber.begin(), byNumber.end());
+    std::sort(sorted.begin(), sorted.end());
+    return byNumber == sorted;
 }
 
 HeaderMarks ReadMarks(ByteReader& fields) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "formats/records/ByteReader.h"
+#include "formats/records/ByteWriter.h"
 #include "formats/records/Outcome.h"
 #include "formats/records/ResourceModel.h"
 
@@ -54,6 +55,29 @@ class ResourceFileView {
     std::size_t dataStart_ = 0;
     std::size_t dataEnd_ = 0;
 };
+
+// ---- records: number and length, two bytes each, then the content; strings have a number of three bytes
+// ----
+
+inline constexpr std::size_t kMostRecords = 0xFFFF;  // of one table
+inline constexpr std::size_t kRecordHead = 4;        // positions inside a record count from the number
+inline constexpr std::size_t kLongestRecord = 0xFFFF;
+inline constexpr std::size_t kLongestName = 0xFF;  // in bytes of the code page; a length byte stands in front
+
+// Which limits of a value are stored.
+inline constexpr unsigned kHasMaximum = 0x01;
+inline constexpr unsigned kHasMinimum = 0x02;
+
+// Begins a record; its length is patched when it ends. Answers where it stands.
+std::size_t BeginRecord(ByteWriter& records, std::size_t number);
+// False when the record is longer than kLongestRecord.
+bool EndRecord(ByteWriter& records, std::size_t start);
+
+// A name in the code page; false when it is longer than kLongestName.
+bool WriteName(const std::string& name, ByteWriter& record);
+
+// True when a sorted table names the records of the table by number (0: deleted), each once.
+bool SameRecords(std::vector<std::uint32_t> byNumber, std::vector<std::uint32_t> sorted);
 
 // Takes the two tables of seven numbers.
 HeaderMarks ReadMarks(ByteReader& fields);

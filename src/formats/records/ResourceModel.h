@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+#include "formats/records/ResourceKinds.h"
 #include "system/Clock.h"
 
 namespace tovarek {
@@ -17,6 +18,12 @@ struct StringRef {
     std::uint32_t number = 0;
     bool operator==(const StringRef&) const = default;
 };
+inline constexpr std::uint32_t kLastString = 0xFFFFFF;
+
+// True for the number of a string, and for 0.
+constexpr bool IsTextNumber(std::int32_t number) {
+    return number >= 0 && number <= std::int32_t{kLastString};
+}
 
 // A network-variable type, configuration-property type or enumeration set; the field that holds it tells
 // which. Scope 0 is the standard set.
@@ -27,8 +34,6 @@ struct TypeRef {
 };
 
 using ProgramId = std::array<std::uint8_t, 8>;
-
-enum class ResourceKind { language, type, profile };
 
 // The header fields that all kinds of files carry.
 struct ResourceHeader {
@@ -52,11 +57,5 @@ struct ResourceHeader {
 // not known, they are kept as they are.
 using HeaderMarks = std::array<std::uint16_t, 14>;
 inline constexpr HeaderMarks kUsualMarks = {0, 1, 2, 3, 4, 5, 6, 0, 1, 2, 3, 4, 5, 6};
-
-// The first text block as every writer fills it: magic, title with the data version, the warning, end mark.
-std::string TitleText(ResourceKind kind, int majorVersion, int minorVersion);
-
-// The second text block. Without phone and e-mail only the first line is written.
-std::string ContactText(const std::string& creator, const std::string& phone, const std::string& email);
 
 }  // namespace tovarek

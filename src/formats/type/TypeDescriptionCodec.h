@@ -15,7 +15,4 @@ TypeDescription ReadDescription(ByteReader& record);
 // 255 bytes, too many members, a limit outside its kind, an impossible bit field, or too deep a nesting.
 bool WriteDescription(const TypeDescription& type, ByteWriter& record);
 
-// Name in the code page; false when it has more than 255 bytes.
-bool WriteName(const std::string& name, ByteWriter& record);
-
 }  // namespace tovarek

@@ -79,7 +79,7 @@ class DescriptionReader {
         type.bitSigned = (place & 0x80U) != 0;
         type.bitOffset = static_cast<std::uint8_t>((place >> 4U) & 7U);
         type.bitWidth = static_cast<std::uint8_t>(place & 0x0FU);
-        if (type.bitWidth < 1 || type.bitWidth > 8)
+        if (!IsBitWidth(type.bitWidth))
             record_.Fail();
     }
 

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "base/Text.h"
+#include "formats/records/ResourceFile.h"
 #include "formats/type/TypeDescriptionCodec.h"
 #include "formats/type/TypeRange.h"
 #include "system/CodePage.h"
@@ -61,7 +62,7 @@ class DescriptionWriter {
     bool Place(const TypeDescription& type) {
         record_.U8((type.bitSigned ? 0x80U : 0U) | static_cast<unsigned>(type.bitOffset << 4U) |
                    type.bitWidth);
-        return type.bitOffset <= 7 && type.bitWidth >= 1 && type.bitWidth <= 8;
+        return IsBitWidth(type.bitWidth) && type.bitOffset < kMostBits;
     }
 
     void Raw(const TypeDescription& type, std::int64_t value) {
@@ -135,14 +136,6 @@ class DescriptionWriter {
 
 bool WriteDescription(const TypeDescription& type, ByteWriter& record) {
     return DescriptionWriter(record).Description(type);
-}
-
-bool WriteName(const std::string& name, ByteWriter& record) {
-    const std::string bytes = ToCodePage(name);
-    if (bytes.size() > 255)
-        return false;
-    record.Name(bytes);
-    return true;
 }
 
 }  // namespace tovarek

@@ -34,6 +34,12 @@ enum class TypeKind : std::uint8_t {
 
 struct TypeMember;
 
+// A bit field lies inside one byte.
+inline constexpr int kMostBits = 8;
+constexpr bool IsBitWidth(int width) {
+    return width >= 1 && width <= kMostBits;
+}
+
 // What a type is. Which of the members below count depends on the kind; the others keep their defaults.
 struct TypeDescription {
     TypeKind kind = TypeKind::unsignedShort;
@@ -145,6 +151,9 @@ struct TypeFile {
     std::vector<std::optional<Enumeration>> enumerations;
 };
 
+inline constexpr std::uint8_t kTypeFormat = 6;       // the format version of today
+inline constexpr std::size_t kEnumerationEntry = 7;  // bytes of a value in its set's record, but for its name
+
 // Reads a whole type file, format 6 or 3. Codes: 5 cut or no resource file, 12 another kind of file, 7
 // unknown format version, 6 inconsistent header or tables, 10 wrong checksum, 20 damaged type, 14 damaged
 // enumeration.
@@ -154,8 +163,9 @@ Outcome ReadTypeFile(std::string_view bytes, TypeFile& file);
 // that does not fit the format; both also for more than 65535 of them.
 Outcome WriteTypeFile(const TypeFile& file, std::string& bytes);
 
-// Bytes of an enumeration set's record, and of a type's, as the writer will make them; 65540 and more do not
-// fit.
+// Bytes of a record behind its head as the writer will make it, for a CP type without its raw values; more
+// than kLongestRecord do not fit.
+std::size_t RecordLength(const NvType& type);
 std::size_t RecordLength(const Enumeration& enumeration);
 
 }  // namespace tovarek

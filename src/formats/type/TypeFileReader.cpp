@@ -10,30 +10,13 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kFormat = 6;
 constexpr std::uint8_t kOldFormat = 3;  // no deleted counts, no word before a type's size
-constexpr std::size_t kRecordHead = 4;  // number and length; positions inside a record count from the number
-
-// CP types tell which of their raw limits are stored.
-constexpr unsigned kHasMaximum = 0x01;
-constexpr unsigned kHasMinimum = 0x02;
-
 // The tables of one group: by number, then one or two sorted ones without the deleted entries.
 struct Group {
     std::uint16_t count = 0;
     std::uint16_t deleted = 0;
     std::vector<std::uint32_t> byNumber;
 };
-
-// A sorted table names the same records as the one by number, each once.
-bool SameRecords(const std::vector<std::uint32_t>& byNumber, std::vector<std::uint32_t> sorted) {
-    std::vector<std::uint32_t> live;
-    std::copy_if(byNumber.begin(), byNumber.end(), std::back_inserter(live),
-                 [](auto offset) { return offset != 0; });
-    std::sort(live.begin(), live.end());
-    std::sort(sorted.begin(), sorted.end());
-    return live == sorted;
-}
 
 bool ReadGroupTables(ByteReader& fields, Group& group, int sortedTables) {
     if (group.deleted > group.count)
@@ -61,7 +44,7 @@ Outcome TypeFileView::Open(std::string_view bytes, TypeFileView& view) {
         return opened;
     view.header_ = file.Header();
     const std::uint8_t format = view.header_.formatVersion;
-    if (format != kFormat && format != kOldFormat)
+    if (format != kTypeFormat && format != kOldFormat)
         return Failure(resultErrorSettingVersion, "type files of this format version are not known");
 
     ByteReader fields = file.KindFields();
@@ -69,7 +52,7 @@ Outcome TypeFileView::Open(std::string_view bytes, TypeFileView& view) {
     std::array<Group, 3> groups;  // NV types, CP types, enumeration sets
     for (Group& group : groups)
         group.count = fields.U16();
-    if (format == kFormat) {
+    if (format == kTypeFormat) {
         for (Group& group : groups)
             group.deleted = fields.U16();
     }

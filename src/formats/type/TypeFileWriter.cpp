@@ -11,14 +11,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kFormat = 6;
-constexpr std::size_t kMostEntries = 65535;
-constexpr std::size_t kRecordHead = 4;
-constexpr std::size_t kLongestRecord = 65535;
-constexpr std::size_t kEnumerationEntry = 7;
-constexpr unsigned kHasMaximum = 0x01;
-constexpr unsigned kHasMinimum = 0x02;
-
 // The records of one group and their places; the names order the sorted tables.
 struct GroupTables {
     std::vector<std::uint32_t> byNumber;
@@ -36,20 +28,6 @@ std::vector<std::uint32_t> Sorted(std::vector<std::pair<std::string, std::uint32
     for (const auto& name : names)
         offsets.push_back(name.second);
     return offsets;
-}
-
-// Begins a record; its length is patched when it ends.
-std::size_t BeginRecord(ByteWriter& records, std::size_t number) {
-    const std::size_t start = records.Size();
-    records.U16(static_cast<std::uint32_t>(number));
-    records.U16(0);
-    return start;
-}
-
-bool EndRecord(ByteWriter& records, std::size_t start) {
-    const std::size_t length = records.Size() - start - kRecordHead;
-    records.PatchU16(start + 2, static_cast<std::uint32_t>(length));
-    return length <= kLongestRecord;
 }
 
 bool WriteType(const NvType& type, ByteWriter& records) {
@@ -114,7 +92,7 @@ void NoteFileName(const Enumeration& enumeration, GroupTables& tables) {
 template <class Entry>
 bool WriteGroup(const std::vector<std::optional<Entry>>& entries, ByteWriter& records, GroupTables& tables,
                 std::string& faulty) {
-    if (entries.size() > kMostEntries)
+    if (entries.size() > kMostRecords)
         return false;
     tables.byNumber.reserve(entries.size());
     tables.names.reserve(entries.size());
@@ -137,6 +115,12 @@ bool WriteGroup(const std::vector<std::optional<Entry>>& entries, ByteWriter& re
 }
 
 }  // namespace
+
+std::size_t RecordLength(const NvType& type) {
+    ByteWriter record;
+    WriteType(type, record);
+    return record.Size();
+}
 
 std::size_t RecordLength(const Enumeration& enumeration) {
     std::size_t length =
@@ -172,7 +156,7 @@ Outcome WriteTypeFile(const TypeFile& file, std::string& bytes) {
     }
     parts.tables.push_back(Sorted(std::move(enumerations.fileNames)));
     parts.records = records.Take();
-    return AssembleResourceFile(file.header, kFormat, parts, bytes);
+    return AssembleResourceFile(file.header, kTypeFormat, parts, bytes);
 }
 
 }  // namespace tovarek
