@@ -8,13 +8,22 @@
 
 namespace tovarek {
 
+namespace {
+
+constexpr std::size_t kLongest = 64;
+
+}  // namespace
+
 std::string Nearest(std::string_view word, const std::vector<std::string>& candidates) {
-    const std::string wanted = UpperCase(word.substr(0, 64));
+    const std::string wanted = UpperCase(word.substr(0, kLongest));
     std::string best;
     // Names that share less than about half of their letters are no help.
     std::size_t bestDistance = wanted.size() / 2 + 1;
     for (const std::string& candidate : candidates) {
-        const std::string name = UpperCase(candidate);
+        // Candidates come out of inputs, too: however long one is, it costs nothing.
+        const std::string name = UpperCase(FirstCharacters(candidate, 2 * kLongest));
+        if (std::max(name.size(), wanted.size()) - std::min(name.size(), wanted.size()) >= bestDistance)
+            continue;
         std::vector<std::size_t> row(name.size() + 1);
         for (std::size_t j = 0; j <= name.size(); ++j)
             row[j] = j;

@@ -97,7 +97,7 @@ void CProfile::Load() {
             eQVXIFerr_profilefilenotdefined,
             {.reason = xmlNode ? "a profile element alone is not enough, its file has to be named as well"
                                : "set a profile file: INI, XML or XIF"});
-    LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler));
+    LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlProfileNodeName"));
 }
 
 void CProfile::LoadFromIni() {

@@ -1,7 +1,9 @@
 #include "support/CTools.h"
 
 #include <algorithm>
+#include <set>
 
+#include "base/Nearest.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "system/Files.h"
@@ -18,20 +20,44 @@ constexpr std::string_view kSeparators = "\\:/";
 constexpr std::string_view kFolderSeparators = "\\/";
 #endif
 
-// The first element named `name` from `start` on: `start`, what is below it, its following siblings.
-XmlNode FindElement(const XmlNode& start, std::string_view name) {
+// The first element from `start` on that `is` wanted: `start`, what is below it, its following siblings.
+template <class Predicate>
+XmlNode FindElement(const XmlNode& start, const Predicate& is) {
     std::vector<XmlNode> pending{start};
     while (!pending.empty()) {
         XmlNode node = pending.back();
         pending.pop_back();
         if (!node)
             continue;
-        if (node.IsElement() && node.Name() == name)
+        if (node.IsElement() && is(node))
             return node;
         pending.push_back(node.NextSibling());
         pending.push_back(node.FirstChild());
     }
     return {};
+}
+
+// The context of an element that does not exist, with what stands near its name.
+ErrorContext MissingElement(const XmlNode& start, const std::string& file, const std::string& name,
+                            const char* property) {
+    ErrorContext context{.record = "element <" + name + ">", .field = property, .value = name, .file = file};
+    if (name.empty()) {
+        context.reason = "this is empty; set it to the name of an element of the file";
+        return context;
+    }
+    std::set<std::string> names;
+    FindElement(start, [&](const XmlNode& element) {
+        names.insert(element.Name());
+        return false;
+    });
+    context.reason = "no element has this name; letter case and prefix count";
+    const std::string nearest = Nearest(name, {names.begin(), names.end()});
+    if (nearest.empty())
+        return context;
+    context.line =
+        FindElement(start, [&](const XmlNode& element) { return element.Name() == nearest; }).Line();
+    context.reason += "; did you mean <" + nearest + "> in line " + std::to_string(context.line) + "?";
+    return context;
 }
 
 }  // namespace
@@ -52,17 +78,16 @@ std::string CTools::ExtractPath(std::string_view path) const {
 }
 
 XmlNode CTools::SearchXmlNode(const std::string& xmlFile, const std::string& nodeName,
-                              const CErrorHandler& errorsHandler) const {
+                              const CErrorHandler& errorsHandler, const char* property) const {
     const XmlDocument document(xmlFile);
     if (!document.IsLoaded())
         errorsHandler.RaiseError(eQVXIFerr_errorloadingxmltemplatefile,
                                  {.file = xmlFile, .line = document.Line(), .reason = document.Reason()});
-    XmlNode found = FindElement(document.FirstNode(), nodeName);
+    XmlNode found =
+        FindElement(document.FirstNode(), [&](const XmlNode& element) { return element.Name() == nodeName; });
     if (!found)
         errorsHandler.RaiseError(eQVXIFerr_xmlnodenotfoundintemplatefile,
-                                 {.record = "element <" + nodeName + ">",
-                                  .file = xmlFile,
-                                  .reason = "no element has this name; letter case and prefix count"});
+                                 MissingElement(document.FirstNode(), xmlFile, nodeName, property));
     return found;
 }
 

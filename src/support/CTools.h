@@ -25,8 +25,9 @@ class CTools {
 
     // The first element (document order) named exactly `nodeName`, prefix included, of the XML file. Raises
     // error 87 when the file cannot be loaded and 88 when it has no such element, whatever the file is for.
+    // `property`: what the name was set with, for the message.
     XmlNode SearchXmlNode(const std::string& xmlFile, const std::string& nodeName,
-                          const CErrorHandler& errorsHandler) const;
+                          const CErrorHandler& errorsHandler, const char* property = "") const;
 
     // The text of the first child that is a text node, empty when there is none. Texts in CDATA sections,
     // attributes and deeper elements do not count, nor does what follows a comment.

@@ -5,6 +5,9 @@
 #include <new>
 #include <utility>
 
+#include "base/Nearest.h"
+#include "base/Path.h"
+
 #ifdef _WIN32
 #include "base/Text.h"
 #include "system/Wide.h"
@@ -20,6 +23,31 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
                       {.file = std::string(path), .reason = "files of more than 1 GiB are not read"});
 }
 
+// What helps with a name that leads nowhere: the folder that does not exist, or the entry of it that is near.
+std::string HintFor(std::string_view path) {
+    std::string folder = FolderOf(path);
+    if (folder.empty())
+        folder = ".";
+    if (!FolderExists(folder))
+        return "; there is no folder " + SystemPath(folder);
+    std::vector<std::string> names = DirectoryEntries(folder);
+    std::sort(names.begin(), names.end());
+    return DidYouMean(NameOf(path), names);
+}
+
+SystemFile OpenToRead(std::string_view path) {
+    try {
+        return SystemFile::OpenToRead(path);
+    } catch (const Error& error) {
+        if (error.Number() != static_cast<std::int32_t>(RuntimeError::fileNotFound) &&
+            error.Number() != static_cast<std::int32_t>(RuntimeError::pathNotFound))
+            throw;
+        ErrorContext context = error.Context();
+        context.reason += HintFor(path);
+        throw Error(error.Number(), error.Description(), std::move(context));
+    }
+}
+
 }  // namespace
 
 SystemFile::SystemFile(SystemFile&& other) noexcept
@@ -28,7 +56,7 @@ SystemFile::SystemFile(SystemFile&& other) noexcept
 std::string ReadFile(std::string_view path, std::uint64_t limit) {
     if (path.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the file name is empty"});
-    SystemFile file = SystemFile::OpenToRead(path);
+    SystemFile file = OpenToRead(path);
     const std::uint64_t size = file.Size();
     if (std::min(size, limit) > kLargestFile)
         RefuseSize(path);

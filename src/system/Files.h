@@ -21,7 +21,7 @@ std::string SystemPath(std::string_view path);
 inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30U;
 
 // The bytes of the file, at most `limit` of them from its start. Raises a runtime error (53, 57, 70, 75, 76,
-// 7) whose context names the file.
+// 7) whose context names the file, and what stands near the name of one that does not exist.
 std::string ReadFile(std::string_view path, std::uint64_t limit = kLargestFile + 1);
 
 // True when a regular file stands at `path`.

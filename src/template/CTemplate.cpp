@@ -12,7 +12,8 @@ void CTemplate::Load() {
     else if (xmlNode)
         LoadTemplateFromXmlNode(xmlNode.Current());
     else if (!xmlFile.empty())
-        LoadTemplateFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler));
+        LoadTemplateFromXmlNode(
+            CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlTemplateNodeName"));
     else
         errorHandler->RaiseError(eQVXIFerr_templatefilenotdefined,
                                  {.reason = "set a template file: INI or XML"});

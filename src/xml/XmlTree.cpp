@@ -179,7 +179,7 @@ XmlDocument::XmlDocument(const std::string& path) {
         reason_ = fault.reason;
         line_ = fault.line;
     } catch (const Error& error) {
-        reason_ = error.Description();
+        reason_ = error.Context().reason.empty() ? error.Description() : error.Context().reason;
     }
 }
 

@@ -73,6 +73,8 @@ TEST(Suggestion, SharesAtLeastHalfOfTheLetters) {
     EXPECT_EQ(Nearest("abcd", {"axxx", "ABxx", "abyy"}), "ABxx") << "the first of the nearest ones";
     EXPECT_EQ(DidYouMean("abcd", {"ABxx"}), "; did you mean 'ABxx'?");
     EXPECT_EQ(DidYouMean("abcd", {"axxx"}), "");
+    EXPECT_EQ(DidYouMean("abcd", {"abcdxx", "abcdxxx"}), "; did you mean 'abcdxx'?");
+    EXPECT_EQ(DidYouMean("abcd", {"abcdxxx"}), "");
 }
 
 }  // namespace

@@ -282,9 +282,36 @@ TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
         EXPECT_EQ(t.Line(), 5) << "where the entity is asked for";
     EXPECT_EQ(node.Attributes().size(), 2U);
     EXPECT_EQ(node.Attributes()[1].first, "n:k");
-    EXPECT_EQ(RaisedNumber([&] { CTools().SearchXmlNode(path, "t", CErrorHandler()); }), 1088);
-    EXPECT_EQ(RaisedNumber([&] { CTools().SearchXmlNode(scratch.Path("none"), "t", CErrorHandler()); }),
-              1087);
+}
+
+TEST(Xml, AnElementThatIsNotFoundIsToldWithWhatStandsNear) {
+    const Scratch scratch;
+    const std::string path = scratch.File("a.xml", "<?xml version='1.0'?>\n<!-- c -->\n<a>\n<n:device/></a>");
+    const struct {
+        std::string file;
+        const char* name;
+        int error;
+        int line;
+        const char* reason;
+    } rows[] = {
+        {path, "DEVICE", 1088, 4, "did you mean <n:device> in line 4?"},
+        {path, "profile", 1088, 0, "no element has this name; letter case and prefix count"},
+        {path, "", 1088, 0, "this is empty"},
+        {scratch.Path("b.xml"), "a", 1087, 0, "did you mean 'a.xml'?"},
+        {scratch.Path("none/a.xml"), "a", 1087, 0, "there is no folder"},
+        {scratch.Folder(), "a", 1087, 0, "Is a directory"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(RaisedNumber([&] { CTools().SearchXmlNode(row.file, row.name, CErrorHandler()); }),
+                  row.error);
+        const auto error =
+            Raised([&] { CTools().SearchXmlNode(row.file, row.name, CErrorHandler(), "property"); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Context().file, row.file);
+        EXPECT_EQ(error->Context().line, row.line) << row.name;
+        EXPECT_NE(error->Context().reason.find(row.reason), std::string::npos) << error->Context().reason;
+        EXPECT_EQ(error->Context().field, row.error == 1088 ? "property" : "");
+    }
 }
 
 TEST(Xml, WhateverStandsInFrontOfTheRootIsTheFirstNode) {
