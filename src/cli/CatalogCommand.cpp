@@ -1,7 +1,6 @@
 #include "cli/CatalogCommand.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <set>
 
@@ -9,14 +8,13 @@
 #include "base/Nearest.h"
 #include "base/Text.h"
 #include "cli/CatalogFind.h"
+#include "cli/Json.h"
 #include "control/StandardCatalog.h"
 #include "inspect/InspectText.h"
 #include "inspect/TypeTree.h"
 
 namespace tovarek {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // The enumeration sets that values of the type are taken from, each once.
 InspectNode EnumerationsNode(const std::vector<CatalogField>& fields, const ResourceNames& names) {
@@ -77,24 +75,9 @@ Json JsonOf(const CatalogType& type) {
             {"name", type.entry.name}};
 }
 
-Json JsonOf(const InspectNode::Value& value) {
-    return std::visit(
-        [](const auto& known) {
-            if constexpr (std::is_same_v<std::decay_t<decltype(known)>, std::monostate>)
-                return Json();
-            else
-                return Json(known);
-        },
-        value);
-}
-
 std::ostream& operator<<(std::ostream& out, const CatalogType& type) {
     return out << (type.isNv ? "NV" : "CP") << '\t' << type.entry.index << '\t' << type.entry.size << '\t'
                << type.entry.name;
-}
-
-void WriteJson(const Json& json, std::ostream& out) {
-    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
 void WriteList(const std::vector<CatalogType>& types, OutputFormat format, std::ostream& out) {
@@ -106,7 +89,7 @@ void WriteList(const std::vector<CatalogType>& types, OutputFormat format, std::
             out << type << '\n';
     }
     if (format == OutputFormat::json)
-        WriteJson(list, out);
+        out << JsonText(list) << '\n';
 }
 
 void WriteFound(const StandardCatalog& catalog, const std::vector<CatalogType>& types, OutputFormat format,
@@ -126,13 +109,13 @@ void WriteFound(const StandardCatalog& catalog, const std::vector<CatalogType>& 
         if (!measure.unit.empty())
             json["unit"] = measure.unit;
         if (isMeasured) {
-            json["minimum"] = JsonOf(measure.minimum);
-            json["maximum"] = JsonOf(measure.maximum);
+            json["minimum"] = ValueJson(measure.minimum);
+            json["maximum"] = ValueJson(measure.maximum);
         }
         list.push_back(std::move(json));
     }
     if (format == OutputFormat::json)
-        WriteJson(list, out);
+        out << JsonText(list) << '\n';
 }
 
 void WriteTypes(const StandardCatalog& catalog, const std::vector<CatalogType>& types, OutputFormat format,
@@ -151,7 +134,7 @@ void WriteTypes(const StandardCatalog& catalog, const std::vector<CatalogType>& 
         list.Add(TypeNode(catalog, type));
     InspectNode document = InspectNode::Object("");
     document.Add(std::move(list));
-    out << JsonDocument(std::move(document));
+    out << JsonDocument(document);
 }
 
 // Why `word` names no type, or too many.

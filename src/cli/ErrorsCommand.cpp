@@ -1,17 +1,15 @@
 #include "cli/ErrorsCommand.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "base/ErrorTable.h"
 #include "base/Nearest.h"
 #include "base/Text.h"
+#include "cli/Json.h"
 
 namespace tovarek {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct Help {
     int number;
@@ -121,7 +119,7 @@ int RunErrors(const std::string& word, OutputFormat format, Streams streams) {
         Json list = Json::array();
         for (const ListedError& error : shown)
             list.push_back(JsonOf(error));
-        streams.out << list.dump(2) << '\n';
+        streams.out << JsonText(list) << '\n';
         return kDone;
     }
     for (const ListedError& error : shown) {

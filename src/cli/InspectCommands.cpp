@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "base/Text.h"
+#include "cli/Json.h"
 #include "inspect/Inspect.h"
 #include "inspect/InspectText.h"
 #include "support/CErrorHandler.h"
@@ -30,10 +31,11 @@ ErrorContext DamageContext(const std::string& path, const FileListing& file) {
 int DumpBytes(const std::string& path, OutputFormat format, Streams streams) {
     const FileListing file = ListFile(path);
     if (format == OutputFormat::json) {
-        streams.out << "{\"schema\": " << kJsonSchema << ", \"kind\": " << JsonString(KindName(file.kind))
-                    << ", \"damage\": "
-                    << (file.code == resultOk ? std::string("null") : JsonString(file.damage))
-                    << ", \"rows\": " << ListingJson(file.listing, file.bytes) << "}\n";
+        streams.out << JsonText({{"schema", kJsonSchema},
+                                 {"kind", KindName(file.kind)},
+                                 {"damage", file.code == resultOk ? Json() : Json(file.damage)},
+                                 {"rows", ListingJson(file.listing, file.bytes)}})
+                    << '\n';
         return file.code == resultOk ? kDone : kFailed;
     }
     streams.out << ListingText(file.listing, file.bytes);
@@ -87,7 +89,7 @@ void WriteDifferences(const std::vector<Difference>& differences, InspectNode pr
         result.Add(DifferencesNode(differences));
         if (!problems.children.empty())
             result.Add(std::move(problems));
-        out << JsonDocument(std::move(result));
+        out << JsonDocument(result);
         return;
     }
     for (const InspectNode& problem : problems.children)
@@ -113,7 +115,7 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
             InspectFile(path, catalog == nullptr ? nullptr : catalog->types.Catalog(),
                         options.place.IsShipped() ? StandardTexts::published : StandardTexts::all);
         if (options.format == OutputFormat::json)
-            streams.out << JsonDocument(std::move(inspection.tree));
+            streams.out << JsonDocument(inspection.tree);
         else
             streams.out << TreeText(inspection.tree);
         return kDone;

@@ -3,22 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "base/ErrorTable.h"
 #include "base/Text.h"
+#include "cli/Json.h"
 #include "system/Files.h"
 
 namespace tovarek {
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-// Texts of inputs may hold any bytes; what is no UTF-8 is replaced rather than refused.
-std::string Dump(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace);
-}
 
 // One line whatever the input held.
 std::string OneLine(std::string_view text) {
@@ -76,12 +69,12 @@ void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
 
 // A fault that is no error of the generator: it has a name but no number.
 void WriteFaultJson(const char* name, const std::string& message, std::ostream& out) {
-    out << Dump({{"error", nullptr},
-                 {"code", nullptr},
-                 {"name", name},
-                 {"description", message},
-                 {"source", "tovarek"},
-                 {"context", Json::object()}})
+    out << JsonText({{"error", nullptr},
+                     {"code", nullptr},
+                     {"name", name},
+                     {"description", message},
+                     {"source", "tovarek"},
+                     {"context", Json::object()}})
         << '\n';
 }
 
@@ -110,7 +103,7 @@ int ReportError(const Error& error, OutputFormat format, Streams streams,
                      {"source", error.Source()},          {"context", ContextJson(error.Context())}};
         if (written != nullptr)
             json["written"] = WrittenJson(*written);
-        streams.out << Dump(json) << '\n';
+        streams.out << JsonText(json) << '\n';
         return kFailed;
     }
     if (written != nullptr)
@@ -139,7 +132,7 @@ int ReportUnknownType(const std::string& message, OutputFormat format, Streams s
 
 int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams) {
     if (format == OutputFormat::json) {
-        streams.out << Dump({{"written", WrittenJson(files)}}) << '\n';
+        streams.out << JsonText({{"written", WrittenJson(files)}}) << '\n';
         return kDone;
     }
     WriteWritten(files, streams.out);

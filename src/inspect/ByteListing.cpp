@@ -60,20 +60,4 @@ std::string ListingText(const ByteListing& listing, std::string_view bytes) {
     return text;
 }
 
-std::string ListingJson(const ByteListing& listing, std::string_view bytes) {
-    std::string json = "[";
-    for (const ByteRow& row : listing.rows) {
-        json += json.size() == 1 ? "\n" : ",\n";
-        json += "  {\"offset\": " + std::to_string(row.offset) +
-                ", \"length\": " + std::to_string(row.length) +
-                ", \"bytes\": " + JsonString(HexText(bytes.substr(row.offset, row.length)));
-        if (!row.record.empty())
-            json += ", \"record\": " + JsonString(row.record);
-        if (row.depth != 0)
-            json += ", \"depth\": " + std::to_string(row.depth);
-        json += ", \"field\": " + JsonString(row.field) + ", \"value\": " + JsonString(row.value) + '}';
-    }
-    return json + "\n]";
-}
-
 }  // namespace tovarek

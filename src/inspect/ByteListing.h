@@ -20,8 +20,7 @@ struct ByteListing {
 
 ByteListing ListBytes(std::string_view bytes, FileKind kind);
 
-// The rows with their bytes, as text (hexadecimal, or the line itself in text files) and as a JSON list.
+// The rows with their bytes (hexadecimal, or the line itself in text files).
 std::string ListingText(const ByteListing& listing, std::string_view bytes);
-std::string ListingJson(const ByteListing& listing, std::string_view bytes);
 
 }  // namespace tovarek

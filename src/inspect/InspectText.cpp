@@ -1,8 +1,6 @@
 #include "inspect/InspectText.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -64,60 +62,6 @@ class TreeWriter {
     std::string text_;
 };
 
-class JsonWriter {
-  public:
-    void Node(const InspectNode& node, std::size_t depth) {
-        if (node.shape == InspectNode::Shape::value) {
-            Value(node.value);
-            return;
-        }
-        const bool isList = node.IsList();
-        text_ += isList ? '[' : '{';
-        bool first = true;
-        for (const InspectNode& child : node.children) {
-            if (!first)
-                text_ += ',';
-            first = false;
-            NewLine(depth + 1);
-            if (!isList)
-                text_ += JsonString(child.name) + ": ";
-            Node(child, depth + 1);
-        }
-        if (!first)
-            NewLine(depth);
-        text_ += isList ? ']' : '}';
-    }
-    std::string Take() { return std::move(text_); }
-
-  private:
-    void NewLine(std::size_t depth) {
-        text_ += '\n';
-        text_.append(2 * depth, ' ');
-    }
-
-    void Value(const InspectNode::Value& value) {
-        if (const auto* text = std::get_if<std::string>(&value))
-            text_ += JsonString(*text);
-        else if (const auto* number = std::get_if<std::int64_t>(&value))
-            AppendInteger(text_, *number);
-        else if (const auto* real = std::get_if<double>(&value))
-            Real(*real);
-        else if (const auto* flag = std::get_if<bool>(&value))
-            text_ += *flag ? "true" : "false";
-        else
-            text_ += "null";
-    }
-
-    // The shortest form that reads back as the same number.
-    void Real(double value) {
-        std::array<char, 32> digits{};
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-        text_.append(digits.data(), end.ptr);
-    }
-
-    std::string text_;
-};
-
 void AppendOneLine(const InspectNode& node, bool comparedOnly, std::string& text) {
     if (node.shape == InspectNode::Shape::value) {
         text += ValueText(node.value);
@@ -147,18 +91,6 @@ std::string TreeText(const InspectNode& node) {
     return writer.Take();
 }
 
-std::string JsonText(const InspectNode& node) {
-    JsonWriter writer;
-    writer.Node(node, 0);
-    return writer.Take();
-}
-
-std::string JsonDocument(InspectNode tree) {
-    InspectNode schema = {.name = "schema", .value = std::int64_t{kJsonSchema}};
-    tree.children.insert(tree.children.begin(), std::move(schema));
-    return JsonText(tree) + '\n';
-}
-
 std::string ValueText(const InspectNode::Value& value) {
     if (const auto* text = std::get_if<std::string>(&value))
         return Printable(*text);
@@ -175,23 +107,6 @@ std::string OneLineText(const InspectNode& node, bool comparedOnly) {
     std::string text;
     AppendOneLine(node, comparedOnly, text);
     return text;
-}
-
-std::string JsonString(std::string_view text) {
-    std::string json = "\"";
-    for (std::size_t position = 0; position < text.size();) {
-        const char32_t c = NextCharacter(text, position);
-        if (c == U'"' || c == U'\\') {
-            json += '\\';
-            json += static_cast<char>(c);
-        } else if (c < 0x20 || c == 0x7F) {
-            json += "\\u";
-            AppendHex(json, static_cast<unsigned>(c), 4);
-        } else {
-            AppendUtf8(json, c);
-        }
-    }
-    return json += '"';
 }
 
 }  // namespace tovarek

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Fixtures.h"
+#include "cli/Json.h"
 #include "inspect/InspectText.h"
 #include "profile/ProfileFields.h"
 
@@ -129,7 +130,7 @@ TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
     EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "minimum"}), "-infinite");
     EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "maximum"}), "not a number");
     // Seven digits tell a 4-byte float, in the listing too.
-    const std::string json = JsonText(tree);
+    const std::string json = JsonText(NodeJson(tree));
     EXPECT_NE(json.find("\"minimum\": 0.1,"), std::string::npos);
     EXPECT_NE(json.find("\"maximum\": 3.4028235e+38"), std::string::npos);
     EXPECT_NE(ListingText(ListFile(path).listing, ReadFile(path)).find("minimum = 0.1\n"), std::string::npos);
@@ -220,7 +221,7 @@ TEST_F(DumpTest, DeepTypesAreShownWhole) {
     file.nvTypes[0]->type = std::move(type);
     const std::string path = scratch.File("deep.typ", test::BytesOf(WriteTypeFile, file));
     const Inspection inspection = InspectFile(path, nullptr);
-    EXPECT_NE(JsonText(inspection.tree).find("unsigned short"), std::string::npos);
+    EXPECT_NE(JsonText(NodeJson(inspection.tree)).find("unsigned short"), std::string::npos);
     EXPECT_NE(TreeText(inspection.tree).find("unsigned short"), std::string::npos);
     EXPECT_TRUE(Compare(inspection.tree, inspection.tree).empty());
 }

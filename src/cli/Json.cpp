@@ -1,0 +1,71 @@
+#include "cli/Json.h"
+
+#include <cmath>
+
+#include "base/Text.h"
+
+namespace tovarek {
+namespace {
+
+Json RealJson(double value) {
+    constexpr double kExact = 0x1p53;
+    if (std::abs(value) < kExact && value == std::trunc(value))
+        return static_cast<std::int64_t>(value);
+    return value;
+}
+
+}  // namespace
+
+std::string JsonText(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
+Json ValueJson(const InspectNode::Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value))
+        return *text;
+    if (const auto* number = std::get_if<std::int64_t>(&value))
+        return *number;
+    if (const auto* real = std::get_if<double>(&value))
+        return RealJson(*real);
+    if (const auto* flag = std::get_if<bool>(&value))
+        return *flag;
+    return nullptr;
+}
+
+Json NodeJson(const InspectNode& node) {
+    if (node.shape == InspectNode::Shape::value)
+        return ValueJson(node.value);
+    Json json = node.IsList() ? Json::array() : Json::object();
+    for (const InspectNode& child : node.children) {
+        if (node.IsList())
+            json.push_back(NodeJson(child));
+        else
+            json[child.name] = NodeJson(child);
+    }
+    return json;
+}
+
+std::string JsonDocument(const InspectNode& tree) {
+    Json json = {{"schema", kJsonSchema}};
+    json.update(NodeJson(tree));
+    return JsonText(json) + '\n';
+}
+
+Json ListingJson(const ByteListing& listing, std::string_view bytes) {
+    Json rows = Json::array();
+    for (const ByteRow& row : listing.rows) {
+        Json& json = rows.emplace_back(Json::object());
+        json["offset"] = row.offset;
+        json["length"] = row.length;
+        json["bytes"] = HexText(bytes.substr(row.offset, row.length));
+        if (!row.record.empty())
+            json["record"] = row.record;
+        if (row.depth != 0)
+            json["depth"] = row.depth;
+        json["field"] = row.field;
+        json["value"] = row.value;
+    }
+    return rows;
+}
+
+}  // namespace tovarek
