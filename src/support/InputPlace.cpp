@@ -77,7 +77,8 @@ InputPlace FindIniPlace(const std::string& file, std::string_view section, std::
         bytes = ReadFile(file);
     } catch (const Error& error) {
         place.missing = InputPart::file;
-        place.absence = error.Context().reason + "; an INI file that cannot be read counts as empty";
+        place.absence =
+            JoinSentences(error.Context().reason, "an INI file that cannot be read counts as empty");
         return place;
     }
     const IniText text(DecodeIni(std::move(bytes)));
