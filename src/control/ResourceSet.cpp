@@ -35,7 +35,8 @@ ResourceSetFiles FindResourceSet(const std::string& path) {
     ResourceSetFiles files;
     std::vector<std::string> others;
     for (const std::string& name : names) {
-        if (name.find('.') == std::string::npos || AsciiLowerCase(StemOf(name)) != stem)
+        // A name without a point counts: Windows drops the point of one that ends with it.
+        if (AsciiLowerCase(StemOf(name)) != stem)
             continue;
         const std::string extension = ExtensionOf(name);
         if (extension == RowOf(ResourceKind::type).extension) {
