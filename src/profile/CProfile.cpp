@@ -40,8 +40,8 @@ InputPlace CProfile::PlaceOf(const ProfileField& field) const {
                     return true;
             return false;
         };
-        return FindIniPlace(
-            iniFile, SectionOf(field.line), field.iniKey,
+        return IniSource(iniFile).Find(
+            SectionOf(field.line), field.iniKey,
             [](std::string_view name) { return IsLine(name, SectionOf); }, isKnownKey);
     }
     if (!xifFile.empty())

@@ -1,11 +1,11 @@
 #include "support/InputPlace.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Nearest.h"
 #include "base/Text.h"
 #include "support/CTools.h"
-#include "support/IniText.h"
 #include "system/Files.h"
 
 namespace tovarek {
@@ -69,19 +69,25 @@ std::string JoinSentences(std::string first, std::string_view second) {
     return first.append(second);
 }
 
-InputPlace FindIniPlace(const std::string& file, std::string_view section, std::string_view key,
-                        const IsKnownName& isKnownSection, const IsKnownName& isKnownKey) {
-    InputPlace place{.file = file};
+IniSource::IniSource(std::string file) : file_(std::move(file)) {
     std::string bytes;
     try {
-        bytes = ReadFile(file);
+        bytes = ReadFile(file_);
     } catch (const Error& error) {
+        whyUnread_ = JoinSentences(error.Context().reason, "an INI file that cannot be read counts as empty");
+    }
+    text_ = std::make_shared<const IniText>(DecodeIni(std::move(bytes)));
+}
+
+InputPlace IniSource::Find(std::string_view section, std::string_view key, const IsKnownName& isKnownSection,
+                           const IsKnownName& isKnownKey) const {
+    InputPlace place{.file = file_};
+    if (!whyUnread_.empty()) {
         place.missing = InputPart::file;
-        place.absence =
-            JoinSentences(error.Context().reason, "an INI file that cannot be read counts as empty");
+        place.absence = whyUnread_;
         return place;
     }
-    const IniText text(DecodeIni(std::move(bytes)));
+    const IniText& text = *text_;
     IniSection keys;
     text.ReadSection(section, keys);
     const std::string_view raw = keys.RawValue(key);

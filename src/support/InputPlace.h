@@ -3,11 +3,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Error.h"
+#include "support/IniText.h"
 #include "xml/Xml.h"
 
 namespace tovarek {
@@ -33,9 +35,21 @@ struct Expected {
 // True for a name that stands for something itself and so is no other one mistyped.
 using IsKnownName = std::function<bool(std::string_view name)>;
 
-// The key of an INI file; the file may be missing or unreadable, which reads like an empty one.
-InputPlace FindIniPlace(const std::string& file, std::string_view section, std::string_view key,
-                        const IsKnownName& isKnownSection, const IsKnownName& isKnownKey);
+// An INI file, read once for all that is asked. It may be missing or unreadable, which reads like an empty
+// one.
+class IniSource {
+  public:
+    explicit IniSource(std::string file);
+
+    const IniText& Text() const { return *text_; }
+    InputPlace Find(std::string_view section, std::string_view key, const IsKnownName& isKnownSection,
+                    const IsKnownName& isKnownKey) const;
+
+  private:
+    std::string file_;
+    std::string whyUnread_;
+    std::shared_ptr<const IniText> text_;
+};
 
 // All elements below `parent`, in document order.
 std::vector<XmlNode> ElementsBelow(const XmlNode& parent);

@@ -21,6 +21,7 @@ void CTemplate::Load() {
 
 void CTemplate::ResetTemplate() {
     loadedNode_ = {};
+    source_.reset();
     programID.clear();
     selfDocumentation.clear();
     versionCP.clear();

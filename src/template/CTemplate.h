@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@
 #include "xml/Xml.h"
 
 namespace tovarek {
+
+struct TemplateSource;
 
 class CTemplate {
   public:
@@ -68,8 +71,8 @@ class CTemplate {
     // line, for messages about it.
     ErrorContext PlaceOf(std::size_t position, std::string CCp::*member) const;
 
-    // The XML element that was loaded last, for messages; empty for an INI template.
-    const XmlNode& LoadedNode() const { return loadedNode_; }
+    // What was loaded last, for messages; put together when it is asked for the first time.
+    const TemplateSource& Source() const;
 
   private:
     void ResetTemplate();
@@ -84,6 +87,7 @@ class CTemplate {
     void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings);
 
     XmlNode loadedNode_;
+    mutable std::shared_ptr<const TemplateSource> source_;
 };
 
 }  // namespace tovarek

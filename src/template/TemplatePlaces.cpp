@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "support/cIni.h"
 
 namespace tovarek {
 namespace {
@@ -36,15 +35,22 @@ IsKnownName OneOf(const std::vector<std::string_view>& names) {
 
 }  // namespace
 
+const TemplateSource& CTemplate::Source() const {
+    if (!source_)
+        source_ = std::make_shared<const TemplateSource>(
+            TemplateSource{IniSource(iniFile), loadedNode_, ElementsOfTemplate(loadedNode_)});
+    return *source_;
+}
+
 InputPlace TemplatePlaces::PlaceOf(const TemplateField& field, const std::string& value) const {
     std::vector<std::string_view> names;
     if (fromIni_) {
         for (const TemplateField& other : TemplateFields())
             if (other.iniSection == field.iniSection)
                 names.push_back(other.iniKey);
-        return FindIniPlace(source_.iniFile, field.iniSection, field.iniKey, IsKnownSection, OneOf(names));
+        return source_.Source().ini.Find(field.iniSection, field.iniKey, IsKnownSection, OneOf(names));
     }
-    const XmlNode& node = source_.LoadedNode();
+    const XmlNode& node = source_.Source().node;
     if (!node)
         return {.typed = value};
     // Records are counted, not declared.
@@ -53,20 +59,19 @@ InputPlace TemplatePlaces::PlaceOf(const TemplateField& field, const std::string
     names.assign(std::begin(kLists), std::end(kLists));
     for (const TemplateField& other : TemplateFields())
         names.push_back(other.xmlName);
-    return FindXmlPlace(node, ElementsOfTemplate(node).own, field.xmlName, OneOf(names));
+    return FindXmlPlace(node, source_.Source().elements.own, field.xmlName, OneOf(names));
 }
 
 InputPlace TemplatePlaces::IniRecordPlace(std::string_view prefix, std::size_t number, std::string_view key,
                                           const std::vector<std::string_view>& keys,
                                           const InputPlace& count) const {
-    InputPlace place = FindIniPlace(source_.iniFile, std::string(prefix) + std::to_string(number), key,
-                                    IsKnownSection, OneOf(keys));
+    InputPlace place = source_.Source().ini.Find(std::string(prefix) + std::to_string(number), key,
+                                                 IsKnownSection, OneOf(keys));
     if (place.missing != InputPart::group)
         return place;
-    cIni ini;
-    ini.iniFile(source_.iniFile);
     int existing = 0;
-    ini.Text()->ForEachSection([&](std::string_view name) { existing += IsNumbered(name, prefix) ? 1 : 0; });
+    source_.Source().ini.Text().ForEachSection(
+        [&](std::string_view name) { existing += IsNumbered(name, prefix) ? 1 : 0; });
     place.absence = JoinSentences(place.absence, "line " + std::to_string(count.line) + " asks for " +
                                                      Excerpt(count.typed) + " sections [" +
                                                      std::string(prefix) + "1], [" + std::string(prefix) +

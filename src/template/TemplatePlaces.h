@@ -10,7 +10,14 @@
 
 namespace tovarek {
 
-// Builds the contexts of faults in one template. The file is read again for each of them.
+// What a template was loaded from: the INI file, or an XML element and those below it.
+struct TemplateSource {
+    IniSource ini;
+    XmlNode node;
+    TemplateElements elements;
+};
+
+// Builds the contexts of faults in one template.
 class TemplatePlaces {
   public:
     explicit TemplatePlaces(const CTemplate& source) : source_(source), fromIni_(!source.iniFile.empty()) {}
@@ -73,10 +80,9 @@ class TemplatePlaces {
         if (fromIni_)
             return IniRecordPlace(RecordNames<Record>::iniPrefix, position + 1, field.iniKey, names,
                                   PlaceOf(FieldOf(TemplateFields(), RecordNames<Record>::count), {}));
-        if (!source_.LoadedNode())
+        if (!source_.Source().node)
             return {.typed = value};
-        const std::vector<XmlNode> records =
-            ElementsOfTemplate(source_.LoadedNode()).*RecordNames<Record>::elements;
+        const std::vector<XmlNode>& records = source_.Source().elements.*RecordNames<Record>::elements;
         return XmlRecordPlace(position < records.size() ? records[position] : XmlNode(), field.xmlName, names,
                               value);
     }
