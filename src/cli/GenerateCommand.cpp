@@ -9,6 +9,7 @@
 #include "cli/OpenCatalog.h"
 #include "cli/OutputGuard.h"
 #include "component/Tovarek.h"
+#include "system/Clock.h"
 #include "system/Files.h"
 
 namespace tovarek {
@@ -34,7 +35,6 @@ void TakeClockFromEnvironment(Tovarek& component) {
     if (variable == nullptr || *variable == '\0')
         return;
     const std::string_view text = variable;
-    constexpr std::int64_t kEndOf9999 = 253402300799;
     std::int64_t seconds = 0;
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), seconds);
     if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || seconds < 0 ||

@@ -60,7 +60,7 @@ const char* ConversionOf(const TypeDescription& type) {
         case TypeKind::array:
             return "%s";
         default:
-            return type.a == 1 && type.b == 0 ? "%d" : "%f";
+            return ConversionOfInteger(type.a, type.b);
     }
 }
 

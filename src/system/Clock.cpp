@@ -34,7 +34,6 @@ class StandingClock : public Clock {
 }  // namespace
 
 std::shared_ptr<const Clock> FixedClock(std::int64_t seconds) {
-    constexpr std::int64_t kEndOf9999 = 253402300799;
     return std::make_shared<StandingClock>(std::clamp<std::int64_t>(seconds, 0, kEndOf9999));
 }
 

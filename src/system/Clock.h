@@ -30,8 +30,11 @@ class Clock {
 // The machine's clock and time zone.
 std::shared_ptr<const Clock> SystemClock();
 
+// The last second of the year 9999, counted from 1970: texts have four digits for the year.
+inline constexpr std::int64_t kEndOf9999 = 253402300799;
+
 // A clock that stands still, `seconds` after 1970-01-01 00:00:00 UTC, and knows no zone but UTC.
-// `seconds` is 0 to 253402300799 (the end of the year 9999); the nearest end is taken for what lies outside.
+// `seconds` is 0 to kEndOf9999; the nearest end is taken for what lies outside.
 std::shared_ptr<const Clock> FixedClock(std::int64_t seconds);
 
 // The general form of a date: "11/21/2026 9:41:07 AM". The time part is left out at exactly midnight. On

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "base/Numbers.h"
 #include "base/Text.h"
+#include "formats/format/FormatExpression.h"
 #include "support/CTools.h"
 
 namespace tovarek {
@@ -118,11 +118,7 @@ void FormatLines::OpenText() {
 void FormatLines::AppendValue(const CParam& param) {
     if (!param.withFormat || (param.formatCoefA == 1 && param.formatCoefC == 0 && param.comment.empty()))
         return;
-    line_ += '*';
-    line_ += DoubleToText(param.formatCoefA);
-    if (param.formatCoefC >= 0)
-        line_ += '+';
-    line_ += DoubleToText(param.formatCoefC);
+    AppendFactorAndOffset(line_, param.formatCoefA, param.formatCoefC);
 }
 
 void FormatLines::AppendComment(const CParam& param) {

@@ -1,6 +1,7 @@
 // Display formats of types: their names, and the values that a format shows.
 #include <unordered_set>
 
+#include "formats/format/DisplayFormat.h"
 #include "types/FormatLines.h"
 
 namespace tovarek {
@@ -70,7 +71,7 @@ CParam OwnParameter(const CType& type, const std::string& formatName, std::strin
             param.format = "%f";
             break;
         default:
-            param.format = type.a_coef == 1 && type.b_coef == 0 ? "%d" : "%f";
+            param.format = ConversionOfInteger(type.a_coef, type.b_coef);
     }
     const CFormat* format =
         formatName.empty() || !type.availableFormats ? nullptr : type.availableFormats->Find(formatName);

@@ -1,6 +1,7 @@
 // How values of one type are shown: the model of a statement of a format file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,12 @@ struct FormatParameter {
     StringRef unitText;  // or its string; number 0 when there is none
     bool operator==(const FormatParameter&) const = default;
 };
+
+// How an integer is shown that is scaled by a x 10^b x (raw + c): whole numbers stay whole as long as a and b
+// leave them so.
+constexpr const char* ConversionOfInteger(std::int32_t a, std::int32_t b) {
+    return a == 1 && b == 0 ? "%d" : "%f";
+}
 
 struct DisplayFormat {
     std::string type;  // whole name, e.g. "SNVT_temp"

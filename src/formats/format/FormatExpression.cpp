@@ -80,19 +80,22 @@ FormatParameter ParseFormatExpression(std::string_view text) {
     return parameter;
 }
 
+void AppendFactorAndOffset(std::string& text, double factor, double offset) {
+    const std::string offsetText = DoubleToText(offset);
+    text += '*' + DoubleToText(factor);
+    if (!offsetText.starts_with('-'))
+        text += '+';
+    text += offsetText;
+}
+
 std::string FormatExpressionText(const FormatParameter& parameter) {
     std::string text = parameter.expression;
     const bool hasUnit = !parameter.unit.empty() || parameter.unitText.number != 0;
-    const std::string factor = DoubleToText(parameter.factor);
-    const std::string offset = DoubleToText(parameter.offset);
     // A path that ends like a factor or a unit would be taken for one, unless those of its own stand behind.
     const bool isPlain = ParseFormatExpression(text).expression == text;
-    if (factor != "1" || offset != "0" || hasUnit || !isPlain) {
-        text += '*' + factor;
-        if (!offset.starts_with('-'))
-            text += '+';
-        text += offset;
-    }
+    const bool isScaled = DoubleToText(parameter.factor) != "1" || DoubleToText(parameter.offset) != "0";
+    if (isScaled || hasUnit || !isPlain)
+        AppendFactorAndOffset(text, parameter.factor, parameter.offset);
     if (parameter.unitText.number != 0) {
         text += '(';
         AppendInteger(text, parameter.unitText.scope);

@@ -13,6 +13,9 @@ FormatParameter ParseFormatExpression(std::string_view text);
 // The inverse. Factor and offset are written where one of them, or a unit, needs it.
 std::string FormatExpressionText(const FormatParameter& parameter);
 
+// Appends factor and offset, both always: "*1.8+32".
+void AppendFactorAndOffset(std::string& text, double factor, double offset);
+
 // The conversions in a format text, "%d" and the like with their flags; "%%" is none.
 std::vector<std::string> ConversionsOf(std::string_view text);
 
