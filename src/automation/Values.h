@@ -64,7 +64,7 @@ inline std::int32_t FromAutomation(LONG value) {
 inline XmlNode FromAutomation(IDispatch* value) {
     XmlNode node = NodeOfHost(value);
     if (value != nullptr && !node)
-        RaiseRuntimeError(RuntimeError::typeMismatch, {.reason = "an XML DOM node is wanted"});
+        RaiseRuntimeError(RuntimeError::typeMismatch, {.reason = "the value has to be an XML DOM node"});
     return node;
 }
 

@@ -26,6 +26,22 @@ constexpr RuntimeErrorRow kRuntimeErrors[] = {
     {RuntimeError::pathNotFound, "pathNotFound", "Path not found"},
 };
 
+// A longer chain of records is cut; a type may nest a thousand levels.
+constexpr std::size_t kLongestChain = 300;
+constexpr std::string_view kLink = " > ";
+
+// "inner" behind "outer". Who catches twice may say twice what it is about.
+std::string Chained(const std::string& outer, const std::string& inner) {
+    if (outer.empty() || inner.empty())
+        return outer + inner;
+    if (inner == outer || inner.starts_with(outer + std::string(kLink)))
+        return inner;
+    const std::size_t last = inner.rfind(kLink);
+    if (inner.size() <= kLongestChain || last == std::string::npos)
+        return outer + std::string(kLink) + inner;
+    return outer + " > ..." + inner.substr(last);
+}
+
 }  // namespace
 
 bool ErrorContext::IsEmpty() const {
@@ -37,7 +53,7 @@ void ErrorContext::FillFrom(const ErrorContext& outer) {
         if (mine.empty())
             mine = theirs;
     };
-    fill(record, outer.record);
+    record = Chained(outer.record, record);
     fill(field, outer.field);
     fill(value, outer.value);
     fill(file, outer.file);
@@ -46,8 +62,40 @@ void ErrorContext::FillFrom(const ErrorContext& outer) {
         line = outer.line;
 }
 
+std::string ErrorContext::Sentence() const {
+    std::string text;
+    const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : ", ") + part; };
+    if (!record.empty())
+        add("in " + record);
+    if (!field.empty() || !value.empty())
+        add((field.empty() ? "value" : field) + " \"" + value + '"');
+    if (!file.empty())
+        add("at " + file + (line > 0 ? ':' + std::to_string(line) : ""));
+    if (!reason.empty())
+        text += (text.empty() ? "" : ": ") + reason;
+    return text;
+}
+
 Error::Error(std::int32_t number, std::string description, ErrorContext context)
-    : number_(number), description_(std::move(description)), context_(std::move(context)) {}
+    : number_(number), description_(std::move(description)), context_(std::move(context)) {
+    Tell();
+}
+
+void Error::AddContext(const ErrorContext& outer) {
+    context_.FillFrom(outer);
+    Tell();
+}
+
+void Error::AddReason(const std::string& more) {
+    context_.reason += (context_.reason.empty() ? "" : "; ") + more;
+    Tell();
+}
+
+void Error::Tell() {
+    what_ = description_;
+    if (const std::string sentence = context_.Sentence(); !sentence.empty())
+        what_ += " [" + sentence + ']';
+}
 
 std::string_view RuntimeErrorName(std::int32_t number) {
     for (const RuntimeErrorRow& row : kRuntimeErrors)

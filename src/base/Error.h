@@ -53,9 +53,14 @@ struct ErrorContext {
     std::string reason;  // a sentence that explains, e.g. which values are accepted
 
     bool IsEmpty() const;
-    // Takes over what `outer` knows and this context does not: the innermost statement wins. The line belongs
-    // to the file, so it is taken over only together with it or where the file is the same.
+    // Takes over what `outer` knows and this context does not: the innermost statement wins. Records make a
+    // chain, the outer one in front: "type element SNVT_320 > member 'mode'"; a long chain is shown by its
+    // ends. The line belongs to the file, so it is taken over only together with it or where the file is the
+    // same.
     void FillFrom(const ErrorContext& outer);
+    // All of it in one line: `in network variable 1 (nvoState), length "40", at template.ini:12: accepted: 1
+    // to 31 bytes`. Empty for an empty context.
+    std::string Sentence() const;
 };
 
 // The one exception that leaves the library.
@@ -68,15 +73,21 @@ class Error : public std::exception {
     const std::string& Description() const { return description_; }
     const char* Source() const { return kErrorSource; }
     const ErrorContext& Context() const { return context_; }
-    const char* what() const noexcept override { return description_.c_str(); }
+    // The description and the context behind it.
+    const char* what() const noexcept override { return what_.c_str(); }
 
     // For callers that know more about the place than the one that raised; see ErrorContext::FillFrom.
-    void AddContext(const ErrorContext& outer) { context_.FillFrom(outer); }
+    void AddContext(const ErrorContext& outer);
+    // For callers that know what helps: one more sentence behind the reason.
+    void AddReason(const std::string& more);
 
   private:
+    void Tell();
+
     std::int32_t number_;
     std::string description_;
     ErrorContext context_;
+    std::string what_;
 };
 
 // The runtime's message for `error`, e.g. "File not found".

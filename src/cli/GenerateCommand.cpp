@@ -59,12 +59,6 @@ bool LacksCatalog(const Tovarek& component, const Error& error) {
            component.catalogFile() == kUsualCatalogFile;
 }
 
-Error WithReason(const Error& error, std::string reason) {
-    ErrorContext context = error.Context();
-    context.reason = std::move(reason);
-    return {error.Number(), error.Description(), std::move(context)};
-}
-
 // The last level of a folder. When that fails, the first file that is written there tells.
 void CreateFolder(std::string folder) {
     while (!folder.empty() && (folder.back() == '/' || folder.back() == '\\'))
@@ -96,9 +90,10 @@ int RunGenerate(const std::vector<Setting>& settings, OutputFormat format, Strea
         component.Generate();
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
-    } catch (const Error& error) {
-        return ReportError(LacksCatalog(component, error) ? WithReason(error, NoShippedCatalog()) : error,
-                           format, streams, &component.WrittenFiles());
+    } catch (Error& error) {
+        if (LacksCatalog(component, error))
+            error.AddReason(NoShippedCatalog());
+        return ReportError(error, format, streams, &component.WrittenFiles());
     }
     return ReportWritten(component.WrittenFiles(), format, streams);
 }

@@ -31,7 +31,7 @@ Json ContextJson(const ErrorContext& context) {
     put("field", context.field);
     if (!context.field.empty() || !context.value.empty())
         json["value"] = context.value;
-    put("file", context.file);
+    put("file", SystemPath(context.file));
     if (context.line > 0)
         json["line"] = context.line;
     put("reason", context.reason);
@@ -46,7 +46,7 @@ void WriteContext(const ErrorContext& context, std::ostream& out) {
     if (!context.field.empty() || !context.value.empty())
         out << "  value: \"" << OneLine(context.value) << "\"\n";
     if (!context.file.empty()) {
-        out << "  at:    " << OneLine(context.file);
+        out << "  at:    " << OneLine(SystemPath(context.file));
         if (context.line > 0)
             out << ':' << context.line;
         out << '\n';

@@ -34,8 +34,47 @@ void AddTypesOfScope(const CTypes::Types& types, std::int32_t scope, const std::
             ofScope.Add(keyPrefix + std::to_string(type->indexInScope), type.get());
 }
 
+constexpr const char* kWithoutTypes = "a device without types of its own needs mustGenerateTypes false";
+
+// Adds what helps when the inputs of the types are not set. They were not opened when the context has no
+// record.
+void ExplainInputs(Error& error, const std::string& formatFile, const std::string& userTypeFile,
+                   const std::string& userTypeFilePath) {
+    if (error.Number() == eQVXIFerr_errorloadingxmlformatfile && formatFile.empty())
+        error.AddReason(std::string("typeFilesXMLFormat is not set; ") + kWithoutTypes);
+    if (error.Number() != eQVXIFerr_errorloadingusertypefile || !error.Context().record.empty())
+        return;
+    if (userTypeFile.empty())
+        error.AddReason(std::string("the template does not name a user type file (userTypeFile in [general], "
+                                    "USERCPFILE); ") +
+                        kWithoutTypes);
+    else if (userTypeFilePath.empty())
+        error.AddReason(
+            "userTypeFilePath is empty, which stands for the root folder; \".\" is the current one");
+}
+
 std::string ListPath(const TypeFilesSettings& settings) {
     return WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
+}
+
+void WriteTypeFiles(const CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
+                    const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
+                    std::vector<std::string>& writtenFiles) {
+    std::vector<CResFile> files;
+    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
+        ScopeTypes ofScope;
+        AddTypesOfScope(types.unvtTypes, scope, "NV_", ofScope);
+        AddTypesOfScope(types.ucptTypes, scope, "CP_", ofScope);
+        if (!ofScope.empty())
+            GenerateTypeFiles(ofScope, scope, settings, deviceTemplate.programID, catalog, errorHandler,
+                              files, writtenFiles);
+    }
+
+    const std::string path = ListPath(settings);
+    OutputFile list(path);
+    WriteFilesListText(list, files);
+    list.Close();
+    writtenFiles.push_back(path);
 }
 
 }  // namespace
@@ -77,23 +116,19 @@ void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CC
     types.deviceTemplate = &deviceTemplate;
     types.errorHandler = &errorHandler;
     types.catalog = &catalog;
-    types.LoadTypes(formatFile, UserTypeFile(deviceTemplate, userTypeFilePath));
-
-    std::vector<CResFile> files;
-    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
-        ScopeTypes ofScope;
-        AddTypesOfScope(types.unvtTypes, scope, "NV_", ofScope);
-        AddTypesOfScope(types.ucptTypes, scope, "CP_", ofScope);
-        if (!ofScope.empty())
-            GenerateTypeFiles(ofScope, scope, settings, deviceTemplate.programID, catalog, errorHandler,
-                              files, writtenFiles);
+    try {
+        types.LoadTypes(formatFile, UserTypeFile(deviceTemplate, userTypeFilePath));
+    } catch (Error& error) {
+        ExplainInputs(error, formatFile, deviceTemplate.userTypeFile, userTypeFilePath);
+        throw;
     }
-
-    const std::string path = ListPath(settings);
-    OutputFile list(path);
-    WriteFilesListText(list, files);
-    list.Close();
-    writtenFiles.push_back(path);
+    try {
+        WriteTypeFiles(types, deviceTemplate, catalog, errorHandler, settings, writtenFiles);
+    } catch (Error& error) {
+        if (settings.typeFilesDirectory.empty())
+            error.AddReason("typeFilesDirectory is empty, which stands for the root folder");
+        throw;
+    }
 }
 
 }  // namespace tovarek

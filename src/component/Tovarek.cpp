@@ -31,6 +31,21 @@ void SetSource(CTemplate& target, Value CTemplate::*source, const Value& value) 
     target.*source = std::move(kept);
 }
 
+// Profile and template look for their elements alike; what fails says whose name is meant.
+template <class Operation>
+void NamingTheElement(const char* property, const std::string& name, const Operation& operation) {
+    try {
+        operation();
+    } catch (Error& error) {
+        if (error.Number() == eQVXIFerr_xmlnodenotfoundintemplatefile) {
+            error.AddContext({.field = property, .value = name});
+            if (name.empty())
+                error.AddReason(std::string(property) + " is not set: give it the name of the element");
+        }
+        throw;
+    }
+}
+
 }  // namespace
 
 Tovarek::Tovarek() : clock_(SystemClock()) {}
@@ -83,7 +98,7 @@ void Tovarek::Generate() {
     try {
         template_.errorHandler = &errorHandler_;
         template_.catalog = &catalog_;
-        template_.Load();
+        NamingTheElement("xmlTemplateNodeName", template_.xmlNodeName, [&] { template_.Load(); });
         template_.VerifyData();
         if (addNameInCpString_)
             template_.AddNameInCp();
@@ -107,7 +122,8 @@ void Tovarek::GenerateTypeFiles() {
 
 void Tovarek::GenerateXif() {
     profile_.errorHandler = &errorHandler_;
-    WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_);
+    NamingTheElement("xmlProfileNodeName", profile_.xmlNodeName,
+                     [&] { WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_); });
     writtenFiles_.push_back(outputXIFfile_);
 }
 

@@ -331,9 +331,9 @@ std::int32_t QVxTypes::DescribeFloat(const TypeElement& element, std::optional<d
     return impl_->Describe(element, TypeKind::floatingPoint, [&](TypeDescription& type) -> Outcome {
         type = NumberOfKind(TypeKind::floatingPoint);
         if (minimum && !ToFloat(*minimum, type.floatMinimum))
-            return Failure(resultBadMinimum, "the minimum is no single-precision number");
+            return Failure(resultBadMinimum, "the minimum is not a single-precision number");
         if (maximum && !ToFloat(*maximum, type.floatMaximum))
-            return Failure(resultBadMaximum, "the maximum is no single-precision number");
+            return Failure(resultBadMaximum, "the maximum is not a single-precision number");
         if (type.floatMinimum > type.floatMaximum)
             return Failure(resultBadMinimum, "the minimum is greater than the maximum");
         return {};

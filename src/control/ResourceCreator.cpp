@@ -15,12 +15,17 @@ namespace {
 
 constexpr std::size_t kLongestHeaderText = 255;
 
-// The folder must be there already, and the path must not be a folder itself.
-bool IsUsablePath(const std::string& path) {
+// Why no file can be created at `path`, empty when one can: the folder must be there already, and the path
+// must not be a folder itself.
+std::string PathFault(const std::string& path) {
     const std::string folder = FolderOf(path);
-    if (path.empty() || folder == path || FolderExists(path))
-        return false;
-    return folder.empty() || FolderExists(folder);
+    if (path.empty() || folder == path)
+        return "the path \"" + SystemPath(path) + "\" does not name a file";
+    if (FolderExists(path))
+        return "\"" + SystemPath(path) + "\" is a folder, and a file of this name is to be written";
+    if (!folder.empty() && !FolderExists(folder))
+        return "there is no folder \"" + SystemPath(folder) + "\"; create it or choose another one";
+    return {};
 }
 
 // The file that declares a set's enumerations: the set's base name and ".h".
@@ -62,7 +67,7 @@ Outcome ResourceCreator::SetScope(std::int32_t scope) {
 
 Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
     if (file_)
-        return Failure(resultFileAlreadyOpened, "\"" + file_->path + "\" is open");
+        return Failure(resultFileAlreadyOpened, "\"" + SystemPath(file_->path) + "\" is open");
     if (handle_ == 0 || request.handle != handle_)
         return Failure(resultBadParam, "the handle is not that of the current resource set");
     if (request.reserved != -1 || request.descriptionText != RowOf(request.kind).descriptionText ||
@@ -72,8 +77,8 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         return Failure(resultBadScope, "no scope of 0 to 6 is set");
     if (request.programId.size() != 16 || !FromHex(request.programId))
         return Failure(resultBadProgramId, "a program ID has 16 hexadecimal digits");
-    if (!IsUsablePath(request.path))
-        return Failure(resultErrorOpenFile, "\"" + request.path + "\" cannot be created there");
+    if (std::string fault = PathFault(request.path); !fault.empty())
+        return Failure(resultErrorOpenFile, std::move(fault));
     if (request.majorVersion < 0 || request.majorVersion > 65535 || request.minorVersion < 0 ||
         request.minorVersion > 255)
         return Failure(resultErrorSettingVersion, "versions are 0 to 65535 and 0 to 255");

@@ -28,7 +28,8 @@ Outcome ReadWhole(const std::string& path, std::string& bytes, std::uint64_t lim
         bytes = ReadFile(path, limit);
         return {};
     } catch (const Error& error) {
-        return Failure(resultErrorOpenFile, "\"" + path + "\" cannot be read: " + error.Description());
+        return Failure(resultErrorOpenFile,
+                       "\"" + SystemPath(path) + "\" cannot be read: " + error.Description());
     }
 }
 
@@ -155,7 +156,7 @@ Outcome StandardCatalog::Impl::OpenTypes(const std::string& typePath) {
     if (opened.Ok() && view.Header().scope != 0)
         opened = Failure(resultBadScope, "its scope is not 0");
     if (!opened.Ok())
-        opened.reason = "\"" + path + "\" is no standard set: " + opened.reason;
+        opened.reason = "\"" + SystemPath(path) + "\" does not hold a standard set: " + opened.reason;
     return opened;
 }
 

@@ -130,7 +130,7 @@ void CTemplate::LoadTemplateFromIni() {
         ReadNvs(*text, iniFile, numberStaticNvs, nvs);
     } catch (Error& error) {
         error.AddContext(
-            {.record = "section [nvs]",
+            {.record = error.Context().record.empty() ? "section [nvs]" : "",
              .field = "arraySize",
              .file = iniFile,
              .reason = "the array sizes add up to more entries of the variable table than can be counted"});

@@ -98,6 +98,7 @@ class CType {
     std::string rawInitValue;  // hexadecimal, two digits a byte; configuration-property types only
     std::string rawMinValue;
     std::string rawMaxValue;
+    std::shared_ptr<const ErrorContext> place;  // of a type of its own: whose it is, and where it is defined
     std::shared_ptr<const RawValuePlace> rawValuePlace;  // none: not known
     std::string enumName;
     std::shared_ptr<std::vector<CEnumValue>>

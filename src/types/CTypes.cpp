@@ -49,11 +49,14 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
 }
 
 void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
-    const auto add = [&](const TypeRequest& request, const auto& record, std::size_t position) {
+    const auto add = [&](TypeRequest request, const auto& record, std::size_t position) {
+        request.origin = RecordTitle(record, position);
         try {
             AddType(definitions, request);
         } catch (Error& error) {
-            error.AddContext({.record = RecordTitle(record, position)});
+            error.AddContext({.record = request.origin});
+            if (error.Number() == eQVXIFerr_typenotfoundinformatfile)
+                error.AddContext({.value = std::to_string(request.formatNumber), .file = definitions.Path()});
             throw;
         }
     };
@@ -92,16 +95,19 @@ void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request)
     type->name = request.name;
     if (type->name.empty() && definition.name)
         type->name = (request.isUnvt ? "UNVT__" : "UCPT__") + *definition.name;
+    ErrorContext place{.record = "type element " + definitions.ElementName(request.formatNumber) +
+                                 (type->name.empty() ? "" : " '" + type->name + "'"),
+                       .file = definitions.Path(),
+                       .line = definition.content.line};
+    place.FillFrom({.record = request.origin});
+    type->place = std::make_shared<const ErrorContext>(std::move(place));
     try {
         if (!Complete(*type, request))
             return;
         if (!request.isUnvt)
             FillRawValues(*type, request);
     } catch (Error& error) {
-        error.AddContext({.record = "type element " + definitions.ElementName(request.formatNumber) +
-                                    (type->name.empty() ? "" : " '" + type->name + "'"),
-                          .file = definitions.Path(),
-                          .line = definition.content.line});
+        error.AddContext(*type->place);
         throw;
     }
     const std::string key = Key(type->scope, type->indexInScope);

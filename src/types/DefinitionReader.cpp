@@ -7,6 +7,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -105,9 +106,12 @@ const TypeDefinition& DefinitionReader::Read(std::int32_t number) {
 void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
     const auto element = file_.elements.find(file_.ElementName(number));
     if (element == file_.elements.end()) {
-        ErrorContext context = origin ? Place(origin) : ErrorContext{.file = file_.path};
-        context.value = std::to_string(number);
-        context.reason = "the format file has no element <" + file_.ElementName(number) + ">";
+        ErrorContext context;
+        if (origin) {
+            context = Place(origin);
+            context.value = Excerpt(tools_.nodeTextValue(origin));
+        }
+        context.reason = MissingReason(number);
         file_.errorHandler.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
     }
     if (levels_.size() > kDeepestMember)
@@ -122,6 +126,20 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
                 .shortName = std::string(WithoutPrefix(element->second.Name(), kElementPrefixes))};
     file_.definitions[readsScope_ ? 1 : 0][number] = std::move(definition);
     levels_.push_back(std::move(level));
+}
+
+// Why the file has no element for the number, as far as the file shows it.
+std::string DefinitionReader::MissingReason(std::int32_t number) const {
+    const std::string name = file_.ElementName(number);
+    if (!file_.first.IsElement())
+        return std::string(file_.first.Kind() == XmlNodeKind::comment ? "a comment" : "a declaration") +
+               " stands in front of the root of " + SystemPath(file_.path) +
+               ", so that no type is seen; begin the file with its root element";
+    if (file_.elements.contains(UpperCase(name)))
+        return "element names are compared in capitals, so the prefix must be '" + UpperCase(file_.prefix) +
+               "', not '" + file_.prefix + "' (typeFilesXMLPrefix)";
+    return "the format file " + SystemPath(file_.path) + " has no element <" + name +
+           ">; add it or correct the number";
 }
 
 void DefinitionReader::ReadMember() {

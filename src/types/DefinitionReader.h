@@ -35,6 +35,7 @@ class DefinitionReader {
     static const ChildRule kChildRules[];
 
     void Enter(std::int32_t number, const XmlNode& origin);
+    std::string MissingReason(std::int32_t number) const;
     void ReadMember();
     void AddMember(std::string name, const TypeDefinition& definition);
     void Leave();

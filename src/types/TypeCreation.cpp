@@ -37,6 +37,21 @@ std::optional<double> FloatLimit(bool isGiven, double limit) {
     return isGiven ? std::optional<double>(limit) : std::nullopt;
 }
 
+// Of a limit that the control refuses the element is known.
+void RefuseDescription(std::int32_t code, const CType& type, const QVxTypes& control,
+                       const CErrorHandler& errorHandler) {
+    try {
+        RaiseControlError(code, {}, control, errorHandler);
+    } catch (Error& error) {
+        if (code == resultBadMinimum)
+            error.AddContext({.field = "MIN", .value = DoubleToText(type.minValue)});
+        if (code == resultBadMaximum)
+            error.AddContext({.field = "MAX", .value = DoubleToText(type.maxValue)});
+        error.AddContext({.line = type.line});
+        throw;
+    }
+}
+
 }  // namespace
 
 void CType::AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
@@ -120,7 +135,8 @@ void CType::CreateEnums(CCatalog& catalog, const CErrorHandler& errorHandler, Cr
 void CType::CreateType(CCatalog& catalog, const CErrorHandler& errorHandler, bool isFirst) const {
     if (isFirst)
         StartType(catalog, errorHandler);
-    CheckControl(Describe(catalog.types), {}, catalog.types, errorHandler);
+    if (const std::int32_t code = Describe(catalog.types); code != resultOk)
+        RefuseDescription(code, *this, catalog.types, errorHandler);
     if (!isReference() && HasMembers()) {
         for (const CType& member : elements) {
             try {

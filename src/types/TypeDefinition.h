@@ -46,6 +46,7 @@ struct DefinitionTable {
     std::string path;
     std::string prefix;  // type elements are called this and a number
     const CErrorHandler& errorHandler;
+    XmlNode first;                                      // of the document; the root, whatever it is
     std::unordered_map<std::string, XmlNode> elements;  // by upper-cased name
     // By format number, once for each answer to whether SCOPE elements count.
     std::unordered_map<std::int32_t, std::unique_ptr<TypeDefinition>> definitions[2];

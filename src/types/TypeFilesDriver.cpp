@@ -87,7 +87,12 @@ class TypeFilesDriver {
         try {
             WriteContent(kind);
         } catch (Error& error) {
-            error.AddContext({.record = name, .file = path_});
+            // Of a type or a property the input tells, not the output.
+            if (error.Context().field == "localeID")
+                error.AddContext(
+                    {.record = "property localeID", .value = std::to_string(settings_.localeID)});
+            else
+                error.AddContext({.record = error.Context().record.empty() ? name : "", .file = path_});
             throw;
         }
         writtenFiles_.push_back(path_);
@@ -204,9 +209,12 @@ class TypeFilesDriver {
         try {
             operation();
         } catch (Error& error) {
-            error.AddContext(
-                {.record = std::string(type.isUnvt ? kNetworkVariables.title : kProperties.title) + " " +
-                           std::to_string(type.indexInScope) + " '" + type.name + "'"});
+            if (type.place)
+                error.AddContext(*type.place);
+            else
+                error.AddContext(
+                    {.record = std::string(type.isUnvt ? kNetworkVariables.title : kProperties.title) + " " +
+                               std::to_string(type.indexInScope) + " '" + type.name + "'"});
             throw;
         }
     }

@@ -75,6 +75,19 @@ ErrorContext PlaceOfRawValue(const XmlNode& node, RawValueKind which) {
     return place;
 }
 
+// The element that names the definition of the type `node`; of several the last one counts.
+ErrorContext PlaceOfDefinition(const XmlNode& node) {
+    ErrorContext place;
+    ForEachElement(node, [&](const XmlNode& child) {
+        if (UpperCase(child.Name()) == "SNVTTYPE")
+            place = {.field = child.Name(),
+                     .value = Excerpt(CTools().nodeTextValue(child)),
+                     .file = node.File(),
+                     .line = child.Line()};
+    });
+    return place;
+}
+
 class UserTypeFileReader {
   public:
     UserTypeFileReader(const std::string& programID, const CErrorHandler& errorHandler,
@@ -110,10 +123,14 @@ class UserTypeFileReader {
         ReadChildren(node, request);
         if (!isUnvt)
             request.rawValuePlace = [node](RawValueKind which) { return PlaceOfRawValue(node, which); };
+        request.origin = "type <" + name + ">";
         request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
         try {
             add_(request);
         } catch (Error& error) {
+            // Of a number without a definition the file tells where it stands.
+            if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty())
+                error.AddContext(PlaceOfDefinition(node));
             error.AddContext({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
             throw;
         }

@@ -23,6 +23,7 @@ struct TypeRequest {
     RawValuePlace rawValuePlace;  // of a configuration-property type
     bool onlyScope6 = false;      // dropped when its definition puts it into another scope
     bool fromUserTypeFile = false;
+    std::string origin;  // who wants it, for messages
 };
 
 // Reads the file and gives `add` each type that applies to the device with this program ID, in the order of

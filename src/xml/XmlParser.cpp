@@ -127,7 +127,7 @@ std::string DtdText(const std::string& document, const std::string& name) {
         throw XmlFault{"is not a file beside the document"};
     // A device or a pipe could keep us waiting for good.
     if (!FileExists(*path))
-        throw XmlFault{"cannot be read: there is no file " + *path};
+        throw XmlFault{"cannot be read: there is no file " + SystemPath(*path)};
     try {
         std::string text = XmlText(ReadFile(*path));
         CheckSize(text);

@@ -68,7 +68,7 @@ std::string Decode(std::string_view bytes, std::string_view encoding, Next&& nex
             std::string reason = "the bytes";
             for (std::size_t i = start; i < position; ++i)
                 AppendHex(reason += " 0x", ByteAt(bytes, i), 2);
-            throw XmlFault{reason + " are no character in " + std::string(encoding), line};
+            throw XmlFault{reason + " do not make a character in " + std::string(encoding), line};
         }
         if (character == '\n' && std::exchange(isAfterReturn, false))
             continue;

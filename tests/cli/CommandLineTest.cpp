@@ -215,6 +215,53 @@ TEST_F(CommandLine, AFailedRunListsWhatItHadWritten) {
     EXPECT_TRUE(early["written"].is_array() && early["written"].empty()) << early;
 }
 
+// What a newcomer gets wrong around the types: the message tells what happened and what to do.
+TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
+    const std::string xml =
+        "<D><PROGRAMID>9000010A0B040100</PROGRAMID>%<NVS><nvoA><DIRECTION>OUTPUT</DIRECTION>"
+        "<SNVTTYPE>300</SNVTTYPE><LENGTH>1</LENGTH></nvoA></NVS></D>";
+    const auto with = [&](const char* user) {
+        std::string text = xml;
+        return text.replace(text.find('%'), 1, user);
+    };
+    const std::string type =
+        "<SNVT_300><TYPE>UNSIGNEDNUMERIC</TYPE><LENGTH>1</LENGTH><NAME>a</NAME></SNVT_300>";
+    scratch_.File("user.xml", "<UCPTS/>");
+    const std::string named = scratch_.File("t.xml", with("<USERCPFILE>user.xml</USERCPFILE>"));
+    const std::string unnamed = scratch_.File("u.xml", with(""));
+    const std::string good = scratch_.File("f.xml", "<F>" + type + "</F>");
+    using Options = std::vector<std::string>;
+    const std::pair<Options, const char*> rows[] = {
+        {{"--typeFilesXMLFormat", scratch_.File("d.xml", "<?xml version=\"1.0\"?><F>" + type + "</F>")},
+         "a declaration stands in front of the root"},
+        {{"--typeFilesXMLFormat", scratch_.File("c.xml", "<!-- mine --><F>" + type + "</F>")},
+         "a comment stands in front of the root"},
+        {{"--typeFilesXMLPrefix", "snvt_"}, "the prefix must be 'SNVT_', not 'snvt_'"},
+        {{"--userTypeFilePath", ""}, "userTypeFilePath is empty, which stands for the root folder"},
+        {{"--typeFilesXMLFormat", ""}, "needs mustGenerateTypes false"},
+        {{"--xmlTemplateFile", unnamed}, "the template does not name a user type file"},
+        {{"--xmlTemplateNodeName", ""}, "xmlTemplateNodeName is not set"},
+        {{"--typeFilesDirectory", scratch_.Path("no/deeper")}, "; create it or choose another one"},
+        {{"--mustGenerateTypes", "false", "--xmlProfileFile", named}, "xmlProfileNodeName is not set"},
+        {{"--localeID", "99999"}, "  value: \"99999\"\n  why:"},
+    };
+    for (const auto& [options, hint] : rows) {
+        Options all = {"--xmlTemplateFile",     named,
+                       "--xmlTemplateNodeName", "D",
+                       "--mustGenerateTypes",   "true",
+                       "--typeFilesXMLFormat",  good,
+                       "--typeFilesDirectory",  scratch_.Path("types"),
+                       "--userTypeFilePath",    scratch_.Folder()};
+        all.insert(all.end(), options.begin(), options.end());
+        const Answer run = Generate(all);
+        EXPECT_EQ(run.status, 1) << hint;
+        EXPECT_NE(run.error.find(hint), std::string::npos) << hint << '\n' << run.error;
+#ifndef _WIN32
+        EXPECT_EQ(run.error.find('\\'), std::string::npos) << "paths can be pasted\n" << run.error;
+#endif
+    }
+}
+
 TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     const char* jobs[] = {
         "",

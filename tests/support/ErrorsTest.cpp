@@ -84,6 +84,25 @@ TEST(ErrorContextTest, TheInnermostStatementWins) {
     EXPECT_EQ(inner.record, "nv 1");
     EXPECT_EQ(inner.field, "direction");
     EXPECT_EQ(inner.line, 0) << "a line of another file says nothing";
+    inner.FillFrom({.record = "device", .line = 0});
+    inner.FillFrom({.record = "device"});
+    EXPECT_EQ(inner.record, "device > nv 1") << "records make a chain, each once";
+    for (int i = 0; i < 1000; ++i)
+        inner.FillFrom({.record = "member " + std::to_string(i)});
+    EXPECT_TRUE(inner.record.starts_with("member 999 > ") && inner.record.ends_with(" > nv 1"))
+        << inner.record;
+    EXPECT_LT(inner.record.size(), 400U);
+}
+
+TEST(ErrorContextTest, WhatTellsTheContextToo) {
+    Error error(eQVXIFerr_nvlength, "Bad.",
+                {.field = "length", .value = "40", .reason = "accepted: 1 to 31"});
+    EXPECT_STREQ(error.what(), "Bad. [length \"40\": accepted: 1 to 31]");
+    error.AddContext({.record = "nv 1", .file = "t.ini", .line = 12});
+    error.AddReason("mend it");
+    EXPECT_STREQ(error.what(), "Bad. [in nv 1, length \"40\", at t.ini:12: accepted: 1 to 31; mend it]");
+    EXPECT_EQ(error.Description(), "Bad.");
+    EXPECT_STREQ(Error(6, "Overflow").what(), "Overflow");
 }
 
 }  // namespace

@@ -87,18 +87,18 @@ TEST(XmlText, LineEndsBecomeOneAndBadBytesTellTheirLine) {
     EXPECT_EQ(TextOf("a\r\nb\rc\n\r\rd\r"), "a\nb\nc\n\n\nd\n");
     EXPECT_EQ(TextOf(ToUtf16("<a\r\n\r>", true)), "<a\n\n>");
     const std::pair<std::string, const char*> rows[] = {
-        {"a\r\n\rb\xFF", "! 3 the bytes 0xFF are no character in UTF-8"},
-        {"\xED\xA0\x80", "! 1 the bytes 0xED are no character in UTF-8"},
-        {std::string("<a>\n\0</a>", 9), "! 2 the bytes 0x00 are no character in UTF-8"},
-        {std::string("<\0\0\xD8", 4), "! 1 the bytes 0x00 0xD8 are no character in UTF-16"},
-        {std::string("<\0\0\xD8>\0", 6), "! 1 the bytes 0x00 0xD8 are no character in UTF-16"},
-        {std::string("<\0\n\0>", 5), "! 2 the bytes 0x3E are no character in UTF-16"},
-        {Declared("US-ASCII", "\n\xC3\xA9"), "! 2 the bytes 0xC3 are no character in US-ASCII"},
-        {Declared("windows-1253", "\xD2"), "! 1 the bytes 0xD2 are no character in windows-1253"},
-        {Declared("sjis", "\xA0"), "! 1 the bytes 0xA0 are no character in Shift_JIS"},
-        {Declared("EUC-KR", "\n\xB0"), "! 2 the bytes 0xB0 are no character in EUC-KR"},
-        {Declared("GBK", "\xFF\xFF"), "! 1 the bytes 0xFF 0xFF are no character in GB2312"},
-        {Declared("Big5", "\xA4 "), "! 1 the bytes 0xA4 0x20 are no character in Big5"},
+        {"a\r\n\rb\xFF", "! 3 the bytes 0xFF do not make a character in UTF-8"},
+        {"\xED\xA0\x80", "! 1 the bytes 0xED do not make a character in UTF-8"},
+        {std::string("<a>\n\0</a>", 9), "! 2 the bytes 0x00 do not make a character in UTF-8"},
+        {std::string("<\0\0\xD8", 4), "! 1 the bytes 0x00 0xD8 do not make a character in UTF-16"},
+        {std::string("<\0\0\xD8>\0", 6), "! 1 the bytes 0x00 0xD8 do not make a character in UTF-16"},
+        {std::string("<\0\n\0>", 5), "! 2 the bytes 0x3E do not make a character in UTF-16"},
+        {Declared("US-ASCII", "\n\xC3\xA9"), "! 2 the bytes 0xC3 do not make a character in US-ASCII"},
+        {Declared("windows-1253", "\xD2"), "! 1 the bytes 0xD2 do not make a character in windows-1253"},
+        {Declared("sjis", "\xA0"), "! 1 the bytes 0xA0 do not make a character in Shift_JIS"},
+        {Declared("EUC-KR", "\n\xB0"), "! 2 the bytes 0xB0 do not make a character in EUC-KR"},
+        {Declared("GBK", "\xFF\xFF"), "! 1 the bytes 0xFF 0xFF do not make a character in GB2312"},
+        {Declared("Big5", "\xA4 "), "! 1 the bytes 0xA4 0x20 do not make a character in Big5"},
     };
     for (const auto& [bytes, fault] : rows)
         EXPECT_EQ(TextOf(bytes), fault);

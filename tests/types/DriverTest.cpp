@@ -291,7 +291,12 @@ TEST(Driver, FaultsOfTheControlNameTypeAndReason) {
         EXPECT_EQ(error->Number(), c.error) << c.what << ": " << error->Description();
         EXPECT_FALSE(error->Context().reason.empty()) << c.what;
         EXPECT_FALSE(error->Context().record.empty()) << c.what;
-        EXPECT_EQ(error->Context().file, device.settings.typeFilesDirectory + "\\node_6.typ") << c.what;
+        // The input is told, from the variable on, not the output.
+        EXPECT_TRUE(error->Context().file.ends_with("format.xml")) << error->Context().file;
+        EXPECT_GT(error->Context().line, 0) << c.what;
+        EXPECT_TRUE(error->Context().record.starts_with("network variable 1 ")) << error->Context().record;
+        EXPECT_NE(error->Context().record.find(" > type element SNVT_300 '"), std::string::npos)
+            << error->Context().record;
         // The control is ready for the next call.
         device.WriteFiles(
             kElements +

@@ -52,7 +52,8 @@ std::string NotBegun(const KindRow& row) {
 std::string WhyUnknown(std::string_view bytes, const std::string& extension) {
     if (bytes.empty())
         return "the file is empty";
-    std::string expected = "it is no language, type, profile or format file, no catalog of ours and no XIF";
+    std::string expected =
+        "the content is not that of a language, type, profile or format file, of a catalog or of an XIF file";
     for (const KindRow& row : kKinds)
         if (row.extension == extension && !row.magic.empty())
             expected = NotBegun(row);
