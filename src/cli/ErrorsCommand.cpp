@@ -86,6 +86,7 @@ bool IsCalled(const ListedError& error, const std::string& word) {
 int RefuseWord(const std::string& word, const std::vector<ListedError>& all, OutputFormat format,
                Streams streams) {
     std::vector<std::string> names;
+    names.reserve(all.size());
     for (const ListedError& error : all)
         names.push_back(error.name.starts_with(kNamePrefix) ? error.name.substr(kNamePrefix.size())
                                                             : error.name);
