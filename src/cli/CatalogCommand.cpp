@@ -143,6 +143,7 @@ std::string NoTypeReason(const std::string& word, const std::vector<CatalogType>
     constexpr std::size_t kMostNames = 12;
     if (named.empty()) {
         std::vector<std::string> names;
+        names.reserve(types.size());
         for (const CatalogType& type : types)
             names.push_back(type.entry.name);
         const std::string near = DidYouMean(word, names);
