@@ -23,8 +23,7 @@ struct CNv {
     std::int32_t synchronized = 0;          // flag
     std::int32_t configuration = 0;         // flag
     std::string selfdoc;
-    std::int32_t index =
-        0;  // of the variable's first entry in the variable table, from 0; set by the loaders
+    std::int32_t index = 0;      // of its first entry in the variable table, from 0; by the loaders
     std::int32_t typeIndex = 0;  // standard type, 1 to 255; 0 = none
     std::int32_t length = 0;     // bytes of one element
     std::int32_t unvtType = 0;   // user type; validation moves type numbers above 255 here

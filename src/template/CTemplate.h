@@ -10,13 +10,21 @@
 #include "support/Findings.h"
 #include "template/CCp.h"
 #include "template/CNv.h"
-#include "template/CTag.h"
 #include "types/catalog/CCatalog.h"
 #include "xml/Xml.h"
 
 namespace tovarek {
 
 struct TemplateSource;
+
+struct CTag {
+    std::string name;
+    std::int32_t avgRate = 0;   // encoded rate, 0 = not given
+    std::int32_t maxRate = 0;   // encoded rate, 0 = not given
+    std::int32_t bindable = 1;  // flag
+    std::int32_t index = 0;     // position in the file, from 0
+    int line = 0;               // of the XML element, for error messages; 0 = unknown
+};
 
 class CTemplate {
   public:
