@@ -6,6 +6,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace tovarek {
 
@@ -89,6 +90,21 @@ class Error : public std::exception {
     ErrorContext context_;
     std::string what_;
 };
+
+// What `operation` answers. To an error on its way out the context that `place` answers is added; it is asked
+// only then, with the error where it takes one.
+template <class Place, class Operation>
+decltype(auto) WithContext(const Place& place, const Operation& operation) {
+    try {
+        return operation();
+    } catch (Error& error) {
+        if constexpr (std::is_invocable_v<const Place&, const Error&>)
+            error.AddContext(place(error));
+        else
+            error.AddContext(place());
+        throw;
+    }
+}
 
 // The runtime's message for `error`, e.g. "File not found".
 const char* RuntimeErrorMessage(RuntimeError error);

@@ -42,6 +42,8 @@ class CProfile : public ProfileValues {
     void LoadFromIni();
     void LoadFromXif();
     void LoadFromXmlNode(const XmlNode& profile);
+    // The number that `text` begins with, as the value of the field.
+    void Store(const ProfileField& field, std::string_view text);
     // The context of a value that was refused; `read` is what it was taken for.
     ErrorContext ContextOfFault(const ProfileField& field, std::string_view read,
                                 const Expected& expected) const;

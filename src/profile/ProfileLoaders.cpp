@@ -12,17 +12,6 @@
 namespace tovarek {
 namespace {
 
-// `context` tells where the number stands; it is asked only when the number is refused.
-template <class Context>
-std::int32_t ProfileInt32(const std::string& text, const Context& context) {
-    try {
-        return RoundToInt32(LeadingProfileNumber(text));
-    } catch (Error& error) {
-        error.AddContext(context());
-        throw;
-    }
-}
-
 // The lines of a file that ends its lines in CR LF, CR or LF, one after the other.
 class LineReader {
   public:
@@ -115,6 +104,11 @@ void CProfile::LoadFromIni() {
     }
 }
 
+void CProfile::Store(const ProfileField& field, std::string_view text) {
+    this->*field.value = WithContext([&] { return ContextOfFault(field, {}, {}); },
+                                     [&] { return RoundToInt32(LeadingProfileNumber(text)); });
+}
+
 void CProfile::LoadFromXif() {
     const std::string bytes = ReadFile(xifFile);
     LineReader lines(bytes, xifFile);
@@ -146,7 +140,7 @@ void CProfile::LoadFromXif() {
             std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
             std::string& kept = tokens_[static_cast<std::size_t>(field - kProfileFields.data())];
             kept = std::move(token);
-            this->*field->value = ProfileInt32(kept, [&] { return ContextOfFault(*field, {}, {}); });
+            Store(*field, kept);
         }
     }
 }
@@ -175,8 +169,7 @@ void CProfile::LoadFromXmlNode(const XmlNode& profile) {
         } else if (const ProfileField* field = FieldOfElement(line, name)) {
             const auto index = static_cast<std::size_t>(field - kProfileFields.data());
             elements_[index] = visit.node;
-            this->*field->value = ProfileInt32(CTools().nodeTextValue(visit.node),
-                                               [&] { return ContextOfFault(*field, {}, {}); });
+            Store(*field, CTools().nodeTextValue(visit.node));
         }
         pending.push_back({visit.node.FirstChild(), line});
     }

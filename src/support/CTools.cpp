@@ -62,6 +62,24 @@ ErrorContext MissingElement(const XmlNode& start, const std::string& file, const
 
 }  // namespace
 
+XmlNode FirstNodeOf(const std::string& path, eErrors unloaded, const CErrorHandler& errorHandler) {
+    const XmlDocument document(path);
+    if (!document.IsLoaded())
+        errorHandler.RaiseError(unloaded,
+                                {.file = path, .line = document.Line(), .reason = document.Reason()});
+    return document.FirstNode();
+}
+
+std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text, std::string_view field) {
+    const auto place = [&] {
+        return ErrorContext{.field = field.empty() ? element.Name() : std::string(field),
+                            .value = Excerpt(text),
+                            .file = element.File(),
+                            .line = element.Line()};
+    };
+    return WithContext(place, [&] { return LeadingInt32(text); });
+}
+
 std::string CTools::ExtractFile(std::string_view path, bool removeExtension) const {
     const std::size_t separator = path.find_last_of(kSeparators);
     if (separator == std::string_view::npos)
@@ -79,15 +97,11 @@ std::string CTools::ExtractPath(std::string_view path) const {
 
 XmlNode CTools::SearchXmlNode(const std::string& xmlFile, const std::string& nodeName,
                               const CErrorHandler& errorsHandler, const char* property) const {
-    const XmlDocument document(xmlFile);
-    if (!document.IsLoaded())
-        errorsHandler.RaiseError(eQVXIFerr_errorloadingxmltemplatefile,
-                                 {.file = xmlFile, .line = document.Line(), .reason = document.Reason()});
-    XmlNode found =
-        FindElement(document.FirstNode(), [&](const XmlNode& element) { return element.Name() == nodeName; });
+    const XmlNode first = FirstNodeOf(xmlFile, eQVXIFerr_errorloadingxmltemplatefile, errorsHandler);
+    XmlNode found = FindElement(first, [&](const XmlNode& element) { return element.Name() == nodeName; });
     if (!found)
         errorsHandler.RaiseError(eQVXIFerr_xmlnodenotfoundintemplatefile,
-                                 MissingElement(document.FirstNode(), xmlFile, nodeName, property));
+                                 MissingElement(first, xmlFile, nodeName, property));
     return found;
 }
 

@@ -6,6 +6,11 @@
 
 namespace tovarek {
 
+// Characters of absent values that are completed with zeros, in all the properties of one template and, apart
+// from these, in all the types of one device. A length of a few digits may ask for gigabytes; what no device
+// can hold ends as "out of memory" before memory does.
+inline constexpr std::int64_t kMostZeros = std::int64_t{64} * 1024 * 1024;
+
 struct CCp {
     // Takes scope, type number in the scope, length and array size from the declaration. Stops in silence at
     // the first separator that is missing. A number beyond 32 bits is runtime error 6.

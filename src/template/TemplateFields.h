@@ -36,6 +36,10 @@ std::span<const RecordField<CNv>> NvFields();
 std::span<const RecordField<CTag>> TagFields();
 std::span<const RecordField<CCp>> CpFields();
 
+// Why a template is refused whose array sizes cannot be summed up.
+inline constexpr const char* kTooManyEntries =
+    "the array sizes add up to more entries of the variable table than can be counted";
+
 // The one field whose XML form is a word: "INPUT" is 0, everything else 1.
 inline constexpr std::string_view kDirectionElement = "DIRECTION";
 

@@ -73,20 +73,18 @@ void ReadNvs(const IniText& text, const std::string& file, std::int32_t count, s
         CNv& nv = nvs.emplace_back();
         nv.index = index;
         ReadRecord(text, number, section, nv);
-        try {
-            index = AddChecked(index, TableEntries(nv.arraySize));
-        } catch (Error& error) {
-            error.AddContext(
-                {.record = RecordTitle(nv, nvs.size() - 1),
-                 .value = std::to_string(nv.arraySize),
-                 .file = file,
-                 .line = text.LineOf(std::string(RecordNames<CNv>::iniPrefix) + std::to_string(number),
-                                     "arraySize")});
-            throw;
-        }
+        const auto place = [&] {
+            return ErrorContext{
+                .record = RecordTitle(nv, nvs.size() - 1),
+                .value = std::to_string(nv.arraySize),
+                .file = file,
+                .line = text.LineOf(std::string(RecordNames<CNv>::iniPrefix) + std::to_string(number),
+                                    "arraySize")};
+        };
+        WithContext(place, [&] { index = AddChecked(index, TableEntries(nv.arraySize)); });
     }
     if (count > read && index + EntriesBehind(text, read, count) > INT32_MAX)
-        RaiseRuntimeError(RuntimeError::overflow);
+        RaiseRuntimeError(RuntimeError::overflow, {.record = "section [nvs]"});
 }
 
 void ReadTags(const IniText& text, std::int32_t count, std::vector<CTag>& tags) {
@@ -126,16 +124,10 @@ void CTemplate::LoadTemplateFromIni() {
         else
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
-    try {
-        ReadNvs(*text, iniFile, numberStaticNvs, nvs);
-    } catch (Error& error) {
-        error.AddContext(
-            {.record = error.Context().record.empty() ? "section [nvs]" : "",
-             .field = "arraySize",
-             .file = iniFile,
-             .reason = "the array sizes add up to more entries of the variable table than can be counted"});
-        throw;
-    }
+    const auto place = [&] {
+        return ErrorContext{.field = "arraySize", .file = iniFile, .reason = kTooManyEntries};
+    };
+    WithContext(place, [&] { ReadNvs(*text, iniFile, numberStaticNvs, nvs); });
     ReadTags(*text, numberOfMessageTags, tags);
     ReadCps(*text, numberOfCps, cps);
 }

@@ -110,17 +110,8 @@ class XmlTemplateLoader {
     // `title` names the record; it is asked only when the number is refused.
     template <class Title>
     std::int32_t Number(const XmlNode& element, std::string_view field, const Title& title) {
-        const std::string text = tools_.nodeTextValue(element);
-        try {
-            return LeadingInt32(text);
-        } catch (Error& error) {
-            error.AddContext({.record = title(),
-                              .field = std::string(field),
-                              .value = Excerpt(text),
-                              .file = element.File(),
-                              .line = element.Line()});
-            throw;
-        }
+        return WithContext([&] { return ErrorContext{.record = title()}; },
+                           [&] { return IntegerOfElement(element, tools_.nodeTextValue(element), field); });
     }
 
     void SetIndex(CNv& nv) const { nv.index = nvIndex_; }
@@ -129,17 +120,13 @@ class XmlTemplateLoader {
 
     // A variable's array size is known only behind its children.
     void CountEntries(const CNv& nv) {
-        try {
-            nvIndex_ = AddChecked(nvIndex_, std::max(nv.arraySize, 1));
-        } catch (Error& error) {
-            error.AddContext(
-                {.record = RecordTitle(nv, template_.nvs.size() - 1),
-                 .field = "ARRAYSIZE",
-                 .line = nv.line,
-                 .reason =
-                     "the array sizes add up to more entries of the variable table than can be counted"});
-            throw;
-        }
+        const auto place = [&] {
+            return ErrorContext{.record = RecordTitle(nv, template_.nvs.size() - 1),
+                                .field = "ARRAYSIZE",
+                                .line = nv.line,
+                                .reason = kTooManyEntries};
+        };
+        WithContext(place, [&] { nvIndex_ = AddChecked(nvIndex_, std::max(nv.arraySize, 1)); });
     }
     void CountEntries(const CTag& /*tag*/) const {}
     void CountEntries(const CCp& /*cp*/) const {}

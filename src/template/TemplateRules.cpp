@@ -22,10 +22,6 @@ constexpr std::int32_t kLargestStandardType = 255;
 constexpr std::int32_t kLongestNv = 31;
 constexpr std::int32_t kNoLimit = INT32_MAX;
 
-// Characters of absent property values that are completed with zeros in one template. A declaration may ask
-// for gigabytes with a handful of digits; what no device can hold ends as "out of memory" before memory does.
-constexpr std::int64_t kMostZeros = std::int64_t{64} * 1024 * 1024;
-
 template <class Record>
 struct RangeRule {
     std::int32_t Record::*field;

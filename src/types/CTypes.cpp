@@ -12,10 +12,6 @@ namespace {
 // The scope of types that a device defines for itself alone.
 constexpr std::int32_t kOwnScope = 6;
 
-// Characters of absent raw values that are completed with zeros in one load. A LENGTH of a few digits may ask
-// for gigabytes; what no device can hold ends as "out of memory" before memory does.
-constexpr std::int64_t kMostZeros = std::int64_t{64} * 1024 * 1024;
-
 constexpr std::pair<RawValueKind, std::string CCp::*> kRawValues[] = {
     {RawValueKind::initial, &CCp::initValue},
     {RawValueKind::minimum, &CCp::minValue},
@@ -51,14 +47,15 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
 void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
     const auto add = [&](TypeRequest request, const auto& record, std::size_t position) {
         request.origin = RecordTitle(record, position);
-        try {
-            AddType(definitions, request);
-        } catch (Error& error) {
-            error.AddContext({.record = request.origin});
-            if (error.Number() == eQVXIFerr_typenotfoundinformatfile)
-                error.AddContext({.value = std::to_string(request.formatNumber), .file = definitions.Path()});
-            throw;
-        }
+        const auto place = [&](const Error& error) {
+            ErrorContext context{.record = request.origin};
+            if (error.Number() == eQVXIFerr_typenotfoundinformatfile) {
+                context.value = std::to_string(request.formatNumber);
+                context.file = definitions.Path();
+            }
+            return context;
+        };
+        WithContext(place, [&] { AddType(definitions, request); });
     };
     for (std::size_t i = 0; i < deviceTemplate->nvs.size(); ++i) {
         const CNv& nv = deviceTemplate->nvs[i];
@@ -101,20 +98,14 @@ void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request)
                        .line = definition.content.line};
     place.FillFrom({.record = request.origin});
     type->place = std::make_shared<const ErrorContext>(std::move(place));
-    try {
-        if (!Complete(*type, request))
-            return;
-        if (!request.isUnvt)
-            FillRawValues(*type, request);
-    } catch (Error& error) {
-        error.AddContext(*type->place);
-        throw;
-    }
+    const bool isWanted = WithContext([&] { return *type->place; }, [&] { return Complete(*type, request); });
+    if (!isWanted)
+        return;
     const std::string key = Key(type->scope, type->indexInScope);
     ListOf(request.isUnvt).Add(key, std::move(type));
 }
 
-// Numbers, measures and checks a new type. False when it is not wanted after all.
+// Numbers, measures, checks and fills a new type. False when it is not wanted after all.
 bool CTypes::Complete(CType& type, const TypeRequest& request) {
     if (type.isUnvt && (type.scope < 0 || type.scope >= static_cast<std::int32_t>(nextIndex_.size())))
         RaiseRuntimeError(
@@ -134,6 +125,8 @@ bool CTypes::Complete(CType& type, const TypeRequest& request) {
         ++*next;
     RaisingSink raise(*errorHandler);
     type.VerifyData(raise);
+    if (!type.isUnvt)
+        FillRawValues(type, request);
     return true;
 }
 

@@ -228,12 +228,8 @@ void DefinitionReader::ReadInto(void (DefinitionReader::*read)(const XmlNode&), 
 }
 
 void DefinitionReader::ReadType(const XmlNode& node) {
-    try {
-        Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler);
-    } catch (Error& error) {
-        error.AddContext(Place(node));
-        throw;
-    }
+    WithContext([&] { return Place(node); },
+                [&] { Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler); });
     if (Content().elementType == elementEnum)
         Content().length = 1;
 }
@@ -320,14 +316,8 @@ CFormat DefinitionReader::ReadFormat(const XmlNode& node) const {
 }
 
 std::int32_t DefinitionReader::Integer(const XmlNode& node) const {
-    const std::string text = tools_.nodeTextValue(node);
-    try {
-        return LeadingInt32(text);
-    } catch (Error& error) {
-        error.AddContext({.value = Excerpt(text), .reason = "accepted: numbers of 32 bits"});
-        error.AddContext(Place(node));
-        throw;
-    }
+    return WithContext([&] { return Place(node); },
+                       [&] { return IntegerOfElement(node, tools_.nodeTextValue(node)); });
 }
 
 double DefinitionReader::Number(const XmlNode& node, const std::string& text) const {

@@ -10,13 +10,9 @@ namespace tovarek {
 FormatDefinitions::FormatDefinitions(const std::string& path, std::string prefix,
                                      const CErrorHandler& errorHandler)
     : table_{path, std::move(prefix), errorHandler, {}, {}, {}} {
-    const XmlDocument document(path);
-    if (!document.IsLoaded())
-        errorHandler.RaiseError(eQVXIFerr_errorloadingxmlformatfile,
-                                {.file = path, .line = document.Line(), .reason = document.Reason()});
     // Deliberate: the first node of the document is the root, whatever it is. Behind an XML declaration or a
     // comment the file holds no types.
-    table_.first = document.FirstNode();
+    table_.first = FirstNodeOf(path, eQVXIFerr_errorloadingxmlformatfile, errorHandler);
     for (XmlNode child = table_.first.FirstChild(); child; child = child.NextSibling())
         if (child.IsElement())
             table_.elements.try_emplace(UpperCase(child.Name()), child);

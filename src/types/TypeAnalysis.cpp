@@ -94,13 +94,11 @@ void CType::AnalyseLength() {
     if (isReference() || !HasMembers())
         return;
     length = 0;
-    try {
-        ComputeLength(length);
-    } catch (Error& error) {
-        error.AddContext(
-            {.field = "LENGTH", .reason = "the lengths of the members add up to more than 32 bits"});
-        throw;
-    }
+    const auto tooLong = [] {
+        return ErrorContext{.field = "LENGTH",
+                            .reason = "the lengths of the members add up to more than 32 bits"};
+    };
+    WithContext(tooLong, [&] { ComputeLength(length); });
 }
 
 }  // namespace tovarek

@@ -13,14 +13,12 @@ std::optional<std::int32_t> RawLimit(const CType& type, bool isGiven, std::int32
                                      double scaled, const char* field) {
     if (!isGiven)
         return std::nullopt;
-    try {
-        return (type.*raw)();
-    } catch (Error& error) {
-        error.AddContext({.field = field,
-                          .value = DoubleToText(scaled),
-                          .reason = "with A_COEF, B_COEF and C_COEF the raw value exceeds 32 bits"});
-        throw;
-    }
+    const auto place = [&] {
+        return ErrorContext{.field = field,
+                            .value = DoubleToText(scaled),
+                            .reason = "with A_COEF, B_COEF and C_COEF the raw value exceeds 32 bits"};
+    };
+    return WithContext(place, [&] { return (type.*raw)(); });
 }
 
 NumberRange RangeOf(const CType& type) {
@@ -37,19 +35,20 @@ std::optional<double> FloatLimit(bool isGiven, double limit) {
     return isGiven ? std::optional<double>(limit) : std::nullopt;
 }
 
-// Of a limit that the control refuses the element is known.
-void RefuseDescription(std::int32_t code, const CType& type, const QVxTypes& control,
-                       const CErrorHandler& errorHandler) {
-    try {
-        RaiseControlError(code, {}, control, errorHandler);
-    } catch (Error& error) {
-        if (code == resultBadMinimum)
-            error.AddContext({.field = "MIN", .value = DoubleToText(type.minValue)});
-        if (code == resultBadMaximum)
-            error.AddContext({.field = "MAX", .value = DoubleToText(type.maxValue)});
-        error.AddContext({.line = type.line});
-        throw;
-    }
+// What the control's answer `code` to the description is about: of a limit the element is known.
+ErrorContext DescriptionContext(std::int32_t code, const CType& type) {
+    if (code == resultBadMinimum)
+        return {.field = "MIN", .value = DoubleToText(type.minValue), .line = type.line};
+    if (code == resultBadMaximum)
+        return {.field = "MAX", .value = DoubleToText(type.maxValue), .line = type.line};
+    return {.line = type.line};
+}
+
+// Does `operation` for each of `members`, those of a structure or union; errors tell which one it was.
+template <class Operation>
+void ForEachMember(auto& members, const Operation& operation) {
+    for (auto& member : members)
+        WithContext([&] { return MemberContext(member); }, [&] { operation(member); });
 }
 
 }  // namespace
@@ -60,14 +59,9 @@ void CType::AddText(const std::string& text, std::int32_t& number, CCatalog& cat
         return;
     std::int32_t stringScope = 0;
     const std::int32_t code = catalog.types.AddLanguageString(text, 0, number, stringScope);
-    if (code != resultOk) {
-        try {
-            RaiseControlError(code, "string " + std::to_string(resNumber), catalog.types, errorHandler);
-        } catch (Error& error) {
-            error.AddContext({.value = Excerpt(text)});
-            throw;
-        }
-    }
+    if (code != resultOk)
+        RaiseControlError(code, {.field = "string " + std::to_string(resNumber), .value = Excerpt(text)},
+                          catalog.types, errorHandler);
     ++resNumber;
 }
 
@@ -80,16 +74,9 @@ void CType::AddToLangFile(CCatalog& catalog, std::int32_t& resNumber, const CErr
     if (elementType == elementEnum && enumValues)
         for (CEnumValue& value : *enumValues)
             AddText(value.description, value.res_description, catalog, resNumber, errorHandler);
-    if (!HasMembers())
-        return;
-    for (CType& member : elements) {
-        try {
-            member.AddToLangFile(catalog, resNumber, errorHandler);
-        } catch (Error& error) {
-            error.AddContext(MemberContext(member));
-            throw;
-        }
-    }
+    if (HasMembers())
+        ForEachMember(elements,
+                      [&](CType& member) { member.AddToLangFile(catalog, resNumber, errorHandler); });
 }
 
 void CType::CreateEnum(CCatalog& catalog, const CErrorHandler& errorHandler, CreatedEnums& alreadyCreated) {
@@ -103,14 +90,10 @@ void CType::CreateEnum(CCatalog& catalog, const CErrorHandler& errorHandler, Cre
     for (const CEnumValue& value : *enumValues) {
         const std::int32_t code =
             control.AddEnumerationValue(enumIndex, value.name, value.value, value.res_description);
-        if (code == resultOk)
-            continue;
-        try {
-            RaiseControlError(code, "ENUMS, value " + value.name, control, errorHandler);
-        } catch (Error& error) {
-            error.AddContext({.value = std::to_string(value.value)});
-            throw;
-        }
+        if (code != resultOk)
+            RaiseControlError(code,
+                              {.field = "ENUMS, value " + value.name, .value = std::to_string(value.value)},
+                              control, errorHandler);
     }
     alreadyCreated.emplace(enumName, enumIndex);
 }
@@ -120,33 +103,19 @@ void CType::CreateEnums(CCatalog& catalog, const CErrorHandler& errorHandler, Cr
         return;
     if (elementType == elementEnum)
         CreateEnum(catalog, errorHandler, alreadyCreated);
-    if (!HasMembers())
-        return;
-    for (CType& member : elements) {
-        try {
-            member.CreateEnums(catalog, errorHandler, alreadyCreated);
-        } catch (Error& error) {
-            error.AddContext(MemberContext(member));
-            throw;
-        }
-    }
+    if (HasMembers())
+        ForEachMember(elements,
+                      [&](CType& member) { member.CreateEnums(catalog, errorHandler, alreadyCreated); });
 }
 
 void CType::CreateType(CCatalog& catalog, const CErrorHandler& errorHandler, bool isFirst) const {
     if (isFirst)
         StartType(catalog, errorHandler);
     if (const std::int32_t code = Describe(catalog.types); code != resultOk)
-        RefuseDescription(code, *this, catalog.types, errorHandler);
-    if (!isReference() && HasMembers()) {
-        for (const CType& member : elements) {
-            try {
-                member.CreateType(catalog, errorHandler, false);
-            } catch (Error& error) {
-                error.AddContext(MemberContext(member));
-                throw;
-            }
-        }
-    }
+        RaiseControlError(code, DescriptionContext(code, *this), catalog.types, errorHandler);
+    if (!isReference() && HasMembers())
+        ForEachMember(elements,
+                      [&](const CType& member) { member.CreateType(catalog, errorHandler, false); });
     if (isFirst)
         Register(catalog, errorHandler);
 }
@@ -198,14 +167,8 @@ void CType::Register(CCatalog& catalog, const CErrorHandler& errorHandler) const
     const std::int32_t code = isUnvt ? control.RegisterNetworkVariableType(indexInScope)
                                      : control.RegisterConfigurationPropertyType(
                                            indexInScope, length, rawInitValue, rawMinValue, rawMaxValue);
-    if (code == resultOk)
-        return;
-    try {
-        RaiseControlError(code, {}, control, errorHandler);
-    } catch (Error& error) {
-        error.AddContext(RegistrationContext(code));
-        throw;
-    }
+    if (code != resultOk)
+        RaiseControlError(code, RegistrationContext(code), control, errorHandler);
 }
 
 // What the control's answer `code` to the registration is about: a raw value where it stands in the input, or

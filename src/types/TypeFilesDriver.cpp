@@ -84,17 +84,13 @@ class TypeFilesDriver {
         const std::string name = ResourceFileName(settings_, scope_, kind);
         result_.push_back({name, kind, scope_, programID_, kind == fileLanguage ? settings_.localeID : 0});
         path_ = folder_ + name;
-        try {
-            WriteContent(kind);
-        } catch (Error& error) {
-            // Of a type or a property the input tells, not the output.
+        // Of a type or a property the input tells, not the output.
+        const auto place = [&](const Error& error) -> ErrorContext {
             if (error.Context().field == "localeID")
-                error.AddContext(
-                    {.record = "property localeID", .value = std::to_string(settings_.localeID)});
-            else
-                error.AddContext({.record = error.Context().record.empty() ? name : "", .file = path_});
-            throw;
-        }
+                return {.record = "property localeID", .value = std::to_string(settings_.localeID)};
+            return {.record = error.Context().record.empty() ? name : "", .file = path_};
+        };
+        WithContext(place, [&] { WriteContent(kind); });
         writtenFiles_.push_back(path_);
     }
 
@@ -206,17 +202,13 @@ class TypeFilesDriver {
     // Adds to errors of `operation` which type they are about.
     template <class Operation>
     void OfType(const CType& type, const Operation& operation) {
-        try {
-            operation();
-        } catch (Error& error) {
+        const auto place = [&]() -> ErrorContext {
             if (type.place)
-                error.AddContext(*type.place);
-            else
-                error.AddContext(
-                    {.record = std::string(type.isUnvt ? kNetworkVariables.title : kProperties.title) + " " +
-                               std::to_string(type.indexInScope) + " '" + type.name + "'"});
-            throw;
-        }
+                return *type.place;
+            return {.record = std::string(type.isUnvt ? kNetworkVariables.title : kProperties.title) + " " +
+                              std::to_string(type.indexInScope) + " '" + type.name + "'"};
+        };
+        WithContext(place, operation);
     }
 
     const ScopeTypes& types_;

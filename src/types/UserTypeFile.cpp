@@ -116,7 +116,8 @@ class UserTypeFileReader {
     void ReadType(const XmlNode& node, std::int32_t scope, bool isUnvt) {
         const std::string name = node.Name();
         // What the first four letters are does not matter: the list that a type stands in tells its kind.
-        const std::int32_t number = Integer(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
+        const std::int32_t number =
+            IntegerOfElement(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
         if (number <= 0)
             return;
         TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
@@ -125,15 +126,15 @@ class UserTypeFileReader {
             request.rawValuePlace = [node](RawValueKind which) { return PlaceOfRawValue(node, which); };
         request.origin = "type <" + name + ">";
         request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
-        try {
-            add_(request);
-        } catch (Error& error) {
+        const auto place = [&](const Error& error) {
+            ErrorContext context;
             // Of a number without a definition the file tells where it stands.
             if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty())
-                error.AddContext(PlaceOfDefinition(node));
-            error.AddContext({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
-            throw;
-        }
+                context = PlaceOfDefinition(node);
+            context.FillFrom({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
+            return context;
+        };
+        WithContext(place, [&] { add_(request); });
     }
 
     void ReadChildren(const XmlNode& node, TypeRequest& request) {
@@ -143,7 +144,7 @@ class UserTypeFileReader {
             if (name == "NAME") {
                 request.name = tools_.nodeTextValue(child);
             } else if (name == "SNVTTYPE") {
-                request.formatNumber = Integer(child, tools_.nodeTextValue(child));
+                request.formatNumber = IntegerOfElement(child, tools_.nodeTextValue(child));
                 hasDefinition = true;
             }
             for (const RawValueRule& rule : kRawValueRules)
@@ -159,19 +160,6 @@ class UserTypeFileReader {
                                       .reason = "a type needs a NAME with a text and a SNVTTYPE"});
     }
 
-    std::int32_t Integer(const XmlNode& node, std::string_view text) const {
-        try {
-            return LeadingInt32(text);
-        } catch (Error& error) {
-            error.AddContext({.field = node.Name(),
-                              .value = Excerpt(text),
-                              .file = node.File(),
-                              .line = node.Line(),
-                              .reason = "accepted: numbers of 32 bits"});
-            throw;
-        }
-    }
-
     const std::string& programID_;
     const CErrorHandler& errorHandler_;
     const std::function<void(const TypeRequest&)>& add_;
@@ -182,12 +170,9 @@ class UserTypeFileReader {
 
 void ReadUserTypeFile(const std::string& path, const std::string& programID,
                       const CErrorHandler& errorHandler, const std::function<void(const TypeRequest&)>& add) {
-    const XmlDocument document(path);
-    if (!document.IsLoaded())
-        errorHandler.RaiseError(eQVXIFerr_errorloadingusertypefile,
-                                {.file = path, .line = document.Line(), .reason = document.Reason()});
+    const XmlNode first = FirstNodeOf(path, eQVXIFerr_errorloadingusertypefile, errorHandler);
     UserTypeFileReader reader(programID, errorHandler, add);
-    for (XmlNode node = document.FirstNode(); node; node = node.NextSibling()) {
+    for (XmlNode node = first; node; node = node.NextSibling()) {
         const std::string name = UpperCase(node.Name());
         if (name == "UNVTS" || name == "UCPTS")
             reader.ReadTypes(node, name == "UNVTS");
