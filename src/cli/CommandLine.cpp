@@ -12,6 +12,7 @@
 #include "cli/GenerateCommand.h"
 #include "cli/InspectCommands.h"
 #include "cli/Locations.h"
+#include "cli/ProgramIdCommand.h"
 #include "component/PropertyTable.h"
 
 namespace tovarek {
@@ -52,6 +53,11 @@ constexpr Verb kVerbs[] = {
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek dump fan-coil.xif"},
     {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
+    {"program-id", "program-id [ID]", "split a program ID, or make one of its fields",
+     "Without ID all of these, in hexadecimal:\n"
+     "  --maker, --class, --usage, --channel, --model\n"
+     "  --certified                     format 8 instead of 9\n",
+     "tovarek program-id --maker FFFFF --class 5014 --usage 03 --channel 04 --model 01"},
 };
 
 std::string Column(std::string_view text, std::size_t width) {
@@ -121,6 +127,7 @@ struct Commands {
     CLI::App* find = catalog->add_subcommand("find");
     CLI::App* dump = app.add_subcommand("dump");
     CLI::App* diff = app.add_subcommand("diff");
+    CLI::App* programId = app.add_subcommand("program-id");
 
     std::string formatName = "text";
     bool version = false;
@@ -129,6 +136,7 @@ struct Commands {
     std::string file;       // of dump, and the first one of diff
     std::string otherFile;  // the second one of diff
     bool bytes = false;
+    ProgramIdWords programIdWords;
     CLI::Option* pairs = nullptr;
     CLI::Option* jobs = nullptr;
 
@@ -136,7 +144,7 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, errors, catalog, list, show, find, dump, diff}) {
+        for (CLI::App* command : {generate, errors, catalog, list, show, find, dump, diff, programId}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -155,6 +163,10 @@ struct Commands {
         dump->add_flag("--bytes", bytes);
         diff->add_option("A", file);
         diff->add_option("B", otherFile);
+        programId->add_option("ID", programIdWords.whole);
+        programId->add_flag("--certified", programIdWords.certified);
+        for (std::size_t i = 1; i < kProgramIdFields.size(); ++i)
+            programId->add_option("--" + std::string(kProgramIdFields[i].name), programIdWords.fields[i]);
     }
 
     CLI::Option* AddSetting(const std::string& name) {
@@ -266,6 +278,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
             return ReportWrongUse("diff needs two files", format, streams);
         return RunDiff(commands.file, commands.otherFile, format, streams);
     }
+    if (commands.programId->parsed())
+        return RunProgramId(commands.programIdWords, format, streams);
     if (format == OutputFormat::json)
         return ReportWrongUse("no command was given", format, streams);
     WriteHelp(program, streams.error);
@@ -289,7 +303,7 @@ std::string ParserFault(const CLI::Error& error) {
     const std::string option = text.substr(0, text.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr && option.starts_with("--"))
         return "option '" + option + "' needs a value";
-    return "the options --help, --version and --bytes take no value";
+    return "the options --help, --version, --bytes and --certified take no value";
 }
 
 }  // namespace

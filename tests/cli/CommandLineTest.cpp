@@ -470,6 +470,39 @@ TEST_F(CommandLine, TheCatalogIsShown) {
     EXPECT_EQ(Call({"catalog", "list", "--catalogDir", scratch_.Folder()}).status, 1);
 }
 
+TEST_F(CommandLine, ProgramIdsAreSplitAndMade) {
+    for (const char* id : {"9fffff5014030401", "9F:FF:FF:50:14:03:04:01"}) {
+        const auto json = nlohmann::json::parse(Call({"program-id", id, "--format", "json"}).out);
+        EXPECT_EQ(
+            json.dump(),
+            R"({"channel":"04","class":"5014","format":"9","isStandard":true,"maker":"FFFFF","model":"01",)"
+            R"("pairs":"9F:FF:FF:50:14:03:04:01","programID":"9FFFFF5014030401","usage":"03"})");
+    }
+    EXPECT_NE(Call({"program-id", "9FFFFF5014030401"}).out.find("class: 5014 "), std::string::npos);
+    const Answer other = Call({"program-id", "2000000000000000"});
+    EXPECT_EQ(other.out.find("class"), std::string::npos) << "other formats have other fields";
+
+    std::vector<std::string> make = {"program-id", "--maker", "a1",        "--class", "5014",
+                                     "--usage",    "3",       "--channel", "04"};
+    const Answer incomplete = Call(make);
+    EXPECT_EQ(incomplete.status, 2);
+    EXPECT_NE(incomplete.error.find("missing: --model"), std::string::npos) << incomplete.error;
+    make.insert(make.end(), {"--model", "7"});
+    EXPECT_EQ(Call(make).out, "9000A15014030407\n");
+    make.emplace_back("--certified");
+    EXPECT_EQ(Call(make).out, "8000A15014030407\n");
+    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--usage", "123"},
+                                                  {"--usage", "G"},
+                                                  {"9FFFFF50140304"},
+                                                  {"9FFFFF501403040G"},
+                                                  {"9F:FFFF50:14:03:04:01:"},
+                                                  {"9FFFFF5014030401", "--usage", "1"}}) {
+        std::vector<std::string> arguments = {"program-id"};
+        arguments.insert(arguments.end(), wrong.begin(), wrong.end());
+        EXPECT_EQ(Call(arguments).status, 2) << wrong.back();
+    }
+}
+
 TEST_F(CommandLine, HelpFitsAScreen) {
     const Answer help = Call({"--help"});
     EXPECT_EQ(help.status, 0);
@@ -477,8 +510,12 @@ TEST_F(CommandLine, HelpFitsAScreen) {
     const Answer generate = Call({"generate", "--help"});
     EXPECT_EQ(generate.status, 0);
     EXPECT_NE(generate.out.find("--createUnitsFromReference"), std::string::npos);
-    for (const std::vector<std::string>& verb :
-         {std::vector<std::string>{"errors"}, {"catalog", "find"}, {"catalog", "show"}, {"dump"}, {"diff"}}) {
+    for (const std::vector<std::string>& verb : {std::vector<std::string>{"errors"},
+                                                 {"catalog", "find"},
+                                                 {"catalog", "show"},
+                                                 {"dump"},
+                                                 {"diff"},
+                                                 {"program-id"}}) {
         std::vector<std::string> arguments = verb;
         arguments.emplace_back("--help");
         EXPECT_TRUE(Call(arguments).out.starts_with("tovarek " + verb[0] + " ")) << verb[0];
