@@ -264,12 +264,12 @@ void AppendHex(std::string& text, std::uint64_t value, unsigned digits) {
         text += "0123456789ABCDEF"[(value >> (4 * digits)) & 0x0FU];
 }
 
-std::string HexText(std::string_view bytes) {
+std::string HexText(std::string_view bytes, char separator) {
     std::string text;
     text.reserve(3 * bytes.size());
     for (const char c : bytes) {
         if (!text.empty())
-            text += ' ';
+            text += separator;
         AppendHex(text, static_cast<unsigned char>(c), 2);
     }
     return text;

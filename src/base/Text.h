@@ -79,8 +79,8 @@ std::string ToUtf16(std::string_view text, bool bigEndian);
 // Appends `value` in hexadecimal, in upper case, with zeros in front up to `digits` (1 to 16) digits.
 void AppendHex(std::string& text, std::uint64_t value, unsigned digits);
 
-// "00 1A FF".
-std::string HexText(std::string_view bytes);
+// "00 1A FF", or with another character between the bytes.
+std::string HexText(std::string_view bytes, char separator = ' ');
 
 // "001AFF" to three bytes; nothing when a character is no hexadecimal digit or their number is odd.
 std::optional<std::string> FromHex(std::string_view digits);

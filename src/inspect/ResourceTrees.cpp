@@ -19,13 +19,6 @@ std::string SavedText(const CivilTime& time) {
     return text.data();
 }
 
-std::string ProgramIdText(const ProgramId& id) {
-    std::string bytes(id.begin(), id.end());
-    std::string text = HexText(bytes);
-    std::replace(text.begin(), text.end(), ' ', ':');
-    return text;
-}
-
 InspectNode HeaderNode(const ResourceHeader& header, ResourceKind kind, const ResourceNames& names) {
     InspectNode node = InspectNode::Object("header");
     // The usual title only repeats the version.
@@ -38,7 +31,7 @@ InspectNode HeaderNode(const ResourceHeader& header, ResourceKind kind, const Re
     node.Text("version", VersionText(header.majorVersion, header.minorVersion));
     node.Text("formatVersion", VersionText(header.formatVersion, header.formatMinor));
     node.Text("saved", SavedText(header.saved)).derived = true;
-    node.Text("programId", ProgramIdText(header.programId));
+    node.Text("programId", HexText(std::string(header.programId.begin(), header.programId.end()), ':'));
     node.Number("scope", header.scope);
     return node;
 }

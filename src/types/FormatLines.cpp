@@ -1,31 +1,8 @@
 #include "types/FormatLines.h"
 
-#include <algorithm>
-
-#include "base/Text.h"
 #include "formats/format/FormatExpression.h"
-#include "support/CTools.h"
 
 namespace tovarek {
-namespace {
-
-// `text` on one line: a run of white space with a line break in it is one blank. Units come that way from
-// files that are laid out for readers; behind the break a comment would end.
-std::string OnOneLine(std::string_view text) {
-    constexpr std::string_view kWhiteSpace = " \t\r\n";
-    std::string line;
-    while (!text.empty()) {
-        const std::size_t start = std::min(text.find_first_of(kWhiteSpace), text.size());
-        const std::size_t end = std::min(text.find_first_not_of(kWhiteSpace, start), text.size());
-        const std::string_view run = text.substr(start, end - start);
-        line += text.substr(0, start);
-        line += run.find_first_of("\r\n") == std::string_view::npos ? run : " ";
-        text.remove_prefix(end);
-    }
-    return line;
-}
-
-}  // namespace
 
 const std::vector<FormatParameter>& StandardFormats::Default(std::int32_t index) {
     const auto found = defaults_.find(index);
@@ -123,7 +100,7 @@ void FormatLines::AppendValue(const CParam& param) {
 
 void FormatLines::AppendComment(const CParam& param) {
     if (param.withFormat && !param.comment.empty())
-        line_.append("\t! ").append(OnOneLine(param.comment));
+        AppendUnitComment(line_, param.comment);
 }
 
 }  // namespace tovarek

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/Path.h"
+#include "base/Text.h"
 #include "formats/format/FormatFile.h"
 #include "formats/records/ResourceKinds.h"
 #include "support/CTools.h"
@@ -44,13 +45,7 @@ constexpr TypeKindRule kProperties = {"CP_", "configuration-property type",
 
 // "set program_id 90:00:01:0A:0B:04:01:00;"
 std::string ProgramIdLine(std::string_view programID) {
-    std::string line = "set program_id ";
-    for (std::size_t start = 0; start + 1 < programID.size(); start += 2) {
-        if (start > 0)
-            line += ':';
-        line += programID.substr(start, 2);
-    }
-    return line + ';';
+    return "set program_id " + HexText(FromHex(programID).value_or(""), ':') + ';';
 }
 
 class TypeFilesDriver {

@@ -1,12 +1,11 @@
 // The checks of a type, in their order.
 #include "base/Text.h"
+#include "formats/type/TypeFile.h"
 #include "support/CTools.h"
 #include "types/CType.h"
 
 namespace tovarek {
 namespace {
-
-constexpr std::int32_t kBitsOfByte = 8;
 
 // Tells `findings` of a fault in a field of `type`.
 void Tell(FindingSink& findings, eErrors error, const CType& type, std::string_view field, std::string value,
@@ -80,13 +79,13 @@ void CType::VerifyNumber(FindingSink& findings) const {
 }
 
 void CType::VerifyBitField(FindingSink& findings) const {
-    if (bitfieldSize < 1 || bitfieldSize > kBitsOfByte)
+    if (!IsBitWidth(bitfieldSize))
         Tell(findings, eQVXIFerr_badbitfieldsize, *this, "BFSIZE", std::to_string(bitfieldSize),
              "accepted: 1 to 8");
-    else if (bitfieldOffset < 0 || bitfieldOffset >= kBitsOfByte)
+    else if (bitfieldOffset < 0 || bitfieldOffset >= kMostBits)
         Tell(findings, eQVXIFerr_badbitfieldoffset, *this, "BFOFFSET", std::to_string(bitfieldOffset),
              "accepted: 0 to 7");
-    else if (bitfieldSize + bitfieldOffset > kBitsOfByte)
+    else if (bitfieldSize + bitfieldOffset > kMostBits)
         Tell(findings, eQVXIFerr_badbitfieldoffsetandsize, *this, "BFOFFSET", std::to_string(bitfieldOffset),
              "a bit field of " + std::to_string(bitfieldSize) + " bits ends outside its byte");
 }

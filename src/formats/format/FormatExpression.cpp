@@ -106,6 +106,18 @@ std::string FormatExpressionText(const FormatParameter& parameter) {
     return text;
 }
 
+void AppendUnitComment(std::string& text, std::string_view unit) {
+    text += "\t! ";
+    while (!unit.empty()) {
+        const std::size_t start = std::min(unit.find_first_of(kWhiteSpace), unit.size());
+        const std::size_t end = std::min(unit.find_first_not_of(kWhiteSpace, start), unit.size());
+        const std::string_view run = unit.substr(start, end - start);
+        text += unit.substr(0, start);
+        text += run.find_first_of("\r\n") == std::string_view::npos ? run : " ";
+        unit.remove_prefix(end);
+    }
+}
+
 std::vector<std::string> ConversionsOf(std::string_view text) {
     std::vector<std::string> conversions;
     for (std::size_t i = text.find('%'); i != std::string_view::npos; i = text.find('%', i)) {

@@ -16,6 +16,11 @@ std::string FormatExpressionText(const FormatParameter& parameter);
 // Appends factor and offset, both always: "*1.8+32".
 void AppendFactorAndOffset(std::string& text, double factor, double offset);
 
+// Appends `unit` as the comment behind a value, on one line: a run of white space with a line break in it is
+// one blank. Units come that way from files that are laid out for readers; behind the break a comment would
+// end.
+void AppendUnitComment(std::string& text, std::string_view unit);
+
 // The conversions in a format text, "%d" and the like with their flags; "%%" is none.
 std::vector<std::string> ConversionsOf(std::string_view text);
 

@@ -300,12 +300,6 @@ Outcome ReadFormatFile(std::string_view bytes, FormatFile& file) {
 
 namespace {
 
-std::string OneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return text;
-}
-
 // The arguments of a text form. With several values a unit needs a line of its own behind its value.
 std::string TextBody(const DisplayFormat& format, const std::string& indent) {
     std::string body = "text(\"" + format.text + '"';
@@ -317,7 +311,7 @@ std::string TextBody(const DisplayFormat& format, const std::string& indent) {
         const std::string expression = FormatExpressionText(parameters[0]);
         body += expression.empty() ? ");" : ',' + expression + ");";
         if (hasComments)
-            body += "\t! " + OneLine(parameters[0].unit);
+            AppendUnitComment(body, parameters[0].unit);
         return body;
     }
     bool closed = false;
@@ -329,7 +323,7 @@ std::string TextBody(const DisplayFormat& format, const std::string& indent) {
         closed = last && parameters[i].unit.empty();
         body += last ? "" : ",";
         if (!parameters[i].unit.empty())
-            body += "\t! " + OneLine(parameters[i].unit);
+            AppendUnitComment(body, parameters[i].unit);
     }
     if (!closed && !parameters.empty())
         body += "\r\n" + indent;
