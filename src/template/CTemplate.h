@@ -75,9 +75,11 @@ class CTemplate {
     // to 16 of whatever programID holds; a shorter one leaves groups empty.
     std::string displayPID() const;
 
-    // Where the field `member` of the configuration property `position`, from 0, is told: field, file and
-    // line, for messages about it.
+    // Where a field of the configuration property `position`, from 0, or the type of the network variable
+    // `position` is told: field, value as typed, file and line, for messages about it.
     ErrorContext PlaceOf(std::size_t position, std::string CCp::*member) const;
+    ErrorContext PlaceOf(std::size_t position, std::int32_t CCp::*member) const;
+    ErrorContext PlaceOfNvType(std::size_t position) const;
 
     // What was loaded last, for messages; put together when it is asked for the first time.
     const TemplateSource& Source() const;

@@ -2,13 +2,13 @@
 // record.
 #include <algorithm>
 #include <charconv>
-#include <utility>
+#include <map>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "support/cIni.h"
 #include "template/CTemplate.h"
-#include "template/TemplateFields.h"
+#include "template/TemplatePlaces.h"
 
 namespace tovarek {
 namespace {
@@ -33,15 +33,14 @@ void ReadRecord(const IniText& text, std::int64_t number, IniSection& section, R
     }
 }
 
-std::int32_t TableEntries(std::int32_t arraySize) {
-    return std::max(arraySize, 1);
-}
-
-// Entries of the variable table that the sections behind the last one read would take: one for each, more for
-// those that exist and declare an array.
-std::int64_t EntriesBehind(const IniText& text, std::int32_t lastRead, std::int32_t count) {
-    std::int64_t entries = std::int64_t{count} - lastRead;
+// The variables behind the last one that is read: `lastRead` entries of the table are taken already, the rest
+// of `count` sections adds one each and more where a section declares an array. Raises runtime error 6 for
+// the first variable, by its number, that is beyond what can be counted.
+void CountEntriesBehind(const IniText& text, const CTemplate& source, std::int32_t lastRead,
+                        std::int64_t taken) {
+    const std::int32_t count = source.numberStaticNvs;
     IniSection section;
+    std::map<std::int32_t, std::int32_t> arrays;
     text.ForEachSection([&](std::string_view name) {
         constexpr std::string_view kPrefix = RecordNames<CNv>::iniPrefix;
         if (name.size() <= kPrefix.size() || !CaselessEqual()(name.substr(0, kPrefix.size()), kPrefix))
@@ -54,9 +53,21 @@ std::int64_t EntriesBehind(const IniText& text, std::int32_t lastRead, std::int3
         if (!isNumber || number <= lastRead || number > count)
             return;
         text.ReadSection(name, section);
-        entries += TableEntries(section.LongValue("arraySize", 0)) - 1;
+        if (const std::int32_t arraySize = section.LongValue("arraySize", 0); arraySize > 1)
+            arrays.emplace(number, arraySize);
     });
-    return entries;
+    taken -= lastRead;  // the number of a variable counts its own entry and those of all in front of it
+    for (const auto& [number, arraySize] : arrays) {
+        taken += arraySize - 1;
+        if (taken + number <= INT32_MAX)
+            continue;
+        CNv nv;
+        ReadRecord(text, number, section, nv);
+        RefuseIndex(source, nv, static_cast<std::size_t>(number) - 1);
+    }
+    if (taken + count > INT32_MAX)
+        RaiseRuntimeError(RuntimeError::overflow, TemplatePlaces(source).Of(&CTemplate::numberStaticNvs,
+                                                                            {.sentence = kTooManyEntries}));
 }
 
 // Records grow by copying; a count that the file cannot fill must not reserve anything.
@@ -64,27 +75,21 @@ std::size_t RecordsToExpect(const IniText& text, std::int32_t count) {
     return std::min(static_cast<std::size_t>(std::max(count, 0)), text.SectionCount() + 1);
 }
 
-void ReadNvs(const IniText& text, const std::string& file, std::int32_t count, std::vector<CNv>& nvs) {
-    const std::int32_t read = std::min(count, kMostNvsRead);
+void ReadNvs(const IniText& text, const CTemplate& source, std::vector<CNv>& nvs) {
+    const std::int32_t read = std::min(source.numberStaticNvs, kMostNvsRead);
     IniSection section;
-    std::int32_t index = 0;
+    std::int64_t index = 0;
     nvs.reserve(RecordsToExpect(text, read));
     for (std::int32_t number = 1; number <= read; ++number) {
         CNv& nv = nvs.emplace_back();
-        nv.index = index;
+        nv.index = static_cast<std::int32_t>(index);
         ReadRecord(text, number, section, nv);
-        const auto place = [&] {
-            return ErrorContext{
-                .record = RecordTitle(nv, nvs.size() - 1),
-                .value = std::to_string(nv.arraySize),
-                .file = file,
-                .line = text.LineOf(std::string(RecordNames<CNv>::iniPrefix) + std::to_string(number),
-                                    "arraySize")};
-        };
-        WithContext(place, [&] { index = AddChecked(index, TableEntries(nv.arraySize)); });
+        index += std::max(nv.arraySize, 1);
+        if (index > INT32_MAX)
+            RefuseIndex(source, nv, nvs.size() - 1);
     }
-    if (count > read && index + EntriesBehind(text, read, count) > INT32_MAX)
-        RaiseRuntimeError(RuntimeError::overflow, {.record = "section [nvs]"});
+    if (source.numberStaticNvs > read)
+        CountEntriesBehind(text, source, read, index);
 }
 
 void ReadTags(const IniText& text, std::int32_t count, std::vector<CTag>& tags) {
@@ -124,10 +129,7 @@ void CTemplate::LoadTemplateFromIni() {
         else
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
-    const auto place = [&] {
-        return ErrorContext{.field = "arraySize", .file = iniFile, .reason = kTooManyEntries};
-    };
-    WithContext(place, [&] { ReadNvs(*text, iniFile, numberStaticNvs, nvs); });
+    ReadNvs(*text, *this, nvs);
     ReadTags(*text, numberOfMessageTags, tags);
     ReadCps(*text, numberOfCps, cps);
 }

@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "support/CTools.h"
 #include "template/CTemplate.h"
-#include "template/TemplateFields.h"
+#include "template/TemplatePlaces.h"
 
 namespace tovarek {
 namespace {
@@ -120,13 +120,10 @@ class XmlTemplateLoader {
 
     // A variable's array size is known only behind its children.
     void CountEntries(const CNv& nv) {
-        const auto place = [&] {
-            return ErrorContext{.record = RecordTitle(nv, template_.nvs.size() - 1),
-                                .field = "ARRAYSIZE",
-                                .line = nv.line,
-                                .reason = kTooManyEntries};
-        };
-        WithContext(place, [&] { nvIndex_ = AddChecked(nvIndex_, std::max(nv.arraySize, 1)); });
+        const std::int64_t index = std::int64_t{nvIndex_} + std::max(nv.arraySize, 1);
+        if (index > INT32_MAX)
+            RefuseIndex(template_, nv, template_.nvs.size() - 1);
+        nvIndex_ = static_cast<std::int32_t>(index);
     }
     void CountEntries(const CTag& /*tag*/) const {}
     void CountEntries(const CCp& /*cp*/) const {}

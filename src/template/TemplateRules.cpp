@@ -101,6 +101,10 @@ ErrorContext DeclarationPlace(const CTemplate& source, const CCp& cp, std::size_
     return TemplatePlaces(source).Of(cp, position, &CCp::declaration, {.sentence = std::move(reason)});
 }
 
+ErrorContext WithoutSentence(const ErrorContext& place) {
+    return {.field = place.field, .value = place.value, .file = place.file, .line = place.line};
+}
+
 }  // namespace
 
 void CTemplate::VerifyData() {
@@ -158,8 +162,16 @@ void CTemplate::VerifyTemplate(FindingSink& findings) {
 }
 
 ErrorContext CTemplate::PlaceOf(std::size_t position, std::string CCp::*member) const {
-    const ErrorContext place = TemplatePlaces(*this).Of(cps[position], position, member, {});
-    return {.field = place.field, .file = place.file, .line = place.line};
+    return WithoutSentence(TemplatePlaces(*this).Of(cps[position], position, member, {}));
+}
+ErrorContext CTemplate::PlaceOf(std::size_t position, std::int32_t CCp::*member) const {
+    return WithoutSentence(TemplatePlaces(*this).Of(cps[position], position, member, {}));
+}
+ErrorContext CTemplate::PlaceOfNvType(std::size_t position) const {
+    // Validation has moved the number, so without an input there is nothing to show.
+    if (iniFile.empty() && !Source().node)
+        return {};
+    return WithoutSentence(TemplatePlaces(*this).Of(nvs[position], position, &CNv::typeIndex, {}));
 }
 
 void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {

@@ -42,6 +42,16 @@ void CType::ConvertType(std::string_view t, const CErrorHandler& errorHandler) {
                             {.field = "TYPE", .value = Excerpt(t), .reason = std::move(accepted)});
 }
 
+int CType::LineOf(std::string_view child) const {
+    if (!lines)
+        return 0;
+    int line = lines->element;
+    for (const auto& [other, childLine] : lines->children)
+        if (other == child)
+            line = childLine;
+    return line;
+}
+
 std::int32_t CType::RawValue(double value) const {
     // A factor of 0 scales nothing.
     if (a_coef == 0 || (a_coef == 1 && b_coef == 0))

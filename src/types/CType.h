@@ -39,6 +39,7 @@ inline constexpr std::int32_t kLargestStandardIndex = 255;
 
 struct CEnumValue {
     std::string name;
+    int line = 0;            // in the format file, for error messages; 0 = unknown
     std::int32_t value = 0;  // of a signed byte, -128 to 127
     std::string description;
     std::int32_t res_description = 0;  // string number of the description in the language file; 0 = none
@@ -56,12 +57,19 @@ using CFormats = KeyedList<CFormat>;
 // Numbers of the enumerations that a type file holds already, by name.
 using CreatedEnums = std::unordered_map<std::string, std::int32_t>;
 
-// The raw values of a property type.
-enum class RawValueKind { initial, minimum, maximum };
+// What the template or the user type file tells of a type: the number of its definition in the format file,
+// and of a property type its own number and its raw values.
+enum class TypeInput { definition, number, initial, minimum, maximum };
 
-// Tells where a raw value stands in the input: field, file and line, for messages. It looks into the template
+// Tells where that stands in the input: field, value, file and line, for messages. It looks into the template
 // or the user type file, so it is asked while they are as they were loaded.
-using RawValuePlace = std::function<ErrorContext(RawValueKind which)>;
+using TypeInputPlace = std::function<ErrorContext(TypeInput which)>;
+
+// Where a type element stands in the format file, and those of its children that say something of the type.
+struct ElementLines {
+    int element = 0;
+    std::vector<std::pair<std::string_view, int>> children;  // by name in capitals
+};
 
 // A type may hold up to a million members, nested up to a thousand deep: what many members have in common is
 // shared between them, and the operations that descend keep their frames small.
@@ -88,7 +96,7 @@ class CType {
     std::int32_t res_longname = 0;    // string numbers in the language file; 0 = none
     std::int32_t res_unit = 0;
     std::int32_t res_description = 0;
-    int line = 0;         // of the type element, for error messages; 0 = unknown
+    int memberLine = 0;   // of a member: where its owner lists it in the format file; 0 = unknown
     double minValue = 0;  // limits in scaled units
     double maxValue = 0;
     std::string name;
@@ -99,7 +107,8 @@ class CType {
     std::string rawMinValue;
     std::string rawMaxValue;
     std::shared_ptr<const ErrorContext> place;  // of a type of its own: whose it is, and where it is defined
-    std::shared_ptr<const RawValuePlace> rawValuePlace;  // none: not known
+    std::shared_ptr<const TypeInputPlace> inputPlace;  // of a type of its own; none: not known
+    std::shared_ptr<const ElementLines> lines;  // shared by all types of one type element; none: not known
     std::string enumName;
     std::shared_ptr<std::vector<CEnumValue>>
         enumValues;  // shared by all types of one type element; none: no values
@@ -111,6 +120,10 @@ class CType {
     // Whether the type stands for a standard one.
     bool isReference() const { return typeIndex > 0 && typeIndex <= kLargestStandardIndex; }
     bool HasMembers() const { return elementType == elementStruct || elementType == elementUnion; }
+
+    // The line of the last child called `child`, in capitals, of the type element, or of the element itself
+    // where it has none such; 0 = unknown.
+    int LineOf(std::string_view child = {}) const;
 
     // Sets elementType from the word of a type element; letter case does not matter. Raises error 91.
     void ConvertType(std::string_view t, const CErrorHandler& errorHandler);
@@ -161,8 +174,8 @@ class CType {
     void VerifyNumber(FindingSink& findings) const;
     void VerifyBitField(FindingSink& findings) const;
 
-    void AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
-                 const CErrorHandler& errorHandler) const;
+    void AddText(std::string_view field, const std::string& text, std::int32_t& number, CCatalog& catalog,
+                 std::int32_t& resNumber, const CErrorHandler& errorHandler) const;
     std::int32_t Describe(QVxTypes& control) const;
     void StartType(CCatalog& catalog, const CErrorHandler& errorHandler) const;
     void Register(CCatalog& catalog, const CErrorHandler& errorHandler) const;

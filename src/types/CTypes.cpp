@@ -12,17 +12,20 @@ namespace {
 // The scope of types that a device defines for itself alone.
 constexpr std::int32_t kOwnScope = 6;
 
-constexpr std::pair<RawValueKind, std::string CCp::*> kRawValues[] = {
-    {RawValueKind::initial, &CCp::initValue},
-    {RawValueKind::minimum, &CCp::minValue},
-    {RawValueKind::maximum, &CCp::maxValue},
-};
-
-// Where the template tells a raw value of its configuration property `position`, from 0.
-ErrorContext PlaceOfRawValue(const CTemplate& source, std::size_t position, RawValueKind which) {
-    for (const auto& [kind, member] : kRawValues)
-        if (kind == which)
-            return source.PlaceOf(position, member);
+// Where the template tells something of the type of its configuration property `position`, from 0.
+ErrorContext PlaceInProperty(const CTemplate& source, std::size_t position, TypeInput which) {
+    switch (which) {
+        case TypeInput::definition:
+            return source.PlaceOf(position, &CCp::typeIndex);
+        case TypeInput::number:
+            return source.PlaceOf(position, &CCp::declaration);
+        case TypeInput::initial:
+            return source.PlaceOf(position, &CCp::initValue);
+        case TypeInput::minimum:
+            return source.PlaceOf(position, &CCp::minValue);
+        case TypeInput::maximum:
+            return source.PlaceOf(position, &CCp::maxValue);
+    }
     return {};
 }
 
@@ -48,11 +51,13 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
     const auto add = [&](TypeRequest request, const auto& record, std::size_t position) {
         request.origin = RecordTitle(record, position);
         const auto place = [&](const Error& error) {
-            ErrorContext context{.record = request.origin};
-            if (error.Number() == eQVXIFerr_typenotfoundinformatfile) {
-                context.value = std::to_string(request.formatNumber);
-                context.file = definitions.Path();
+            ErrorContext context;
+            // Of a number without a definition the template tells where it stands.
+            if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty()) {
+                context = request.inputPlace(TypeInput::definition);
+                context.FillFrom({.value = std::to_string(request.formatNumber), .file = definitions.Path()});
             }
+            context.record = request.origin;
             return context;
         };
         WithContext(place, [&] { AddType(definitions, request); });
@@ -60,7 +65,13 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
     for (std::size_t i = 0; i < deviceTemplate->nvs.size(); ++i) {
         const CNv& nv = deviceTemplate->nvs[i];
         if (nv.unvtType >= 1 && nv.typeIndex == 0)
-            add({.formatNumber = nv.unvtType, .isUnvt = true, .scope = kOwnScope, .onlyScope6 = true}, nv, i);
+            add({.formatNumber = nv.unvtType,
+                 .isUnvt = true,
+                 .scope = kOwnScope,
+                 .inputPlace = [source = deviceTemplate,
+                                i](TypeInput /*which*/) { return source->PlaceOfNvType(i); },
+                 .onlyScope6 = true},
+                nv, i);
     }
     for (std::size_t i = 0; i < deviceTemplate->cps.size(); ++i) {
         const CCp& cp = deviceTemplate->cps[i];
@@ -73,8 +84,8 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
              .rawMinValue = cp.minValue,
              .rawMaxValue = cp.maxValue,
              .rawInitValue = cp.initValue,
-             .rawValuePlace = [source = deviceTemplate,
-                               i](RawValueKind which) { return PlaceOfRawValue(*source, i, which); },
+             .inputPlace = [source = deviceTemplate,
+                            i](TypeInput which) { return PlaceInProperty(*source, i, which); },
              .onlyScope6 = true},
             cp, i);
     }
@@ -95,9 +106,10 @@ void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request)
     ErrorContext place{.record = "type element " + definitions.ElementName(request.formatNumber) +
                                  (type->name.empty() ? "" : " '" + type->name + "'"),
                        .file = definitions.Path(),
-                       .line = definition.content.line};
+                       .line = definition.content.LineOf()};
     place.FillFrom({.record = request.origin});
     type->place = std::make_shared<const ErrorContext>(std::move(place));
+    type->inputPlace = std::make_shared<const TypeInputPlace>(request.inputPlace);
     const bool isWanted = WithContext([&] { return *type->place; }, [&] { return Complete(*type, request); });
     if (!isWanted)
         return;
@@ -108,9 +120,10 @@ void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request)
 // Numbers, measures, checks and fills a new type. False when it is not wanted after all.
 bool CTypes::Complete(CType& type, const TypeRequest& request) {
     if (type.isUnvt && (type.scope < 0 || type.scope >= static_cast<std::int32_t>(nextIndex_.size())))
-        RaiseRuntimeError(
-            RuntimeError::subscriptOutOfRange,
-            {.field = "SCOPE", .value = std::to_string(type.scope), .reason = "accepted: 0 to 6"});
+        RaiseRuntimeError(RuntimeError::subscriptOutOfRange, {.field = "SCOPE",
+                                                              .value = std::to_string(type.scope),
+                                                              .line = type.LineOf("SCOPE"),
+                                                              .reason = "accepted: 0 to 6"});
     std::int32_t* const next = type.isUnvt ? &nextIndex_[static_cast<std::size_t>(type.scope)] : nullptr;
     type.indexInScope = next != nullptr ? *next : request.typeNumber;
     if (type.isUnvt && FindType(true, type.indexInScope, type.scope) != nullptr)
@@ -135,7 +148,6 @@ void CTypes::FillRawValues(CType& type, const TypeRequest& request) {
     type.rawInitValue = request.rawInitValue;
     type.rawMinValue = request.rawMinValue;
     type.rawMaxValue = request.rawMaxValue;
-    type.rawValuePlace = std::make_shared<const RawValuePlace>(request.rawValuePlace);
     for (std::string CType::*value : {&CType::rawInitValue, &CType::rawMinValue, &CType::rawMaxValue}) {
         if (!(type.*value).empty())
             continue;
@@ -144,6 +156,7 @@ void CTypes::FillRawValues(CType& type, const TypeRequest& request) {
         if (zeros_ > kMostZeros)
             RaiseRuntimeError(RuntimeError::outOfMemory, {.field = "LENGTH",
                                                           .value = std::to_string(type.length),
+                                                          .line = type.LineOf("LENGTH"),
                                                           .reason = "the length is beyond any device"});
         (type.*value).assign(static_cast<std::size_t>(characters), '0');
     }

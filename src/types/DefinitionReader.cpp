@@ -119,11 +119,14 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
 
     auto definition = std::make_unique<TypeDefinition>();
     definition->content.typeIndex = number;
-    definition->content.line = element->second.Line();
+    auto lines = std::make_shared<ElementLines>();
+    lines->element = element->second.Line();
+    definition->content.lines = lines;
     Level level{.number = number,
                 .definition = definition.get(),
                 .child = FirstElement(element->second.FirstChild()),
-                .shortName = std::string(WithoutPrefix(element->second.Name(), kElementPrefixes))};
+                .shortName = std::string(WithoutPrefix(element->second.Name(), kElementPrefixes)),
+                .lines = std::move(lines)};
     file_.definitions[readsScope_ ? 1 : 0][number] = std::move(definition);
     levels_.push_back(std::move(level));
 }
@@ -149,7 +152,7 @@ void DefinitionReader::ReadMember() {
     const auto& known = file_.definitions[readsScope_ ? 1 : 0];
     const auto found = known.find(number);
     if (found == known.end()) {
-        pendingNames_.push_back(node.Name());
+        pendingMembers_.push_back(node);
         Enter(number, node);
         return;
     }
@@ -158,12 +161,12 @@ void DefinitionReader::ReadMember() {
         RefuseNesting(node, number, "the type contains itself");
     if (levels_.size() + definition.memberDepth > kDeepestMember)
         RefuseNesting(node, number, "members are nested more than 1000 levels deep");
-    AddMember(node.Name(), definition);
+    AddMember(node, definition);
 }
 
-void DefinitionReader::AddMember(std::string name, const TypeDefinition& definition) {
+void DefinitionReader::AddMember(const XmlNode& node, const TypeDefinition& definition) {
     TypeDefinition& owner = *Top().definition;
-    owner.members.push_back({std::move(name), &definition, owner.scope});
+    owner.members.push_back({node.Name(), &definition, owner.scope, node.Line()});
     owner.memberCount += 1 + definition.memberCount;
     owner.memberDepth = std::max(owner.memberDepth, 1 + definition.memberDepth);
     if (owner.memberCount > kMostMembers)
@@ -177,9 +180,9 @@ void DefinitionReader::Leave() {
     levels_.pop_back();
     if (levels_.empty())
         return;
-    std::string name = std::move(pendingNames_.back());
-    pendingNames_.pop_back();
-    AddMember(std::move(name), finished);
+    const XmlNode member = std::move(pendingMembers_.back());
+    pendingMembers_.pop_back();
+    AddMember(member, finished);
 }
 
 void DefinitionReader::RefuseNesting(const XmlNode& origin, std::int32_t next,
@@ -200,7 +203,7 @@ void DefinitionReader::RefuseNesting(const XmlNode& origin, std::int32_t next,
                       {.record = "type element " + file_.ElementName(levels_.back().number),
                        .field = "FIELDS",
                        .file = file_.path,
-                       .line = origin ? origin.Line() : levels_.back().definition->content.line,
+                       .line = origin ? origin.Line() : levels_.back().definition->content.LineOf(),
                        .reason = std::string(reason) + ": " + text});
 }
 
@@ -208,6 +211,7 @@ void DefinitionReader::ReadChild(const XmlNode& node) {
     const std::string name = UpperCase(node.Name());
     for (const ChildRule& rule : kChildRules) {
         if (rule.name == name) {
+            Top().lines->children.emplace_back(rule.name, node.Line());
             std::visit([&](auto target) { ReadInto(target, node); }, rule.target);
             return;
         }
@@ -276,6 +280,7 @@ void DefinitionReader::ReadEnums(const XmlNode& node) {
     for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling())) {
         CEnumValue& value = type.enumValues->emplace_back();
         value.name = child.Name();
+        value.line = child.Line();
         value.value = AsSignedByte(Integer(child));
         smallest = std::min(smallest, value.value);
         largest = std::max(largest, value.value);

@@ -30,6 +30,7 @@ class DefinitionReader {
         std::string shortName;  // of the type element: its name without a standard prefix
         std::string enumName;   // shortName and the latest NAME; empty before the first
         std::shared_ptr<CFormats> formats;
+        std::shared_ptr<ElementLines> lines;
     };
     struct ChildRule;
     static const ChildRule kChildRules[];
@@ -37,7 +38,7 @@ class DefinitionReader {
     void Enter(std::int32_t number, const XmlNode& origin);
     std::string MissingReason(std::int32_t number) const;
     void ReadMember();
-    void AddMember(std::string name, const TypeDefinition& definition);
+    void AddMember(const XmlNode& node, const TypeDefinition& definition);
     void Leave();
 
     void ReadChild(const XmlNode& node);
@@ -67,7 +68,7 @@ class DefinitionReader {
     bool readsScope_;
     CTools tools_;
     std::vector<Level> levels_;
-    std::vector<std::string> pendingNames_;  // of the members that the levels above the first are read for
+    std::vector<XmlNode> pendingMembers_;  // the members that the levels above the first are read for
 };
 
 }  // namespace tovarek

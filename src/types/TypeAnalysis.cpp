@@ -94,8 +94,9 @@ void CType::AnalyseLength() {
     if (isReference() || !HasMembers())
         return;
     length = 0;
-    const auto tooLong = [] {
-        return ErrorContext{.field = "LENGTH",
+    const auto tooLong = [&] {
+        return ErrorContext{.field = "FIELDS",
+                            .line = LineOf("FIELDS"),
                             .reason = "the lengths of the members add up to more than 32 bits"};
     };
     WithContext(tooLong, [&] { ComputeLength(length); });

@@ -1,4 +1,6 @@
 // Writing a type into the open resource files: its texts, its enumerations, its description.
+#include <limits>
+
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "types/CType.h"
@@ -16,6 +18,7 @@ std::optional<std::int32_t> RawLimit(const CType& type, bool isGiven, std::int32
     const auto place = [&] {
         return ErrorContext{.field = field,
                             .value = DoubleToText(scaled),
+                            .line = type.LineOf(field),
                             .reason = "with A_COEF, B_COEF and C_COEF the raw value exceeds 32 bits"};
     };
     return WithContext(place, [&] { return (type.*raw)(); });
@@ -35,13 +38,43 @@ std::optional<double> FloatLimit(bool isGiven, double limit) {
     return isGiven ? std::optional<double>(limit) : std::nullopt;
 }
 
-// What the control's answer `code` to the description is about: of a limit the element is known.
+// The factor that does not fit the 16 bits that the file has for it; without one the array is meant.
+ErrorContext DetailOf(const CType& type) {
+    using Stored = std::numeric_limits<std::int16_t>;
+    for (const auto& [field, value] :
+         {std::pair{"A_COEF", type.a_coef}, {"B_COEF", type.b_coef}, {"C_COEF", type.c_coef}})
+        if (value < Stored::min() || value > Stored::max())
+            return {.field = field, .value = std::to_string(value)};
+    return {.field = "ARRAY", .value = std::to_string(type.arraySize)};
+}
+
+// The child of the type element that the control's answer `code` to the description is about.
+ErrorContext ChildOf(std::int32_t code, const CType& type) {
+    switch (code) {
+        case resultBadMinimum:
+            return {.field = "MIN", .value = DoubleToText(type.minValue)};
+        case resultBadMaximum:
+            return {.field = "MAX", .value = DoubleToText(type.maxValue)};
+        case resultErrorSettingDetails:
+            return DetailOf(type);
+        case resultErrorSettingNumMembers:
+            return {.field = "FIELDS"};
+        case resultBadParam:
+            return type.isReference() ? ErrorContext{}
+                                      : ErrorContext{.field = "LENGTH", .value = std::to_string(type.length)};
+        // A member is named where its owner lists it.
+        case resultErrorAddingMember:
+            return {.line = type.memberLine};
+        default:
+            return {};
+    }
+}
+
 ErrorContext DescriptionContext(std::int32_t code, const CType& type) {
-    if (code == resultBadMinimum)
-        return {.field = "MIN", .value = DoubleToText(type.minValue), .line = type.line};
-    if (code == resultBadMaximum)
-        return {.field = "MAX", .value = DoubleToText(type.maxValue), .line = type.line};
-    return {.line = type.line};
+    ErrorContext context = ChildOf(code, type);
+    if (context.line == 0)
+        context.line = type.LineOf(context.field);
+    return context;
 }
 
 // Does `operation` for each of `members`, those of a structure or union; errors tell which one it was.
@@ -53,14 +86,14 @@ void ForEachMember(auto& members, const Operation& operation) {
 
 }  // namespace
 
-void CType::AddText(const std::string& text, std::int32_t& number, CCatalog& catalog, std::int32_t& resNumber,
-                    const CErrorHandler& errorHandler) const {
+void CType::AddText(std::string_view field, const std::string& text, std::int32_t& number, CCatalog& catalog,
+                    std::int32_t& resNumber, const CErrorHandler& errorHandler) const {
     if (text.empty())
         return;
     std::int32_t stringScope = 0;
     const std::int32_t code = catalog.types.AddLanguageString(text, 0, number, stringScope);
     if (code != resultOk)
-        RaiseControlError(code, {.field = "string " + std::to_string(resNumber), .value = Excerpt(text)},
+        RaiseControlError(code, {.field = std::string(field), .value = Excerpt(text), .line = LineOf(field)},
                           catalog.types, errorHandler);
     ++resNumber;
 }
@@ -68,12 +101,12 @@ void CType::AddText(const std::string& text, std::int32_t& number, CCatalog& cat
 void CType::AddToLangFile(CCatalog& catalog, std::int32_t& resNumber, const CErrorHandler& errorHandler) {
     if (isReference())
         return;
-    AddText(longname, res_longname, catalog, resNumber, errorHandler);
-    AddText(description, res_description, catalog, resNumber, errorHandler);
-    AddText(unit, res_unit, catalog, resNumber, errorHandler);
+    AddText("LONGNAME", longname, res_longname, catalog, resNumber, errorHandler);
+    AddText("DESC", description, res_description, catalog, resNumber, errorHandler);
+    AddText("UNIT", unit, res_unit, catalog, resNumber, errorHandler);
     if (elementType == elementEnum && enumValues)
         for (CEnumValue& value : *enumValues)
-            AddText(value.description, value.res_description, catalog, resNumber, errorHandler);
+            AddText("ENUMS", value.description, value.res_description, catalog, resNumber, errorHandler);
     if (HasMembers())
         ForEachMember(elements,
                       [&](CType& member) { member.AddToLangFile(catalog, resNumber, errorHandler); });
@@ -92,7 +125,9 @@ void CType::CreateEnum(CCatalog& catalog, const CErrorHandler& errorHandler, Cre
             control.AddEnumerationValue(enumIndex, value.name, value.value, value.res_description);
         if (code != resultOk)
             RaiseControlError(code,
-                              {.field = "ENUMS, value " + value.name, .value = std::to_string(value.value)},
+                              {.field = "ENUMS, value " + value.name,
+                               .value = std::to_string(value.value),
+                               .line = value.line},
                               control, errorHandler);
     }
     alreadyCreated.emplace(enumName, enumIndex);
@@ -176,18 +211,18 @@ void CType::Register(CCatalog& catalog, const CErrorHandler& errorHandler) const
 ErrorContext CType::RegistrationContext(std::int32_t code) const {
     constexpr struct {
         std::int32_t code;
-        RawValueKind which;
+        TypeInput which;
         std::string CType::*value;
         const char* title;
     } kRawValues[] = {
-        {resultBadInitial, RawValueKind::initial, &CType::rawInitValue, "initial value"},
-        {resultBadMinimum, RawValueKind::minimum, &CType::rawMinValue, "minimum value"},
-        {resultBadMaximum, RawValueKind::maximum, &CType::rawMaxValue, "maximum value"},
+        {resultBadInitial, TypeInput::initial, &CType::rawInitValue, "initial value"},
+        {resultBadMinimum, TypeInput::minimum, &CType::rawMinValue, "minimum value"},
+        {resultBadMaximum, TypeInput::maximum, &CType::rawMaxValue, "maximum value"},
     };
     for (const auto& row : kRawValues) {
         if (row.code != code)
             continue;
-        ErrorContext context = rawValuePlace ? (*rawValuePlace)(row.which) : ErrorContext{};
+        ErrorContext context = inputPlace ? (*inputPlace)(row.which) : ErrorContext{};
         context.value = Excerpt(this->*row.value);
         if (context.field.empty())
             context.field = row.title;

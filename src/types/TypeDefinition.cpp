@@ -12,6 +12,7 @@ void TypeDefinition::Instantiate(CType& target, bool isUnvt, std::int32_t scopeO
         member.definition->Instantiate(field, isUnvt, member.scope.value_or(scopeOfOwner));
         field.name = member.name;
         field.isField = true;
+        field.memberLine = member.line;
     }
 }
 

@@ -25,6 +25,7 @@ struct TypeDefinition {
         std::string name;
         const TypeDefinition* definition = nullptr;
         std::optional<std::int32_t> scope;  // that a SCOPE in front of FIELDS has set
+        int line = 0;
     };
 
     CType content;                      // all but name, scope and members

@@ -154,12 +154,23 @@ class TypeFilesDriver {
             else if (next == nullptr)
                 return;
             else
-                errorHandler_.RaiseError(kind.missingIndex,
-                                         {.field = "index in scope",
-                                          .value = std::to_string(index),
-                                          .reason = "there is a " + std::string(kind.title) + " " +
-                                                    std::to_string(index + 1) + " and none with this index"});
+                OfType(**next, [&] { RefuseGap(kind, **next, index); });
         }
+    }
+
+    // `behind`: the type with the number behind the gap, whose place in the input is told.
+    [[noreturn]] void RefuseGap(const TypeKindRule& kind, const CType& behind, std::int32_t index) const {
+        ErrorContext context = behind.inputPlace ? (*behind.inputPlace)(TypeInput::number) : ErrorContext{};
+        if (context.file.empty())
+            context.line = 0;
+        if (context.field.empty()) {
+            context.field = "index in scope";
+            context.value = std::to_string(index + 1);
+        }
+        context.reason = "there is a " + std::string(kind.title) + " " + std::to_string(index + 1) +
+                         " and none with the number " + std::to_string(index) +
+                         "; number the types of a scope without a gap";
+        errorHandler_.RaiseError(kind.missingIndex, std::move(context));
     }
 
     CType* const* Find(const TypeKindRule& kind, std::int32_t index) const {

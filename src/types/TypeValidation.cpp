@@ -13,7 +13,7 @@ void Tell(FindingSink& findings, eErrors error, const CType& type, std::string_v
     findings.Take({error,
                    {.field = std::string(field),
                     .value = std::move(value),
-                    .line = type.line,
+                    .line = type.LineOf(field),
                     .reason = std::string(reason)}});
 }
 

@@ -29,13 +29,13 @@ constexpr ScopeRule kScopeRules[] = {
 // Where the raw values of a type are found.
 struct RawValueRule {
     std::string_view element;
-    RawValueKind which;
+    TypeInput which;
     std::string TypeRequest::*value;
 };
 constexpr RawValueRule kRawValueRules[] = {
-    {"MINRAWVAL", RawValueKind::minimum, &TypeRequest::rawMinValue},
-    {"MAXRAWVAL", RawValueKind::maximum, &TypeRequest::rawMaxValue},
-    {"INITRAWVAL", RawValueKind::initial, &TypeRequest::rawInitValue},
+    {"MINRAWVAL", TypeInput::minimum, &TypeRequest::rawMinValue},
+    {"MAXRAWVAL", TypeInput::maximum, &TypeRequest::rawMaxValue},
+    {"INITRAWVAL", TypeInput::initial, &TypeRequest::rawInitValue},
 };
 
 // Letters in front of a type's number.
@@ -60,30 +60,19 @@ void ForEachElement(const XmlNode& parent, const Operation& operation) {
             operation(child);
 }
 
-// The element of a raw value of the type `node`; of several the last one counts. Without one, the type.
-ErrorContext PlaceOfRawValue(const XmlNode& node, RawValueKind which) {
-    ErrorContext place{.file = node.File(), .line = node.Line()};
-    for (const RawValueRule& rule : kRawValueRules) {
-        if (rule.which != which)
-            continue;
-        place.field = rule.element;
-        ForEachElement(node, [&](const XmlNode& child) {
-            if (UpperCase(child.Name()) == rule.element)
-                place.line = child.Line();
-        });
-    }
-    return place;
-}
-
-// The element that names the definition of the type `node`; of several the last one counts.
-ErrorContext PlaceOfDefinition(const XmlNode& node) {
-    ErrorContext place;
+// The child of the type `node` that tells `which`; of several the last one counts. Without one, the type,
+// whose name holds its number.
+ErrorContext PlaceInType(const XmlNode& node, TypeInput which) {
+    std::string_view name = which == TypeInput::definition ? "SNVTTYPE" : "";
+    for (const RawValueRule& rule : kRawValueRules)
+        if (rule.which == which)
+            name = rule.element;
+    ErrorContext place{.field = std::string(name), .file = node.File(), .line = node.Line()};
     ForEachElement(node, [&](const XmlNode& child) {
-        if (UpperCase(child.Name()) == "SNVTTYPE")
-            place = {.field = child.Name(),
-                     .value = Excerpt(CTools().nodeTextValue(child)),
-                     .file = node.File(),
-                     .line = child.Line()};
+        if (UpperCase(child.Name()) != name)
+            return;
+        place.value = Excerpt(CTools().nodeTextValue(child));
+        place.line = child.Line();
     });
     return place;
 }
@@ -122,15 +111,14 @@ class UserTypeFileReader {
             return;
         TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
         ReadChildren(node, request);
-        if (!isUnvt)
-            request.rawValuePlace = [node](RawValueKind which) { return PlaceOfRawValue(node, which); };
+        request.inputPlace = [node](TypeInput which) { return PlaceInType(node, which); };
         request.origin = "type <" + name + ">";
         request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
         const auto place = [&](const Error& error) {
             ErrorContext context;
             // Of a number without a definition the file tells where it stands.
             if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty())
-                context = PlaceOfDefinition(node);
+                context = request.inputPlace(TypeInput::definition);
             context.FillFrom({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
             return context;
         };

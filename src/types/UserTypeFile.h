@@ -20,8 +20,8 @@ struct TypeRequest {
     std::string rawMinValue;
     std::string rawMaxValue;
     std::string rawInitValue;
-    RawValuePlace rawValuePlace;  // of a configuration-property type
-    bool onlyScope6 = false;      // dropped when its definition puts it into another scope
+    TypeInputPlace inputPlace;
+    bool onlyScope6 = false;  // dropped when its definition puts it into another scope
     bool fromUserTypeFile = false;
     std::string origin;  // who wants it, for messages
 };

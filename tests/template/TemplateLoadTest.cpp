@@ -92,13 +92,34 @@ TEST(TemplateIni, HugeCountsAnswerAtOnce) {
                   }),
                   error)
             << number << ' ' << arraySize;
-    const auto error = Raised([&] {
-        FromIni(scratch, "[nvs]\nnumberOfStaticNvs=2\n[nv1]\nname=a\n[nv2]\nname=b\narraySize=2147483647\n");
-    });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(error->Context().record, "network variable 2 (b)");
-    EXPECT_EQ(error->Context().line, 7);
+    // What is one too many is named: the variable whose array size it is, read or only counted, or the count
+    // itself.
+    const struct {
+        const char* text;
+        const char* record;
+        const char* field;
+        const char* value;
+        int line;
+    } rows[] = {{"2\n[nv1]\nname=a\n[nv2]\nname=b\narraySize=2147483647\n", "network variable 2 (b)",
+                 "arraySize", "2147483647", 7},
+                {"70000\n[nv60000]\nname=c\narraySize=2147400000\n[nv5000]\nname=b\narraySize=80000\n",
+                 "network variable 60000 (c)", "arraySize", "2147400000", 5},
+                {"70000\n[nv5000]\narraySize=2147480000\n[nv5001]\nname=b\narraySize=9\n",
+                 "network variable 5000", "arraySize", "2147480000", 4},
+                {"2147483647\n[nv5000]\narraySize=2\n", "template", "numberOfStaticNvs", "2147483647", 2}};
+    for (const auto& row : rows) {
+        const auto error =
+            Raised([&] { FromIni(scratch, "[nvs]\nnumberOfStaticNvs=" + std::string(row.text)); });
+        ASSERT_TRUE(error) << row.text;
+        const ErrorContext& context = error->Context();
+        EXPECT_EQ(error->Number(), 6) << row.text;
+        EXPECT_EQ(context.record, row.record);
+        EXPECT_EQ(context.field, row.field);
+        EXPECT_EQ(context.value, row.value);
+        EXPECT_EQ(context.line, row.line) << row.text;
+        EXPECT_TRUE(context.file.ends_with("t.ini")) << row.text;
+        EXPECT_NE(context.reason.find("the array sizes add up"), std::string::npos) << row.text;
+    }
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=4096\n").nvs.size(), 4096U);
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=-5\n").nvs.size(), 0U);
 }
@@ -160,9 +181,15 @@ TEST(TemplateXml, ANumberBeyond32BitsNamesItsPlace) {
     EXPECT_EQ(error->Context().record, "network variable 2 (b)");
     EXPECT_EQ(error->Context().field, "LENGTH");
     EXPECT_EQ(error->Context().line, 2);
-    EXPECT_EQ(
-        RaisedNumber([&] { FromXml(scratch, "<NVS><a><ARRAYSIZE>2147483647</ARRAYSIZE></a><b/></NVS>"); }),
-        6);
+    const auto index =
+        Raised([&] { FromXml(scratch, "<NVS><a/>\n<b>\n<arraySize>2147483647</arraySize></b><c/></NVS>"); });
+    ASSERT_TRUE(index);
+    EXPECT_EQ(index->Number(), 6);
+    EXPECT_EQ(index->Context().record, "network variable 2 (b)");
+    EXPECT_EQ(index->Context().field, "ARRAYSIZE");
+    EXPECT_EQ(index->Context().value, "2147483647");
+    EXPECT_EQ(index->Context().line, 3) << "of the element, not of the variable";
+    EXPECT_TRUE(index->Context().file.ends_with("t.xml"));
 }
 
 TEST(Template, LoadingTwiceKeepsNothingButTheUserTypeFile) {

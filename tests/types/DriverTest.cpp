@@ -1,5 +1,6 @@
 // The resource files of a device, from its two XML files to what readers find in them.
 #include "DriverDevice.h"
+#include "base/Text.h"
 #include "formats/language/LanguageFile.h"
 #include "types/TypeFilesDriver.h"
 
@@ -259,30 +260,53 @@ TEST(Driver, SelectorOfTheScope) {
     }
 }
 
-TEST(Driver, FaultsOfTheControlNameTypeAndReason) {
+// What is wrong stands in line 2.
+TEST(Driver, FaultsOfTheControlNameTypeChildAndReason) {
     const std::string start = "<SNVT_300><NAME>x</NAME>";
+    const std::string end = "</SNVT_300>";
+    const std::string number = start + "<TYPE>USER</TYPE><LENGTH>1</LENGTH>";
+    const std::string byte = "<SNVT_301><TYPE>USER</TYPE><LENGTH>1</LENGTH></SNVT_301>";
+    const std::string tooLong(300, 'n');
     struct Case {
         const char* what;
         std::string elements;
         eErrors error;
+        const char* field;
+        std::string value;
     };
     for (const Case& c : std::vector<Case>{
-             {"a value below a signed byte", start + "<TYPE>ENUM</TYPE><ENUMS><A>-129</A></ENUMS></SNVT_300>",
-              eQVXIFerr_QVX_editResult_erroraddingenumvalue},
-             {"an unsigned number of 3 bytes", start + "<TYPE>BITFIELD</TYPE><LENGTH>3</LENGTH></SNVT_300>",
-              eQVXIFerr_QVX_editResult_badparam},
-             {"a minimum outside the kind",
-              start + "<TYPE>USER</TYPE><LENGTH>1</LENGTH><MIN>-1</MIN></SNVT_300>",
-              eQVXIFerr_QVX_editResult_badminvalue},
+             {"a text beyond any record", number + "\n<DESC>" + std::string(70000, 'd') + "</DESC>" + end,
+              eQVXIFerr_QVX_editResult_erroraddingresource, "DESC", Excerpt(std::string(70000, 'd'))},
+             {"a value below a signed byte",
+              start + "<TYPE>ENUM</TYPE><ENUMS><B>1</B>\n<A>-129</A></ENUMS>" + end,
+              eQVXIFerr_QVX_editResult_erroraddingenumvalue, "ENUMS, value A", "-129"},
+             {"an unsigned number of 3 bytes", start + "<TYPE>BITFIELD</TYPE>\n<LENGTH>3</LENGTH>" + end,
+              eQVXIFerr_QVX_editResult_badparam, "LENGTH", "3"},
+             {"a minimum outside the kind", number + "\n<MIN>-1</MIN>" + end,
+              eQVXIFerr_QVX_editResult_badminvalue, "MIN", "-1"},
+             {"a maximum outside the kind", number + "\n<MAX>256</MAX>" + end,
+              eQVXIFerr_QVX_editResult_badmaxvalue, "MAX", "256"},
+             {"a raw maximum of 33 bits", number + "<B_COEF>-9</B_COEF>\n<MAX>9</MAX>" + end, eErrors{6},
+              "MAX", "9"},
+             {"a factor of 17 bits", number + "\n<A_COEF>32768</A_COEF>" + end,
+              eQVXIFerr_QVX_editResult_errorsettingdetails, "A_COEF", "32768"},
+             {"an offset of 17 bits", number + "\n<C_COEF>-32769</C_COEF>" + end,
+              eQVXIFerr_QVX_editResult_errorsettingdetails, "C_COEF", "-32769"},
+             {"an array of 17 bits", number + "\n<ARRAY>65536</ARRAY>" + end,
+              eQVXIFerr_QVX_editResult_errorsettingdetails, "ARRAY", "65536"},
+             {"a member's name that does not fit",
+              byte + start + "<TYPE>STRUCT</TYPE><FIELDS>\n<" + tooLong + ">301</" + tooLong + "></FIELDS>" +
+                  end,
+              eQVXIFerr_QVX_editResult_erroraddingmember, "", ""},
              {"a name that does not fit",
-              "<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>" + std::string(300, 'n') +
-                  "</NAME></SNVT_300>",
-              eQVXIFerr_QVX_editResult_erroraddingtype},
+              "\n<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>" + tooLong + "</NAME>" + end,
+              eQVXIFerr_QVX_editResult_erroraddingtype, "NAME", ""},
              {"a standard type that the catalog lacks",
-              start + "<TYPE>STRUCT</TYPE><FIELDS><a>140</a><b>8</b></FIELDS></SNVT_300><SNVT_8><TYPE>USER</"
-                      "TYPE></SNVT_8>"
-                      "<SNVT_140><TYPE>USER</TYPE></SNVT_140>",
-              eQVXIFerr_QVX_editResult_badparam}}) {
+              start +
+                  "<TYPE>STRUCT</TYPE><FIELDS><a>140</a><b>8</b></FIELDS></SNVT_300>\n<SNVT_8><TYPE>USER</"
+                  "TYPE></SNVT_8>"
+                  "<SNVT_140><TYPE>USER</TYPE></SNVT_140>",
+              eQVXIFerr_QVX_editResult_badparam, "", ""}}) {
         DriverDevice device;
         device.AddNv(300);
         device.WriteFiles(c.elements);
@@ -290,10 +314,11 @@ TEST(Driver, FaultsOfTheControlNameTypeAndReason) {
         ASSERT_TRUE(error) << c.what;
         EXPECT_EQ(error->Number(), c.error) << c.what << ": " << error->Description();
         EXPECT_FALSE(error->Context().reason.empty()) << c.what;
-        EXPECT_FALSE(error->Context().record.empty()) << c.what;
+        EXPECT_EQ(error->Context().field, c.field) << c.what;
+        EXPECT_EQ(error->Context().value, c.value) << c.what;
         // The input is told, from the variable on, not the output.
         EXPECT_TRUE(error->Context().file.ends_with("format.xml")) << error->Context().file;
-        EXPECT_GT(error->Context().line, 0) << c.what;
+        EXPECT_EQ(error->Context().line, 2) << c.what;
         EXPECT_TRUE(error->Context().record.starts_with("network variable 1 ")) << error->Context().record;
         EXPECT_NE(error->Context().record.find(" > type element SNVT_300 '"), std::string::npos)
             << error->Context().record;
@@ -302,6 +327,40 @@ TEST(Driver, FaultsOfTheControlNameTypeAndReason) {
             kElements +
             std::string("<SNVT_300><TYPE>USER</TYPE><LENGTH>1</LENGTH><NAME>y</NAME></SNVT_300>"));
         EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 0) << c.what;
+    }
+}
+
+// The type behind the gap is told where its number stands, not the output.
+TEST(Driver, AGapIsToldWhereTheNumberBehindItStands) {
+    for (const bool isUsers : {false, true}) {
+        DriverDevice device;
+        const std::string ini =
+            "[general]\nprogramID=9000010A0B040100\nuserTypeFile=user.xml\n[cps]\n"
+            "version=1.0\nnumberOfCp=";
+        device.deviceTemplate.iniFile = device.scratch.File(
+            "template.ini", ini + (isUsers ? "0"
+                                           : "2\n[cp1]\ndeclaration=1,1,6\\x80,1,2;\ntypeIndex=310\n"
+                                             "[cp2]\ndeclaration=1,1,6\\x80,3,2;\ntypeIndex=310\n"));
+        device.deviceTemplate.errorHandler = &device.errorHandler;
+        device.deviceTemplate.catalog = &device.catalog;
+        device.deviceTemplate.Load();
+        device.deviceTemplate.VerifyData();
+        const std::string content = "<NAME>a</NAME><SNVTTYPE>310</SNVTTYPE>";
+        device.WriteFiles(kElements, isUsers ? UserTypes("UCPTS", "_3", "_F00001",
+                                                         "<UCPT_1>" + content + "</UCPT_1>\n<UCPT_3>" +
+                                                             content + "</UCPT_3>")
+                                             : "<UCPTS/>");
+        const auto error = Raised([&] { device.Generate(); });
+        ASSERT_TRUE(error);
+        const ErrorContext& context = error->Context();
+        EXPECT_EQ(error->Number(), eQVXIFerr_QVX_editResult_missingucpttypeindex);
+        EXPECT_EQ(context.record, isUsers ? "type <UCPT_3> > type element SNVT_310 'UCPT_3_a'"
+                                          : "configuration property 2 > type element SNVT_310 'UCPT_3_'");
+        EXPECT_EQ(context.field, isUsers ? "index in scope" : "declaration");
+        EXPECT_EQ(context.value, isUsers ? "3" : "1,1,6\\x80,3,2;");
+        EXPECT_TRUE(context.file.ends_with(isUsers ? "user.xml" : "template.ini")) << context.file;
+        EXPECT_EQ(context.line, isUsers ? 2 : 11);
+        EXPECT_NE(context.reason.find("none with the number 2"), std::string::npos) << context.reason;
     }
 }
 

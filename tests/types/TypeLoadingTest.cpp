@@ -197,25 +197,44 @@ TEST(TypeLoading, TypesOfTheUserTypeFile) {
     EXPECT_EQ(device.Ucpt("3_7").rawMaxValue, "0000");
 }
 
-TEST(TypeLoading, Faults) {
+// Each fault stands in line 2, but for what is missing: that is told at the type element, in line 1.
+TEST(TypeLoading, FaultsNameTheirChildAndItsLine) {
     struct Case {
         const char* what;
         std::string elements;
         int error;
         const char* field;
+        int line;
     };
+    const std::string end = "</SNVT_300>";
     const std::string start = "<SNVT_300><NAME>a</NAME>";
+    const std::string number = start + "<TYPE>USER</TYPE><LENGTH>1</LENGTH>";
+    const std::string bits = start + "<TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>4</BFSIZE>";
+    const std::string members = start + "<TYPE>STRUCT</TYPE><LENGTH>1</LENGTH><FIELDS>";
     for (const Case& c : std::vector<Case>{
-             {"unknown number", "<SNVT_30/>", 1090, ""},
-             {"unknown member", start + "<TYPE>STRUCT</TYPE><FIELDS><m>999</m></FIELDS></SNVT_300>", 1090,
-              "m"},
-             {"unknown kind", start + "<TYPE>INT</TYPE></SNVT_300>", 1091, "TYPE"},
-             {"no kind", start + "</SNVT_300>", 1092, "TYPE"},
-             {"no name", "<SNVT_300><TYPE>FLOAT</TYPE></SNVT_300>", 1093, "NAME"},
-             {"length of 33 bits", start + "<LENGTH>4294967296</LENGTH></SNVT_300>", 6, "LENGTH"},
-             {"endless limit", start + "<MIN>1e999</MIN></SNVT_300>", 6, "MIN"},
-             {"scope", start + "<SCOPE>7</SCOPE></SNVT_300>", 9, "SCOPE"},
-             {"scope", start + "<SCOPE>-1</SCOPE></SNVT_300>", 9, "SCOPE"}}) {
+             {"unknown member", members + "\n<m>999</m></FIELDS>" + end, 1090, "m", 2},
+             {"unknown kind", start + "\n<TYPE>INT</TYPE>" + end, 1091, "TYPE", 2},
+             {"no kind", start + "\n" + end, 1092, "TYPE", 1},
+             {"no name", "<SNVT_300><TYPE>FLOAT</TYPE>\n" + end, 1093, "NAME", 1},
+             {"limits", number + "<MAX>1</MAX>\n<MIN>2</MIN>" + end, 1094, "MIN", 2},
+             {"no length", start + "<TYPE>USER</TYPE>\n" + end, 1095, "LENGTH", 1},
+             {"length of 0", start + "<TYPE>USER</TYPE>\n<LENGTH>0</LENGTH>" + end, 1095, "LENGTH", 2},
+             {"length of 33 bits", start + "\n<LENGTH>4294967296</LENGTH>" + end, 6, "LENGTH", 2},
+             {"values in front", start + "\n<ENUMS><A>1</A></ENUMS>\n<TYPE>ENUM</TYPE>" + end, 1096, "ENUMS",
+              2},
+             {"length", start + "<TYPE>SIGNEDNUMERIC</TYPE>\n<LENGTH>3</LENGTH>" + end, 1121, "LENGTH", 2},
+             {"length", start + "<TYPE>USER</TYPE>\n<LENGTH>4</LENGTH>" + end, 1122, "LENGTH", 2},
+             {"array", bits + "\n<ARRAY>2</ARRAY>" + end, 1123, "ARRAY", 2},
+             {"bits", bits + "\n<BFSIZE>9</BFSIZE>" + end, 1124, "BFSIZE", 2},
+             {"offset", bits + "\n<BFOFFSET>8</BFOFFSET>" + end, 1125, "BFOFFSET", 2},
+             {"both", bits + "\n<BFOFFSET>5</BFOFFSET>" + end, 1126, "BFOFFSET", 2},
+             {"sum of members",
+              members + "<m>301</m></FIELDS>\n<FIELDS><n>301</n></FIELDS>" + end +
+                  "<SNVT_301><TYPE>TEXTUAL</TYPE><LENGTH>2147483647</LENGTH></SNVT_301>",
+              6, "FIELDS", 2},
+             {"endless limit", start + "\n<MIN>1e999</MIN>" + end, 6, "MIN", 2},
+             {"scope", start + "\n<SCOPE>7</SCOPE>" + end, 9, "SCOPE", 2},
+             {"scope", start + "\n<SCOPE>-1</SCOPE>" + end, 9, "SCOPE", 2}}) {
         Device device;
         device.AddNv(300);
         device.WriteFiles(c.elements);
@@ -224,6 +243,85 @@ TEST(TypeLoading, Faults) {
         ASSERT_TRUE(error) << c.what;
         EXPECT_EQ(error->Context().field, c.field) << c.what;
         EXPECT_EQ(error->Context().file, device.scratch.Path("format.xml")) << c.what;
+        EXPECT_EQ(error->Context().line, c.line) << c.what;
+    }
+}
+
+// The line is that of the member's own definition, the record leads there from the variable or property.
+TEST(TypeLoading, TheChainLeadsToTheMemberWithTheFault) {
+    const std::string elements =
+        "<SNVT_300><NAME>outer</NAME><TYPE>STRUCT</TYPE><FIELDS><head>301</head><tail>302</tail></FIELDS></"
+        "SNVT_300>\n<SNVT_301><TYPE>USER</TYPE><LENGTH>1</LENGTH></SNVT_301>\n"
+        "<SNVT_302><TYPE>STRUCT</TYPE><FIELDS><in>303</in><byte>301</byte></FIELDS></SNVT_302>\n"
+        "<SNVT_303>\n<FIELDS><lost>301</lost></FIELDS><TYPE>UNION</TYPE></SNVT_303>";
+    const std::string members = " > member 'tail' (type 302) > member 'in' (type 303)";
+    for (const bool isProperty : {false, true}) {
+        Device device;
+        if (isProperty)
+            device.AddCp(300, 1, "cpGain");
+        else
+            device.AddNv(300);
+        device.WriteFiles(elements);
+        const auto error = Raised([&] { device.Load(); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), eQVXIFerr_structunionwithnofields);
+        EXPECT_EQ(error->Context().record,
+                  (isProperty ? "configuration property 1 (cpGain) > type element SNVT_300 'UCPT_1_cpGain'"
+                              : "network variable 1 (nv1) > type element SNVT_300 'UNVT__outer'") +
+                      members);
+        EXPECT_EQ(error->Context().field, "FIELDS");
+        EXPECT_EQ(error->Context().line, 5);
+    }
+}
+
+// A number that the format file lacks is told where the input asks for it.
+TEST(TypeLoading, WhoAsksForAMissingDefinitionIsTold) {
+    const std::string general = "[general]\nprogramID=9000010A0B040100\n";
+    const struct {
+        std::string ini;
+        std::string xml;
+        std::string users;
+        const char* record;
+        const char* field;
+        const char* value;
+        const char* file;
+        int line;
+    } rows[] = {
+        {general + "[nvs]\nnumberOfStaticNvs=1\nmaximumNumberOfNvs=1\n[nv1]\nname=a\ndirection=0\n"
+                   "type=0x190\nlength=1\n",
+         "", "<UNVTS/>", "network variable 1 (a)", "type", "0x190", "t.ini", 9},
+        {general + "[cps]\nnumberOfCp=1\nversion=1\n[cp1]\ndeclaration=1,1,6\\x80,1,1;\ntypeIndex=400\n", "",
+         "<UNVTS/>", "configuration property 1", "typeIndex", "400", "t.ini", 8},
+        {"",
+         "<D><PROGRAMID>9000010A0B040100</PROGRAMID>\n<NVS><a><DIRECTION>INPUT</DIRECTION><LENGTH>1</LENGTH>"
+         "\n<SNVTTYPE>400</SNVTTYPE></a></NVS></D>",
+         "<UNVTS/>", "network variable 1 (a)", "SNVTTYPE", "400", "t.xml", 3},
+        {"", "<D><PROGRAMID>9000010A0B040100</PROGRAMID></D>",
+         UserTypes("UCPTS", "_3", "_F00001", "<UCPT_1><NAME>a</NAME>\n<snvttype> 400</snvttype></UCPT_1>"),
+         "type <UCPT_1>", "SNVTTYPE", " 400", "user.xml", 2}};
+    for (const auto& row : rows) {
+        Device device;
+        if (row.ini.empty()) {
+            device.deviceTemplate.xmlFile = device.scratch.File("t.xml", row.xml);
+            device.deviceTemplate.xmlNodeName = "D";
+        } else {
+            device.deviceTemplate.iniFile = device.scratch.File("t.ini", row.ini);
+        }
+        device.deviceTemplate.errorHandler = &device.errorHandler;
+        device.deviceTemplate.catalog = &device.catalog;
+        device.deviceTemplate.Load();
+        device.deviceTemplate.VerifyData();
+        device.WriteFiles(kByte, row.users);
+        const auto error = Raised([&] { device.Load(); });
+        ASSERT_TRUE(error) << row.record;
+        const ErrorContext& context = error->Context();
+        EXPECT_EQ(error->Number(), eQVXIFerr_typenotfoundinformatfile);
+        EXPECT_EQ(context.record, row.record);
+        EXPECT_EQ(context.field, row.field);
+        EXPECT_EQ(context.value, row.value);
+        EXPECT_TRUE(context.file.ends_with(row.file)) << context.file;
+        EXPECT_EQ(context.line, row.line) << row.record;
+        EXPECT_NE(context.reason.find("has no element <SNVT_400>"), std::string::npos) << context.reason;
     }
 }
 

@@ -213,7 +213,8 @@ TEST(TypeModel, EveryFaultOfATypeIsFound) {
 TEST(TypeModel, ErrorsOfMembersNameTheMember) {
     CType bad = Number(elementSigned, 3);
     bad.name = "level";
-    bad.line = 17;
+    bad.lines = std::make_shared<const ElementLines>(
+        ElementLines{17, {{"LENGTH", 18}, {"NAME", 19}, {"LENGTH", 20}}});
     const CErrorHandler handler;
     RaisingSink raise(handler);
     const auto error = Raised([&] { Structure(elementStruct, {bad}).VerifyData(raise); });
@@ -221,7 +222,7 @@ TEST(TypeModel, ErrorsOfMembersNameTheMember) {
     EXPECT_EQ(error->Context().record, "member 'level' (type 300)");
     EXPECT_EQ(error->Context().field, "LENGTH");
     EXPECT_EQ(error->Context().value, "3");
-    EXPECT_EQ(error->Context().line, 17);
+    EXPECT_EQ(error->Context().line, 20) << "the LENGTH that counts is the last one";
 }
 
 }  // namespace
