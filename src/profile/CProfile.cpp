@@ -71,8 +71,9 @@ InputPlace CProfile::XmlPlaceOf(const ProfileField& field) const {
     }
     if (place.missing != InputPart::none)
         place.absence = JoinSentences(
-            place.absence, "its value " + std::to_string(this->*field.value) +
-                               (wasLoaded_ ? " stays from an earlier load" : " is that of a new profile"));
+            place.absence,
+            wasLoaded_ ? "its value " + std::to_string(this->*field.value) + " stays from an earlier load"
+                       : "without it the value is " + std::to_string(this->*field.value));
     return place;
 }
 

@@ -84,8 +84,10 @@ void CProfile::Load() {
     if (xmlFile.empty())
         errorHandler->RaiseError(
             eQVXIFerr_profilefilenotdefined,
-            {.reason = xmlNode ? "a profile element alone is not enough, its file has to be named as well"
-                               : "set a profile file: INI, XML or XIF"});
+            {.reason = xmlNode ? "a profile element alone is not enough: set xmlProfileFile as well, in "
+                                 "front of the element"
+                               : "no profile is named; set iniProfileFile, xifProfileFile, or xmlProfileFile "
+                                 "with xmlProfileNodeName"});
     LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlProfileNodeName"));
 }
 

@@ -15,8 +15,10 @@ void CTemplate::Load() {
         LoadTemplateFromXmlNode(
             CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlTemplateNodeName"));
     else
-        errorHandler->RaiseError(eQVXIFerr_templatefilenotdefined,
-                                 {.reason = "set a template file: INI or XML"});
+        errorHandler->RaiseError(
+            eQVXIFerr_templatefilenotdefined,
+            {.reason =
+                 "no template is named; set iniTemplateFile, or xmlTemplateFile with xmlTemplateNodeName"});
 }
 
 void CTemplate::ResetTemplate() {

@@ -92,7 +92,8 @@ std::string NumberOfType(CCatalog& catalog, std::string_view name) {
     for (const CatalogEntry& entry : standard->NvTypes())
         names.push_back(entry.name);
     const std::string nearest = Nearest(name, names);
-    return nearest.empty() ? nearest : nearest + " has " + std::to_string(standard->NvIndex(nearest));
+    return nearest.empty() ? nearest
+                           : nearest + " has the number " + std::to_string(standard->NvIndex(nearest));
 }
 
 // The place in a declaration that a fault of AnalyseCP's numbers is shown at: the declaration itself.
@@ -191,7 +192,7 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
     }
     if (nv.typeIndex < 0) {
         fail(eQVXIFerr_nvtype, &CNv::typeIndex,
-             {.values = "1 to 255 for a standard type, 0 or a number above 255 for one of the user's"});
+             {.values = "1 to 255 for a standard type, 0 or a number above 255 for a type of your own"});
         return;  // the type decides what length is right
     }
     if (nv.typeIndex > 0) {
@@ -208,7 +209,8 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
     if (nv.typeIndex > 0)
         fail(eQVXIFerr_nvlength, &CNv::typeIndex,
              {.sentence = "this standard type has " + std::to_string(nv.length) +
-                          " bytes, a network variable has 1 to " + std::to_string(kLongestNv)});
+                          " bytes, a network variable has 1 to " + std::to_string(kLongestNv) +
+                          "; choose a shorter type"});
     else if (const std::string typed = places.Typed(position, &CNv::typeIndex); IsWord(typed))
         fail(eQVXIFerr_nvlength, &CNv::typeIndex,
              {.values = "the number of a type", .sentence = NumberOfType(*catalog, typed)});
@@ -246,14 +248,16 @@ std::optional<std::int32_t> CTemplate::VerifyDeclaration(CCp& cp, std::size_t po
             characters =
                 MultiplyChecked(2, cp.arraySize != 0 ? MultiplyChecked(cp.length, cp.arraySize) : cp.length);
     } catch (const Error& error) {
-        fail(error.Number(), "a number or the total size exceeds 32 bits");
+        fail(error.Number(), "a number in it, or its length times its array size, exceeds 32 bits");
         return std::nullopt;
     }
     // Deliberate: the declaration decides the array size; the template's own key is overruled.
     if (cp.length < 1)
-        fail(eQVXIFerr_cplength, "its fifth field, the length, is less than 1");
+        fail(eQVXIFerr_cplength,
+             "a declaration is 'header,select,scope,type,length[,array size];', and its length is 1 byte or "
+             "more");
     if (cp.arraySize < 0)
-        fail(eQVXIFerr_cparraysize, "its sixth field, the array size, is negative");
+        fail(eQVXIFerr_cparraysize, "its sixth field, the array size, may not be negative");
     return characters;
 }
 
@@ -266,7 +270,9 @@ void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, Fin
         zeros += *declared;
         if (zeros > kMostZeros) {
             findings.Take({static_cast<std::int32_t>(RuntimeError::outOfMemory),
-                           DeclarationPlace(*this, cp, position, "the declared size is beyond any device")});
+                           DeclarationPlace(*this, cp, position,
+                                            "the values declared so far have more bytes than any device; "
+                                            "correct length and array size")});
             return;
         }
         cp.defaultValue.assign(characters, '0');

@@ -154,10 +154,12 @@ void CTypes::FillRawValues(CType& type, const TypeRequest& request) {
         const std::int32_t characters = MultiplyChecked(2, type.length);
         zeros_ += characters;
         if (zeros_ > kMostZeros)
-            RaiseRuntimeError(RuntimeError::outOfMemory, {.field = "LENGTH",
-                                                          .value = std::to_string(type.length),
-                                                          .line = type.LineOf("LENGTH"),
-                                                          .reason = "the length is beyond any device"});
+            RaiseRuntimeError(
+                RuntimeError::outOfMemory,
+                {.field = "LENGTH",
+                 .value = std::to_string(type.length),
+                 .line = type.LineOf("LENGTH"),
+                 .reason = "the raw values so far have more bytes than any device; correct LENGTH"});
         (type.*value).assign(static_cast<std::size_t>(characters), '0');
     }
 }

@@ -37,25 +37,39 @@ void CType::VerifyData(FindingSink& findings) const {
 }
 
 void CType::VerifyIdentity(FindingSink& findings) const {
-    if (!isField && !isUnvt && indexInScope < 1)
-        Tell(findings, eQVXIFerr_badcpindexinscope, *this, "index in scope", std::to_string(indexInScope),
-             "configuration-property types are numbered from 1");
+    if (!isField && !isUnvt && indexInScope < 1) {
+        ErrorContext context = inputPlace ? (*inputPlace)(TypeInput::number) : ErrorContext{};
+        context.FillFrom({.field = "index in scope", .value = std::to_string(indexInScope)});
+        context.reason = "configuration-property types are numbered from 1, this has " +
+                         std::to_string(indexInScope) + ": the fourth field of the declaration";
+        findings.Take({eQVXIFerr_badcpindexinscope, std::move(context)});
+    }
     if (elementType == elementNone)
         Tell(findings, eQVXIFerr_typeelementwithnodefinedtype, *this, "TYPE", "",
-             "every type element has a TYPE");
+             "a type element needs a TYPE, such as USER or STRUCT");
     if (name.empty())
-        Tell(findings, eQVXIFerr_typeelementwithnoname, *this, "NAME", "", "no NAME gives the type a name");
+        Tell(findings, eQVXIFerr_typeelementwithnoname, *this, "NAME", "",
+             "a type of a network variable needs a NAME");
 }
 
 void CType::VerifyDefinition(FindingSink& findings) const {
-    if (hasMin && hasMax && !(minValue <= maxValue))
-        Tell(findings, eQVXIFerr_typeelementwithmaxlesserthanmin, *this, "MIN",
-             CTools().doubleToStringWithPoint(minValue),
-             "the maximum is " + CTools().doubleToStringWithPoint(maxValue));
+    const bool isEmptyEnum = elementType == elementEnum && enumValues && enumValues->empty();
+    if (hasMin && hasMax && !(minValue <= maxValue)) {
+        if (isEmptyEnum)
+            Tell(findings, eQVXIFerr_typeelementwithmaxlesserthanmin, *this, "ENUMS", "",
+                 "ENUMS is empty; give it a value or more");
+        else
+            Tell(findings, eQVXIFerr_typeelementwithmaxlesserthanmin, *this, "MIN",
+                 CTools().doubleToStringWithPoint(minValue),
+                 "MIN may not exceed MAX, which is " + CTools().doubleToStringWithPoint(maxValue));
+    }
     // The length of a member with members is that of its members.
-    if (!(isField && HasMembers()) && length < 1)
+    if (!isField && HasMembers() && length < 1)
+        Tell(findings, eQVXIFerr_typeelementwithnolength, *this, "FIELDS", "",
+             "FIELDS behind TYPE has to list members that have a length");
+    else if (!HasMembers() && length < 1)
         Tell(findings, eQVXIFerr_typeelementwithnolength, *this, "LENGTH", std::to_string(length),
-             "a type has 1 byte or more");
+             "give LENGTH in bytes, 1 or more");
     if (elementType == elementEnum && (!enumValues || enumValues->empty()))
         Tell(findings, eQVXIFerr_typeenumwithnoenums, *this, "ENUMS", "",
              "ENUMS with a value or more has to follow TYPE");
@@ -87,7 +101,8 @@ void CType::VerifyBitField(FindingSink& findings) const {
              "accepted: 0 to 7");
     else if (bitfieldSize + bitfieldOffset > kMostBits)
         Tell(findings, eQVXIFerr_badbitfieldoffsetandsize, *this, "BFOFFSET", std::to_string(bitfieldOffset),
-             "a bit field of " + std::to_string(bitfieldSize) + " bits ends outside its byte");
+             "a bit field of " + std::to_string(bitfieldSize) +
+                 " bits that begins there ends outside its byte");
 }
 
 }  // namespace tovarek

@@ -183,7 +183,7 @@ TEST(Profile, FaultsSayWhatWasTypedAndWhatToDo) {
          "accepted: 0 to 15"},
         {"p.xml", "<P>\n<XIF_LIN6/></P>", "", "", 2, "did you mean <XIF_LIN6> in line 2?"},
         {"p.xml", "<P>\n<XIF_LINE6>\n<DOMAIN>1</DOMAIN></XIF_LINE6></P>", "domains", "", 3,
-         "did you mean <DOMAIN> in line 3? its value 0 is that of a new profile; it takes 1 or 2"},
+         "did you mean <DOMAIN> in line 3? without it the value is 0; it takes 1 or 2"},
         {"p.xml", six + "</XIF_LINE6>\n<XIF_LINE7><FIRMWARE>\n4294967296</FIRMWARE></XIF_LINE7></P>",
          "firmware", "\n4294967296", 4, "between -2147483648 and 2147483647"},
         {"p.xif", XifText(7, "0 10MHz 7 13 28 0 0 15 5 3 284 4"), "protocolClockRate", "10MHz", 7,

@@ -217,6 +217,8 @@ TEST(TypeLoading, FaultsNameTheirChildAndItsLine) {
              {"no kind", start + "\n" + end, 1092, "TYPE", 1},
              {"no name", "<SNVT_300><TYPE>FLOAT</TYPE>\n" + end, 1093, "NAME", 1},
              {"limits", number + "<MAX>1</MAX>\n<MIN>2</MIN>" + end, 1094, "MIN", 2},
+             {"no values", start + "<TYPE>ENUM</TYPE>\n<ENUMS/>" + end, 1094, "ENUMS", 2},
+             {"no members", start + "<TYPE>STRUCT</TYPE>\n<FIELDS/>" + end, 1095, "FIELDS", 2},
              {"no length", start + "<TYPE>USER</TYPE>\n" + end, 1095, "LENGTH", 1},
              {"length of 0", start + "<TYPE>USER</TYPE>\n<LENGTH>0</LENGTH>" + end, 1095, "LENGTH", 2},
              {"length of 33 bits", start + "\n<LENGTH>4294967296</LENGTH>" + end, 6, "LENGTH", 2},
@@ -274,8 +276,8 @@ TEST(TypeLoading, TheChainLeadsToTheMemberWithTheFault) {
     }
 }
 
-// A number that the format file lacks is told where the input asks for it.
-TEST(TypeLoading, WhoAsksForAMissingDefinitionIsTold) {
+// A number that the format file lacks, or that no type can have, is told where the input has it.
+TEST(TypeLoading, BadNumbersAreToldWhereTheInputHasThem) {
     const std::string general = "[general]\nprogramID=9000010A0B040100\n";
     const struct {
         std::string ini;
@@ -286,12 +288,16 @@ TEST(TypeLoading, WhoAsksForAMissingDefinitionIsTold) {
         const char* value;
         const char* file;
         int line;
+        int error = eQVXIFerr_typenotfoundinformatfile;
     } rows[] = {
         {general + "[nvs]\nnumberOfStaticNvs=1\nmaximumNumberOfNvs=1\n[nv1]\nname=a\ndirection=0\n"
                    "type=0x190\nlength=1\n",
          "", "<UNVTS/>", "network variable 1 (a)", "type", "0x190", "t.ini", 9},
         {general + "[cps]\nnumberOfCp=1\nversion=1\n[cp1]\ndeclaration=1,1,6\\x80,1,1;\ntypeIndex=400\n", "",
          "<UNVTS/>", "configuration property 1", "typeIndex", "400", "t.ini", 8},
+        {general + "[cps]\nnumberOfCp=1\nversion=1\n[cp1]\ndeclaration=1,1,6,0,1;\ntypeIndex=300\n", "",
+         "<UNVTS/>", "configuration property 1 >", "declaration", "1,1,6,0,1;", "t.ini", 7,
+         eQVXIFerr_badcpindexinscope},
         {"",
          "<D><PROGRAMID>9000010A0B040100</PROGRAMID>\n<NVS><a><DIRECTION>INPUT</DIRECTION><LENGTH>1</LENGTH>"
          "\n<SNVTTYPE>400</SNVTTYPE></a></NVS></D>",
@@ -315,13 +321,16 @@ TEST(TypeLoading, WhoAsksForAMissingDefinitionIsTold) {
         const auto error = Raised([&] { device.Load(); });
         ASSERT_TRUE(error) << row.record;
         const ErrorContext& context = error->Context();
-        EXPECT_EQ(error->Number(), eQVXIFerr_typenotfoundinformatfile);
-        EXPECT_EQ(context.record, row.record);
+        EXPECT_EQ(error->Number(), row.error);
+        EXPECT_TRUE(context.record.starts_with(row.record)) << context.record;
         EXPECT_EQ(context.field, row.field);
         EXPECT_EQ(context.value, row.value);
         EXPECT_TRUE(context.file.ends_with(row.file)) << context.file;
         EXPECT_EQ(context.line, row.line) << row.record;
-        EXPECT_NE(context.reason.find("has no element <SNVT_400>"), std::string::npos) << context.reason;
+        EXPECT_NE(context.reason.find(row.error == eQVXIFerr_badcpindexinscope ? "numbered from 1"
+                                                                               : "has no element <SNVT_400>"),
+                  std::string::npos)
+            << context.reason;
     }
 }
 
