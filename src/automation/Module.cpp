@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "automation/Status.h"
+#include "system/ModuleFile.h"
 
 namespace tovarek {
 namespace {
@@ -17,12 +18,9 @@ void SetModule(HINSTANCE module) {
 }
 
 std::wstring ModulePath() {
-    // A path of the platform has at most 32,767 code units.
-    std::wstring path(0x8000, L'\0');
-    const DWORD length = GetModuleFileNameW(ownModule, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0 || length >= path.size())
+    std::wstring path = ModuleFile(ownModule);
+    if (path.empty())
         throw StatusError(E_FAIL, "The file of the server is unknown");
-    path.resize(length);
     return path;
 }
 

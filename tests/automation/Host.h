@@ -12,6 +12,7 @@
 #include "base/Error.h"
 #include "system/Bstr.h"
 #include "system/ComPtr.h"
+#include "system/Variant.h"
 #include "system/Wide.h"
 
 namespace tovarek::test {
@@ -27,52 +28,45 @@ class Apartment {
     Apartment& operator=(const Apartment&) = delete;
 };
 
-class Variant {
+// A value as hosts hand it over.
+class Variant : public tovarek::Variant {
   public:
-    Variant() { VariantInit(&value_); }
-    explicit Variant(const std::wstring& text) : Variant() {
-        value_.vt = VT_BSTR;
-        value_.bstrVal = NewBstr(text);
+    Variant() = default;
+    explicit Variant(const std::wstring& text) {
+        Get().vt = VT_BSTR;
+        Get().bstrVal = NewBstr(text);
     }
-    explicit Variant(LONG number) : Variant() {
-        value_.vt = VT_I4;
-        value_.lVal = number;
+    explicit Variant(LONG number) {
+        Get().vt = VT_I4;
+        Get().lVal = number;
     }
-    explicit Variant(bool flag) : Variant() {
-        value_.vt = VT_BOOL;
-        value_.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    explicit Variant(bool flag) {
+        Get().vt = VT_BOOL;
+        Get().boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
     }
-    explicit Variant(IDispatch* object) : Variant() {
-        value_.vt = VT_DISPATCH;
-        value_.pdispVal = ComPtr<IDispatch>::Share(object).Detach();
+    explicit Variant(IDispatch* object) {
+        Get().vt = VT_DISPATCH;
+        Get().pdispVal = ComPtr<IDispatch>::Share(object).Detach();
     }
-    Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
-    Variant(const Variant&) = delete;
-    Variant& operator=(const Variant&) = delete;
-    ~Variant() { VariantClear(&value_); }
 
-    VARIANT& Get() { return value_; }
-    VARTYPE Type() const { return value_.vt; }
     // The value as text; True and False for booleans, "object" or "nothing" for objects.
     std::string Text() const {
-        switch (value_.vt) {
+        const VARIANT& value = Get();
+        switch (value.vt) {
             case VT_BSTR:
-                return FromWide(ViewOf(value_.bstrVal));
+                return FromWide(ViewOf(value.bstrVal));
             case VT_I4:
-                return std::to_string(value_.lVal);
+                return std::to_string(value.lVal);
             case VT_BOOL:
-                return value_.boolVal == VARIANT_TRUE    ? "True"
-                       : value_.boolVal == VARIANT_FALSE ? "False"
-                                                         : "neither";
+                return value.boolVal == VARIANT_TRUE    ? "True"
+                       : value.boolVal == VARIANT_FALSE ? "False"
+                                                        : "neither";
             case VT_DISPATCH:
-                return value_.pdispVal == nullptr ? "nothing" : "object";
+                return value.pdispVal == nullptr ? "nothing" : "object";
             default:
-                return "type " + std::to_string(value_.vt);
+                return "type " + std::to_string(value.vt);
         }
     }
-
-  private:
-    VARIANT value_{};
 };
 
 inline ComPtr<_Tovarek> CreateServer() {

@@ -59,7 +59,7 @@ TEST(Properties, EveryTextComesBackAsItWasSet) {
                 continue;
             ASSERT_EQ(DispatchPut(server.Get(), member.name, Variant(text)), "S_OK") << member.name;
             DispatchAnswer answer = DispatchGet(server.Get(), member.name);
-            ASSERT_EQ(answer.value.Type(), VT_BSTR) << member.name;
+            ASSERT_EQ(answer.value.Get().vt, VT_BSTR) << member.name;
             EXPECT_EQ(std::wstring(ViewOf(answer.value.Get().bstrVal)), text) << member.name;
         }
     }
