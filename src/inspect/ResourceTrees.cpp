@@ -86,8 +86,7 @@ void AddMemberValues(InspectNode& node, const MemberValues& values, const TypeDe
         AddRawValue(node, "rawMaximum", *values.maximum, type, names);
 }
 
-template <class Member>
-void AddMemberHead(InspectNode& node, const Member& member, const ResourceNames& names) {
+void AddMemberHead(InspectNode& node, const ProfileMember& member, const ResourceNames& names) {
     node.Number("number", member.number);
     node.Text("name", member.name);
     node.Flag("mandatory", member.mandatory);

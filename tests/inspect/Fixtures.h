@@ -90,12 +90,10 @@ inline ProfileFile SmallProfiles() {
     ProfileFile file;
     file.header = SmallHeader(ResourceKind::profile);
     Profile profile{.name = "UFPTbelt", .key = 20000, .principalNv = 1};
-    ProfileNv nv{.number = 1, .name = "nviSpeed", .mandatory = true, .type = {3, 1}, .isInput = true};
-    nv.values = {.size = 2, .initial = "\x01\x02"};
-    profile.nvs = {nv};
-    ProfileCp cp{.appliesTo = 1, .number = 1, .name = "limit", .type = {3, 1}};
-    cp.values.size = 2;
-    profile.cps = {cp};
+    const MemberValues initial{.size = 2, .initial = "\x01\x02"};
+    profile.nvs = {
+        {{.number = 1, .name = "nviSpeed", .mandatory = true, .type = {3, 1}, .values = initial}, true}};
+    profile.cps = {{{.number = 1, .name = "limit", .type = {3, 1}, .values = {.size = 2}}, 1}};
     file.profiles = {profile};
     return file;
 }

@@ -29,8 +29,7 @@ void ReadValues(ByteReader& member, unsigned flags, MemberValues& values) {
         values.maximum = std::string(member.Bytes(values.size));
 }
 
-template <class Member>
-void ReadTexts(ByteReader& reader, Member& member) {
+void ReadTexts(ByteReader& reader, ProfileMember& member) {
     member.name = FromCodePage(reader.Name());
     member.mandatory = reader.U8() != 0;
     member.nameText = reader.String();
@@ -105,8 +104,7 @@ bool WriteValues(const MemberValues& values, ByteWriter& record) {
     return true;
 }
 
-template <class Member>
-bool WriteTexts(const Member& member, ByteWriter& record) {
+bool WriteTexts(const ProfileMember& member, ByteWriter& record) {
     if (!WriteName(member.name, record))
         return false;
     record.U8(member.mandatory ? 1 : 0);

@@ -21,7 +21,8 @@ struct MemberValues {
     bool operator==(const MemberValues&) const = default;
 };
 
-struct ProfileNv {
+// What both kinds of members have.
+struct ProfileMember {
     std::uint16_t number = 0;
     std::string name;
     bool mandatory = false;
@@ -29,26 +30,22 @@ struct ProfileNv {
     StringRef description;
     std::uint16_t reserved = 0;
     TypeRef type;
+    MemberValues values;
+    bool operator==(const ProfileMember&) const = default;
+};
+
+struct ProfileNv : ProfileMember {
     bool isInput = false;
     bool isPolled = false;
     std::uint8_t service = 0;  // 0 any, 1 unacknowledged, 4 acknowledged, 2 presumably repeated; 0 to 7
-    MemberValues values;
     bool operator==(const ProfileNv&) const = default;
 };
 
-struct ProfileCp {
-    std::uint16_t appliesTo = 0;  // NV member, 0 = the whole profile
-    std::uint16_t number = 0;
+struct ProfileCp : ProfileMember {
+    std::uint16_t appliesTo = 0;      // NV member, 0 = the whole profile
     std::uint16_t smallestArray = 0;  // 0 and 0: not an array
     std::uint16_t largestArray = 0;
-    std::string name;
-    bool mandatory = false;
-    StringRef nameText;
-    StringRef description;
-    std::uint16_t reserved = 0;
-    TypeRef type;
     std::uint8_t restrictions = 0;
-    MemberValues values;
     bool operator==(const ProfileCp&) const = default;
 };
 
