@@ -163,48 +163,50 @@ bool IsOneOfEachClass(const std::vector<CatalogType>& types) {
     return types.size() == 1 || (types.size() == 2 && types.front().isNv && !types.back().isNv);
 }
 
+// What `operation` answers for the catalog there and its types; an error is reported.
+template <class Operation>
+int WithCatalog(const CatalogPlace& place, OutputFormat format, Streams streams, const Operation& operation) {
+    try {
+        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
+        const StandardCatalog& standard = *catalog->types.Catalog();
+        return operation(standard, AllTypes(standard));
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
+}
+
 }  // namespace
 
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams) {
-    try {
-        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
-        WriteList(AllTypes(*catalog->types.Catalog()), format, streams.out);
+    const auto list = [&](const StandardCatalog& /*catalog*/, const std::vector<CatalogType>& types) {
+        WriteList(types, format, streams.out);
         return kDone;
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    };
+    return WithCatalog(place, format, streams, list);
 }
 
 int RunCatalogShow(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams) {
-    try {
-        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
-        const StandardCatalog& standard = *catalog->types.Catalog();
-        const std::vector<CatalogType> types = AllTypes(standard);
+    const auto show = [&](const StandardCatalog& catalog, const std::vector<CatalogType>& types) {
         const std::vector<CatalogType> named = TypesNamed(types, word);
         if (!IsOneOfEachClass(named))
             return ReportUnknownType(NoTypeReason(word, types, named), format, streams);
-        WriteTypes(standard, named, format, streams.out);
+        WriteTypes(catalog, named, format, streams.out);
         return kDone;
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    };
+    return WithCatalog(place, format, streams, show);
 }
 
 int RunCatalogFind(const CatalogPlace& place, const std::string& word, OutputFormat format, Streams streams) {
-    try {
-        const std::unique_ptr<CCatalog> catalog = OpenCatalog(place);
-        const StandardCatalog& standard = *catalog->types.Catalog();
-        std::vector<CatalogType> types = AllTypes(standard);
-        std::erase_if(types, [&](const CatalogType& type) { return !Mentions(standard, type, word); });
+    const auto find = [&](const StandardCatalog& catalog, std::vector<CatalogType> types) {
+        std::erase_if(types, [&](const CatalogType& type) { return !Mentions(catalog, type, word); });
         if (types.empty())
             return ReportUnknownType(
                 "the catalog has no type whose name, unit or text contains '" + Excerpt(word) + "'", format,
                 streams);
-        WriteFound(standard, types, format, streams.out);
+        WriteFound(catalog, types, format, streams.out);
         return kDone;
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    };
+    return WithCatalog(place, format, streams, find);
 }
 
 }  // namespace tovarek

@@ -67,15 +67,20 @@ void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
         out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
 }
 
-// A fault that is no error of the generator: it has a name but no number.
-void WriteFaultJson(const char* name, const std::string& message, std::ostream& out) {
-    out << JsonText({{"error", nullptr},
-                     {"code", nullptr},
-                     {"name", name},
-                     {"description", message},
-                     {"source", "tovarek"},
-                     {"context", Json::object()}})
-        << '\n';
+// A fault that is no error of the generator: it has a name but no number. `advice`: of the text alone.
+void WriteFault(const char* name, const std::string& message, const char* advice, OutputFormat format,
+                Streams streams) {
+    if (format == OutputFormat::text) {
+        streams.error << "tovarek: " << message << '\n' << advice;
+        return;
+    }
+    streams.out << JsonText({{"error", nullptr},
+                             {"code", nullptr},
+                             {"name", name},
+                             {"description", message},
+                             {"source", "tovarek"},
+                             {"context", Json::object()}})
+                << '\n';
 }
 
 }  // namespace
@@ -115,18 +120,12 @@ int ReportError(const Error& error, OutputFormat format, Streams streams,
 }
 
 int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams) {
-    if (format == OutputFormat::json)
-        WriteFaultJson("wrongUse", message, streams.out);
-    else
-        streams.error << "tovarek: " << message << "\nTry 'tovarek --help'.\n";
+    WriteFault("wrongUse", message, "Try 'tovarek --help'.\n", format, streams);
     return kWrongUse;
 }
 
 int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams) {
-    if (format == OutputFormat::json)
-        WriteFaultJson("unknownType", message, streams.out);
-    else
-        streams.error << "tovarek: " << message << '\n';
+    WriteFault("unknownType", message, "", format, streams);
     return kFailed;
 }
 
