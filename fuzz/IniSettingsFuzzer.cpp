@@ -1,6 +1,5 @@
 // INI files as such: reading and writing of single values, and device profiles.
-#include "Fuzzing.h"
-#include "profile/CProfile.h"
+#include "Runs.h"
 #include "support/cIni.h"
 
 namespace {
@@ -37,14 +36,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    const CErrorHandler errors;
     CProfile profile;
-    profile.errorHandler = &errors;
     profile.iniFile = file.Path();
-    Accepts([&] {
-        profile.Load();
-        profile.VerifyData();
-    });
+    fuzz::RunProfile(profile);
     cIni ini;
     ini.iniFile(file.Path());
     Accepts([&] {

@@ -1,4 +1,4 @@
-#include "TemplateRun.h"
+#include "Runs.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     return {
@@ -23,6 +23,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const fuzz::InputFile file(fuzz::View(data, size));
     CTemplate source;
     source.iniFile = file.Path();
-    fuzz::RunTemplate(source, TOVAREK_CATALOG_FOLDER);
+    fuzz::RunTemplate(source);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "Fuzzing.h"
+#include "Runs.h"
 #include "formats/language/LanguageFile.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
@@ -16,18 +16,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    LanguageFile file;
-    ReadLanguageFile(fuzz::View(data, size), file);
-    const std::string bytes = fuzz::WithRightChecksums(std::string(fuzz::View(data, size)));
-    if (!ReadLanguageFile(bytes, file).Ok())
-        return 0;
-
-    // What can be read and written again has the same content.
-    std::string written;
-    if (!WriteLanguageFile(file, written).Ok())
-        return 0;
-    LanguageFile again;
-    fuzz::Require(ReadLanguageFile(written, again).Ok(), "a written file can be read");
-    fuzz::Require(again.strings == file.strings, "a written file has the same strings");
+    const auto same = [](const LanguageFile& again, const LanguageFile& file) {
+        fuzz::Require(again.strings == file.strings, "a written file has the same strings");
+    };
+    fuzz::ReadWriteRead(fuzz::View(data, size), ReadLanguageFile, WriteLanguageFile, same);
     return 0;
 }

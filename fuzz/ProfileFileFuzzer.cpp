@@ -1,4 +1,4 @@
-#include "Fuzzing.h"
+#include "Runs.h"
 #include "formats/profile/ProfileFile.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
@@ -36,18 +36,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    ProfileFile file;
-    ReadProfileFile(fuzz::View(data, size), file);
-    const std::string bytes = fuzz::WithRightChecksums(std::string(fuzz::View(data, size)));
-    if (!ReadProfileFile(bytes, file).Ok())
-        return 0;
-
-    // What can be read and written again has the same content.
-    std::string written;
-    if (!WriteProfileFile(file, written).Ok())
-        return 0;
-    ProfileFile again;
-    fuzz::Require(ReadProfileFile(written, again).Ok(), "a written file can be read");
-    fuzz::Require(again.profiles == file.profiles, "a written file has the same profiles");
+    const auto same = [](const ProfileFile& again, const ProfileFile& file) {
+        fuzz::Require(again.profiles == file.profiles, "a written file has the same profiles");
+    };
+    fuzz::ReadWriteRead(fuzz::View(data, size), ReadProfileFile, WriteProfileFile, same);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "Fuzzing.h"
+#include "Runs.h"
 #include "formats/type/TypeFile.h"
 
 namespace {
@@ -86,20 +86,11 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    TypeFile file;
-    ReadTypeFile(fuzz::View(data, size), file);
-    const std::string bytes = fuzz::WithRightChecksums(std::string(fuzz::View(data, size)));
-    if (!ReadTypeFile(bytes, file).Ok())
-        return 0;
-
-    // What can be read and written again has the same content.
-    std::string written;
-    if (!WriteTypeFile(file, written).Ok())
-        return 0;
-    TypeFile again;
-    fuzz::Require(ReadTypeFile(written, again).Ok(), "a written file can be read");
-    fuzz::Require(again.nvTypes == file.nvTypes, "a written file has the same network-variable types");
-    fuzz::Require(again.cpTypes == file.cpTypes, "a written file has the same property types");
-    fuzz::Require(again.enumerations == file.enumerations, "a written file has the same enumerations");
+    const auto same = [](const TypeFile& again, const TypeFile& file) {
+        fuzz::Require(again.nvTypes == file.nvTypes, "a written file has the same network-variable types");
+        fuzz::Require(again.cpTypes == file.cpTypes, "a written file has the same property types");
+        fuzz::Require(again.enumerations == file.enumerations, "a written file has the same enumerations");
+    };
+    fuzz::ReadWriteRead(fuzz::View(data, size), ReadTypeFile, WriteTypeFile, same);
     return 0;
 }

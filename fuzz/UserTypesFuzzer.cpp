@@ -2,7 +2,7 @@
 // the first one is the user type file.
 #include <algorithm>
 
-#include "Fuzzing.h"
+#include "Runs.h"
 #include "types/CTypes.h"
 
 namespace {
@@ -60,20 +60,16 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static CCatalog catalog;
-    if (catalog.catalogDir().empty())
-        catalog.catalogDir(TOVAREK_CATALOG_FOLDER);
     const std::string_view input = fuzz::View(data, size);
     const std::size_t end = std::min(input.find('\0'), size);
     const fuzz::InputFile format(input.substr(0, end));
     const fuzz::InputFile userTypes(end == size ? "<UNVTS/>" : input.substr(end + 1));
 
-    const CErrorHandler errors;
     const CTemplate device = Device();
     CTypes types;
     types.deviceTemplate = &device;
-    types.errorHandler = &errors;
-    types.catalog = &catalog;
+    types.errorHandler = &fuzz::SharedErrors();
+    types.catalog = &fuzz::SharedCatalog();
     fuzz::Accepts([&] { types.LoadTypes(format.Path(), userTypes.Path()); });
     for (const auto& type : types.unvtTypes) {
         // Limits outside 32 bits are refused only when they are asked for.

@@ -1,6 +1,4 @@
-#include "Fuzzing.h"
-#include "component/XifWriter.h"
-#include "profile/CProfile.h"
+#include "Runs.h"
 #include "profile/ProfileFields.h"
 
 namespace {
@@ -35,20 +33,16 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    const CErrorHandler errors;
     CProfile profile;
-    profile.errorHandler = &errors;
     profile.xifFile = file.Path();
-    if (!fuzz::Accepts([&] { profile.Load(); }))
+    if (!fuzz::RunProfile(profile))
         return 0;
-    fuzz::Accepts([&] { profile.VerifyData(); });
 
     // What the writer makes of a profile is a source of the same profile.
     const fuzz::InputFile written(XifOf(profile));
     CProfile again;
-    again.errorHandler = &errors;
     again.xifFile = written.Path();
-    fuzz::Require(fuzz::Accepts([&] { again.Load(); }), "a written file is a profile");
+    fuzz::Require(fuzz::RunProfile(again), "a written file is a profile");
     for (const ProfileField& field : kProfileFields)
         fuzz::Require(again.*field.value == profile.*field.value, "a written profile is read back");
     return 0;

@@ -1,5 +1,4 @@
-#include "Fuzzing.h"
-#include "profile/CProfile.h"
+#include "Runs.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     return {
@@ -17,14 +16,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    const CErrorHandler errors;
     CProfile profile;
-    profile.errorHandler = &errors;
     profile.xmlFile = file.Path();
     profile.xmlNodeName = "P";
-    fuzz::Accepts([&] {
-        profile.Load();
-        profile.VerifyData();
-    });
+    fuzz::RunProfile(profile);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "TemplateRun.h"
+#include "Runs.h"
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
     const std::string sound =
@@ -30,6 +30,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CTemplate source;
     source.xmlFile = file.Path();
     source.xmlNodeName = "T";
-    fuzz::RunTemplate(source, TOVAREK_CATALOG_FOLDER);
+    fuzz::RunTemplate(source);
     return 0;
 }

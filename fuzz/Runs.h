@@ -1,0 +1,68 @@
+// What several targets do with what they have read.
+#pragma once
+
+#include "Fuzzing.h"
+#include "component/XifWriter.h"
+#include "formats/records/Outcome.h"
+#include "profile/CProfile.h"
+#include "template/CTemplate.h"
+
+namespace tovarek::fuzz {
+
+// What raises errors, and the open standard catalog; all runs share them.
+inline const CErrorHandler& SharedErrors() {
+    static const CErrorHandler errors;
+    return errors;
+}
+inline CCatalog& SharedCatalog() {
+    static CCatalog catalog;
+    if (catalog.catalogDir().empty())
+        catalog.catalogDir(TOVAREK_CATALOG_FOLDER);
+    return catalog;
+}
+
+// Loads `profile` from its source and checks it. True when it could be loaded.
+inline bool RunProfile(CProfile& profile) {
+    profile.errorHandler = &SharedErrors();
+    if (!Accepts([&] { profile.Load(); }))
+        return false;
+    Accepts([&] { profile.VerifyData(); });
+    return true;
+}
+
+// Runs a template through everything that Generate does with it.
+inline void RunTemplate(CTemplate& source) {
+    source.errorHandler = &SharedErrors();
+    source.catalog = &SharedCatalog();
+    Accepts([&] {
+        source.Load();
+        source.VerifyData();
+        source.AddNameInCp();
+        NullSink sink;
+        WriteXifText(sink, "node.xif", CProfile(), source, CResources(), *FixedClock(0));
+    });
+    // A second load starts from nothing.
+    const std::size_t records = source.nvs.size();
+    if (Accepts([&] { source.Load(); }))
+        Require(source.nvs.size() >= records, "loading again gives the same records");
+    else
+        Require(source.nvs.size() <= records, "loading again fails where it failed");
+}
+
+// Reads an input as it is and with its checksums made right. What can be read and written again must have the
+// same content, as `same` tells.
+template <class File, class Same>
+void ReadWriteRead(std::string_view input, Outcome (*read)(std::string_view, File&),
+                   Outcome (*write)(const File&, std::string&), const Same& same) {
+    File file;
+    read(input, file);
+    const std::string bytes = WithRightChecksums(std::string(input));
+    std::string written;
+    if (!read(bytes, file).Ok() || !write(file, written).Ok())
+        return;
+    File again;
+    Require(read(written, again).Ok(), "a written file can be read");
+    same(again, file);
+}
+
+}  // namespace tovarek::fuzz
