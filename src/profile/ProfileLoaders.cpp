@@ -12,6 +12,8 @@
 namespace tovarek {
 namespace {
 
+constexpr std::string_view kXifBegin = "File:";
+
 // The lines of a file that ends its lines in CR LF, CR or LF, one after the other.
 class LineReader {
   public:
@@ -114,6 +116,10 @@ void CProfile::Store(const ProfileField& field, std::string_view text) {
 void CProfile::LoadFromXif() {
     const std::string bytes = ReadFile(xifFile);
     LineReader lines(bytes, xifFile);
+    const std::string_view otherKind =
+        CaselessEqual()(std::string_view(bytes).substr(0, kXifBegin.size()), kXifBegin)
+            ? ""
+            : "; an XIF file begins with \"File:\", this one does not: is it an INI or XML profile?";
     for (int line = 1; line < kFirstProfileLine; ++line)
         lines.Next();
 
@@ -137,7 +143,8 @@ void CProfile::LoadFromXif() {
                      .line = line,
                      .reason = "line " + std::to_string(line) + " of an XIF file holds at least " +
                                std::to_string(std::prev(next)->token) +
-                               " numbers separated by one blank, here are " + std::to_string(count)});
+                               " numbers, each behind a single blank, this one " + std::to_string(count) +
+                               std::string(otherKind)});
             }
             std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
             std::string& kept = tokens_[static_cast<std::size_t>(field - kProfileFields.data())];

@@ -49,7 +49,8 @@ void TellMissingKey(const IniText& text, std::string_view section, std::string_v
         place.absence += "; did you mean '" + nearest + "'" + InLine(place.line) + "?";
 }
 
-// How a value was taken that is not written as it counts.
+}  // namespace
+
 std::string ReadAs(std::string_view typed, std::string_view read) {
     if (TrimBlanks(typed) == read || read.empty())
         return {};
@@ -60,8 +61,6 @@ std::string ReadAs(std::string_view typed, std::string_view read) {
         return "this is not a number and reads as " + as;
     return "this reads as " + as;
 }
-
-}  // namespace
 
 std::string JoinSentences(std::string first, std::string_view second) {
     if (!first.empty() && !second.empty())

@@ -58,6 +58,10 @@ std::vector<XmlNode> ElementsBelow(const XmlNode& parent);
 InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& elements, std::string_view name,
                         const IsKnownName& isKnown);
 
+// How a value was taken that is not written as it counts: "this is not a number and reads as 0". Empty where
+// it is, and where `read` is empty.
+std::string ReadAs(std::string_view typed, std::string_view read);
+
 // Both sentences of a reason as one; either may be empty.
 std::string JoinSentences(std::string first, std::string_view second);
 

@@ -1,9 +1,12 @@
 #include "types/CType.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "support/InputPlace.h"
 
 namespace tovarek {
 namespace {
@@ -43,13 +46,24 @@ void CType::ConvertType(std::string_view t, const CErrorHandler& errorHandler) {
 }
 
 int CType::LineOf(std::string_view child) const {
+    return PlaceOf(child, {}).line;
+}
+
+ErrorContext CType::PlaceOf(std::string_view child, std::string read) const {
+    ErrorContext found{
+        .field = std::string(child), .value = std::move(read), .line = lines ? lines->element : 0};
     if (!lines)
-        return 0;
-    int line = lines->element;
-    for (const auto& [other, childLine] : lines->children)
-        if (other == child)
-            line = childLine;
-    return line;
+        return found;
+    const auto last = std::find_if(lines->children.rbegin(), lines->children.rend(),
+                                   [&](const ElementLines::Child& other) { return other.name == child; });
+    if (last == lines->children.rend())
+        return found;
+    found.line = last->line;
+    if (!last->typed.empty()) {
+        found.reason = ReadAs(last->typed, found.value);
+        found.value = last->typed;
+    }
+    return found;
 }
 
 std::int32_t CType::RawValue(double value) const {

@@ -67,8 +67,13 @@ using TypeInputPlace = std::function<ErrorContext(TypeInput which)>;
 
 // Where a type element stands in the format file, and those of its children that say something of the type.
 struct ElementLines {
+    struct Child {
+        std::string_view name;  // in capitals
+        int line = 0;
+        std::string typed;  // of a number, where it is not written as it is read
+    };
     int element = 0;
-    std::vector<std::pair<std::string_view, int>> children;  // by name in capitals
+    std::vector<Child> children;
 };
 
 // A type may hold up to a million members, nested up to a thousand deep: what many members have in common is
@@ -124,6 +129,8 @@ class CType {
     // The line of the last child called `child`, in capitals, of the type element, or of the element itself
     // where it has none such; 0 = unknown.
     int LineOf(std::string_view child = {}) const;
+    // The place and the value of a number that the child sets, with what it was read as.
+    ErrorContext PlaceOf(std::string_view child, std::string read) const;
 
     // Sets elementType from the word of a type element; letter case does not matter. Raises error 91.
     void ConvertType(std::string_view t, const CErrorHandler& errorHandler);

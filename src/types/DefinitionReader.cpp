@@ -138,6 +138,9 @@ std::string DefinitionReader::MissingReason(std::int32_t number) const {
         return std::string(file_.first.Kind() == XmlNodeKind::comment ? "a comment" : "a declaration") +
                " stands in front of the root of " + SystemPath(file_.path) +
                ", so that no type is seen; begin the file with its root element";
+    if (number <= 0)
+        return "this is not the number of a type; give digits alone, such as 300 for the element <" +
+               file_.ElementName(300) + ">";
     if (file_.elements.contains(UpperCase(name)))
         return "element names are compared in capitals, so the prefix must be '" + UpperCase(file_.prefix) +
                "', not '" + file_.prefix + "' (typeFilesXMLPrefix)";
@@ -211,7 +214,7 @@ void DefinitionReader::ReadChild(const XmlNode& node) {
     const std::string name = UpperCase(node.Name());
     for (const ChildRule& rule : kChildRules) {
         if (rule.name == name) {
-            Top().lines->children.emplace_back(rule.name, node.Line());
+            Top().lines->children.push_back({rule.name, node.Line(), {}});
             std::visit([&](auto target) { ReadInto(target, node); }, rule.target);
             return;
         }
@@ -220,6 +223,7 @@ void DefinitionReader::ReadChild(const XmlNode& node) {
 
 void DefinitionReader::ReadInto(std::int32_t CType::*field, const XmlNode& node) {
     Content().*field = Integer(node);
+    KeepTyped(node);
 }
 void DefinitionReader::ReadInto(std::string CType::*field, const XmlNode& node) {
     Content().*field = tools_.nodeTextValue(node);
@@ -256,11 +260,20 @@ void DefinitionReader::ReadScope(const XmlNode& node) {
 void DefinitionReader::ReadMin(const XmlNode& node) {
     Content().minValue = Number(node, tools_.nodeTextValue(node));
     Content().hasMin = true;
+    KeepTyped(node);
 }
 
 void DefinitionReader::ReadMax(const XmlNode& node) {
     Content().maxValue = Number(node, tools_.nodeTextValue(node));
     Content().hasMax = true;
+    KeepTyped(node);
+}
+
+// For messages: a number that is written otherwise than it is read.
+void DefinitionReader::KeepTyped(const XmlNode& node) {
+    const std::string text = tools_.nodeTextValue(node);
+    if (!std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c) || c == '-' || c == '.'; }))
+        Top().lines->children.back().typed = Excerpt(text);
 }
 
 void DefinitionReader::ReadFields(const XmlNode& node) {

@@ -49,6 +49,7 @@ class DefinitionReader {
     void ReadType(const XmlNode& node);
     void ReadName(const XmlNode& node);
     void ReadScope(const XmlNode& node);
+    void KeepTyped(const XmlNode& node);
     void ReadMin(const XmlNode& node);
     void ReadMax(const XmlNode& node);
     void ReadFields(const XmlNode& node);

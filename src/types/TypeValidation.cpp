@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "formats/type/TypeFile.h"
 #include "support/CTools.h"
+#include "support/InputPlace.h"
 #include "types/CType.h"
 
 namespace tovarek {
@@ -10,11 +11,9 @@ namespace {
 // Tells `findings` of a fault in a field of `type`.
 void Tell(FindingSink& findings, eErrors error, const CType& type, std::string_view field, std::string value,
           std::string_view reason) {
-    findings.Take({error,
-                   {.field = std::string(field),
-                    .value = std::move(value),
-                    .line = type.LineOf(field),
-                    .reason = std::string(reason)}});
+    ErrorContext context = type.PlaceOf(field, std::move(value));
+    context.reason = JoinSentences(context.reason, reason);
+    findings.Take({error, std::move(context)});
 }
 
 }  // namespace

@@ -189,6 +189,10 @@ TEST(Profile, FaultsSayWhatWasTypedAndWhatToDo) {
         {"p.xif", XifText(7, "0 10MHz 7 13 28 0 0 15 5 3 284 4"), "protocolClockRate", "10MHz", 7,
          "this reads as 10; accepted"},
         // The bound of generalData0 is checked together with the next field's.
+        {"p.xif", XifText(9, "1 0"), "controlPreamble", "", 9,
+         "12 numbers, each behind a single blank, this one 2"},
+        {"p.xif", "[Line6]\ndomains=2\n\n\n\n\n\n", "domains", "", 6,
+         "begins with \"File:\", this one does not"},
         {"p.xif", XifText(9, "1 0 0 0 0 300 0 0 0 0 0 0"), "generalData0", "300", 9,
          "generalData0 up to 255"},
         {"p.xif", XifText(9, "1 0 0 0 0 300 -1 0 0 0 0 0"), "generalData1", "-1", 9,

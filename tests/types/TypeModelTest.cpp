@@ -214,14 +214,15 @@ TEST(TypeModel, ErrorsOfMembersNameTheMember) {
     CType bad = Number(elementSigned, 3);
     bad.name = "level";
     bad.lines = std::make_shared<const ElementLines>(
-        ElementLines{17, {{"LENGTH", 18}, {"NAME", 19}, {"LENGTH", 20}}});
+        ElementLines{17, {{"LENGTH", 18, ""}, {"NAME", 19, ""}, {"LENGTH", 20, " three"}}});
     const CErrorHandler handler;
     RaisingSink raise(handler);
     const auto error = Raised([&] { Structure(elementStruct, {bad}).VerifyData(raise); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Context().record, "member 'level' (type 300)");
     EXPECT_EQ(error->Context().field, "LENGTH");
-    EXPECT_EQ(error->Context().value, "3");
+    EXPECT_EQ(error->Context().value, " three");
+    EXPECT_EQ(error->Context().reason, "this is not a number and reads as 3; accepted: 1, 2 and 4");
     EXPECT_EQ(error->Context().line, 20) << "the LENGTH that counts is the last one";
 }
 
