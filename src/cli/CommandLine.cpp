@@ -8,6 +8,7 @@
 #include "base/Nearest.h"
 #include "base/Text.h"
 #include "cli/CatalogCommand.h"
+#include "cli/CheckCommand.h"
 #include "cli/ErrorsCommand.h"
 #include "cli/GenerateCommand.h"
 #include "cli/InspectCommands.h"
@@ -37,8 +38,16 @@ constexpr Verb kVerbs[] = {
      "Options act in the order in which they stand:\n"
      "  --set PROPERTY=VALUE            set a property\n"
      "  --job FILE                      set the properties of a JSON object {property: value}; in it inputs\n"
-     "                                  count from the folder of FILE\n",
+     "                                  count from the folder of FILE\n"
+     "  --no-warnings                   do not tell what is read otherwise than it was written\n",
      ""},
+    {"check", "check [OPTIONS]", "find every fault of a job; nothing is written",
+     "The options of 'tovarek generate', and:\n"
+     "  --ignore NAME                   leave a warning out, e.g. --ignore ignored-key; may be repeated\n"
+     "  --pedantic                      weak warnings too\n"
+     "  --warnings-as-errors            exit status 1 for a warning as well\n"
+     "  --color auto|always|never       colours; auto: on a terminal, unless NO_COLOR is set\n",
+     "tovarek check --iniTemplateFile template.ini --mustGenerateTypes false --mustGenerateXif false"},
     {"errors", "errors [WORD]", "list the errors; WORD: cause and mend of one, e.g. 71",
      "WORD is the number of an error, the code that a message begins with, or a name.\n",
      "tovarek errors nvlength"},
@@ -90,36 +99,49 @@ void WriteHelp(const std::string& program, std::ostream& out) {
 void WriteVerbHelp(const Verb& verb, std::ostream& out) {
     out << "tovarek " << verb.usage << ": " << verb.summary << ".\n"
         << verb.options << "  --format text|json              how results and errors are shown\n";
-    if (verb.name == "generate")
+    if (verb.name == "generate" || verb.name == "check")
         for (const Property& property : Properties())
             out << Column("  --" + std::string(property.name), 34) << property.help << '\n';
     if (!verb.example.empty())
         out << "Example: " << verb.example << '\n';
 }
 
-// The settings among the options of `generate`, in the order in which they stand on the command line.
-std::vector<Setting> SettingsInOrder(const CLI::App& generate, const CLI::Option* pairs,
-                                     const CLI::Option* jobs) {
-    std::vector<Setting> settings;
-    std::map<const CLI::Option*, std::size_t> taken;
-    for (const CLI::Option* option : generate.parse_order()) {
-        if (option->get_single_name() == "format")
-            continue;
-        const std::string& value = option->results().at(taken[option]++);
-        if (option == pairs)
-            settings.push_back({Setting::Kind::pair, "", value});
-        else if (option == jobs)
-            settings.push_back({Setting::Kind::job, "", value});
-        else
-            settings.push_back({Setting::Kind::property, option->get_single_name(), value});
+// The options of a command that set properties.
+class SettingOptions {
+  public:
+    explicit SettingOptions(CLI::App& command) : command_(command) {
+        Add("--set", Setting::Kind::pair);
+        Add("--job", Setting::Kind::job);
+        for (const Property& property : Properties())
+            Add("--" + std::string(property.name), Setting::Kind::property);
     }
-    return settings;
-}
+
+    // What was given, in the order in which it stands on the command line.
+    std::vector<Setting> InOrder() const {
+        std::vector<Setting> settings;
+        std::map<const CLI::Option*, std::size_t> taken;
+        for (const CLI::Option* option : command_.parse_order())
+            if (const auto kind = kinds_.find(option); kind != kinds_.end())
+                settings.push_back(
+                    {kind->second, option->get_single_name(), option->results().at(taken[option]++)});
+        return settings;
+    }
+
+  private:
+    void Add(const std::string& name, Setting::Kind kind) {
+        kinds_[command_.add_option(name)->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)] =
+            kind;
+    }
+
+    CLI::App& command_;
+    std::map<const CLI::Option*, Setting::Kind> kinds_;
+};
 
 // The command line as CLI11 sees it, and what it found.
 struct Commands {
     CLI::App app{"tovarek"};
     CLI::App* generate = app.add_subcommand("generate");
+    CLI::App* check = app.add_subcommand("check");
     CLI::App* errors = app.add_subcommand("errors");
     CLI::App* catalog = app.add_subcommand("catalog");
     CLI::App* list = catalog->add_subcommand("list");
@@ -137,21 +159,28 @@ struct Commands {
     std::string otherFile;  // the second one of diff
     bool bytes = false;
     ProgramIdWords programIdWords;
-    CLI::Option* pairs = nullptr;
-    CLI::Option* jobs = nullptr;
+    SettingOptions generateSettings{*generate};
+    SettingOptions checkSettings{*check};
+    bool withoutWarnings = false;
+    CheckWishes checkWishes;
 
     Commands() {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, errors, catalog, list, show, find, dump, diff, programId}) {
+        for (CLI::App* command :
+             {generate, check, errors, catalog, list, show, find, dump, diff, programId}) {
             command->allow_extras();
             AddFormat(*command);
         }
-        pairs = AddSetting("--set");
-        jobs = AddSetting("--job");
-        for (const Property& property : Properties())
-            AddSetting("--" + std::string(property.name));
+        generate->add_flag("--no-warnings", withoutWarnings);
+        check->add_option("--ignore", checkWishes.options.ignored)
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        check->add_flag("--pedantic", checkWishes.options.isPedantic);
+        check->add_flag("--warnings-as-errors", checkWishes.warningsAsErrors);
+        check->add_option("--color", checkWishes.color)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
         for (CLI::App* command : {catalog, list, show, find, dump}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
@@ -167,10 +196,6 @@ struct Commands {
         programId->add_flag("--certified", programIdWords.certified);
         for (std::size_t i = 1; i < kProgramIdFields.size(); ++i)
             programId->add_option("--" + std::string(kProgramIdFields[i].name), programIdWords.fields[i]);
-    }
-
-    CLI::Option* AddSetting(const std::string& name) {
-        return generate->add_option(name)->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     }
 
     void AddFormat(CLI::App& command) {
@@ -262,8 +287,9 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
     if (const std::vector<std::string> extras = commands.app.remaining(true); !extras.empty())
         return RefuseExtra(commands, extras.front(), streams);
     if (commands.generate->parsed())
-        return RunGenerate(SettingsInOrder(*commands.generate, commands.pairs, commands.jobs), format,
-                           streams);
+        return RunGenerate(commands.generateSettings.InOrder(), !commands.withoutWarnings, format, streams);
+    if (commands.check->parsed())
+        return RunCheck(commands.checkSettings.InOrder(), commands.checkWishes, format, streams);
     if (commands.errors->parsed())
         return RunErrors(commands.word, format, streams);
     if (commands.catalog->parsed())

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/Text.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -18,6 +19,23 @@ Json RealJson(double value) {
 
 std::string JsonText(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
+Json ContextJson(const ErrorContext& context) {
+    Json json = Json::object();
+    const auto put = [&json](const char* key, const std::string& value) {
+        if (!value.empty())
+            json[key] = value;
+    };
+    put("record", context.record);
+    put("field", context.field);
+    if (!context.field.empty() || !context.value.empty())
+        json["value"] = context.value;
+    put("file", SystemPath(context.file));
+    if (context.line > 0)
+        json["line"] = context.line;
+    put("reason", context.reason);
+    return json;
 }
 
 Json ValueJson(const InspectNode::Value& value) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Error.h"
 #include "inspect/ByteListing.h"
 #include "inspect/InspectNode.h"
 
@@ -19,6 +20,9 @@ inline constexpr int kJsonSchema = 2;
 // The text of a document, indented. Texts of inputs may hold any bytes; what is no UTF-8 is replaced rather
 // than refused.
 std::string JsonText(const Json& json);
+
+// What is known of a context; unknown members are left out.
+Json ContextJson(const ErrorContext& context);
 
 // A whole real number has no fraction: 100, not 100.0.
 Json ValueJson(const InspectNode::Value& value);

@@ -1,4 +1,4 @@
-// The file of the running program.
+// What the system tells of the running program.
 #pragma once
 
 #include <string>
@@ -7,5 +7,8 @@ namespace tovarek {
 
 // Its absolute path in UTF-8; empty when the system does not tell.
 std::string ProgramFile();
+
+// Whether its standard output is a terminal.
+bool OutIsTerminal();
 
 }  // namespace tovarek

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <filesystem>
 #include <system_error>
 
@@ -9,6 +11,10 @@ std::string ProgramFile() {
     std::error_code none;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", none);
     return none ? std::string() : program.string();
+}
+
+bool OutIsTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
 }
 
 }  // namespace tovarek

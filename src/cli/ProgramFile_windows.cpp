@@ -1,3 +1,7 @@
+#include <io.h>
+
+#include <cstdio>
+
 #include "cli/ProgramFile.h"
 #include "system/ModuleFile.h"
 #include "system/Wide.h"
@@ -6,6 +10,10 @@ namespace tovarek {
 
 std::string ProgramFile() {
     return FromWide(ModuleFile(nullptr));
+}
+
+bool OutIsTerminal() {
+    return _isatty(_fileno(stdout)) != 0;
 }
 
 }  // namespace tovarek

@@ -1,42 +1,14 @@
 #include "cli/Report.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
 #include <ostream>
 
-#include "base/ErrorTable.h"
 #include "base/Text.h"
+#include "cli/FindingReport.h"
 #include "cli/Json.h"
 #include "system/Files.h"
 
 namespace tovarek {
 namespace {
-
-// One line whatever the input held.
-std::string OneLine(std::string_view text) {
-    std::string line(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
-    return line;
-}
-
-Json ContextJson(const ErrorContext& context) {
-    Json json = Json::object();
-    const auto put = [&json](const char* key, const std::string& value) {
-        if (!value.empty())
-            json[key] = value;
-    };
-    put("record", context.record);
-    put("field", context.field);
-    if (!context.field.empty() || !context.value.empty())
-        json["value"] = context.value;
-    put("file", SystemPath(context.file));
-    if (context.line > 0)
-        json["line"] = context.line;
-    put("reason", context.reason);
-    return json;
-}
 
 void WriteContext(const ErrorContext& context, std::ostream& out) {
     if (!context.record.empty())
@@ -67,6 +39,24 @@ void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
         out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
 }
 
+Json ErrorJson(const Error& error) {
+    return {{"error", error.Number()},           {"code", ErrorNumberText(error.Number())},
+            {"name", ErrorName(error.Number())}, {"description", error.Description()},
+            {"source", error.Source()},          {"context", ContextJson(error.Context())}};
+}
+
+void WriteError(const Error& error, std::ostream& out) {
+    out << "tovarek: error " << ErrorNumberText(error.Number()) << ' ' << ErrorName(error.Number()) << ": "
+        << error.Description() << '\n';
+    WriteContext(error.Context(), out);
+}
+
+void AddRun(const RunReport& report, Json& json) {
+    json["written"] = WrittenJson(report.written);
+    if (!report.warnings.empty())
+        json["warnings"] = FindingsJson(report.warnings);
+}
+
 // A fault that is no error of the generator: it has a name but no number. `advice`: of the text alone.
 void WriteFault(const char* name, const std::string& message, const char* advice, OutputFormat format,
                 Streams streams) {
@@ -85,38 +75,39 @@ void WriteFault(const char* name, const std::string& message, const char* advice
 
 }  // namespace
 
-std::string_view ErrorName(std::int32_t number) {
-    if (const ErrorRow* row = FindErrorRow(number))
-        return row->name;
-    const std::string_view runtime = RuntimeErrorName(number);
-    return runtime.empty() ? "unknown" : runtime;
+int ReportError(const Error& error, OutputFormat format, Streams streams) {
+    if (format == OutputFormat::json)
+        streams.out << JsonText(ErrorJson(error)) << '\n';
+    else
+        WriteError(error, streams.error);
+    return kFailed;
 }
 
-std::string ErrorNumberText(std::int32_t number) {
-    if (number >= 0)
-        return std::to_string(number);
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(number));
-    return text.data();
-}
-
-int ReportError(const Error& error, OutputFormat format, Streams streams,
-                const std::vector<std::string>* written) {
-    if (format == OutputFormat::json) {
-        Json json = {{"error", error.Number()},           {"code", ErrorNumberText(error.Number())},
-                     {"name", ErrorName(error.Number())}, {"description", error.Description()},
-                     {"source", error.Source()},          {"context", ContextJson(error.Context())}};
-        if (written != nullptr)
-            json["written"] = WrittenJson(*written);
-        streams.out << JsonText(json) << '\n';
+int ReportFailedRun(const Error& error, const RunReport& report) {
+    if (report.format == OutputFormat::json) {
+        Json json = ErrorJson(error);
+        AddRun(report, json);
+        report.streams.out << JsonText(json) << '\n';
         return kFailed;
     }
-    if (written != nullptr)
-        WriteWritten(*written, streams.out);
-    streams.error << "tovarek: error " << ErrorNumberText(error.Number()) << ' ' << ErrorName(error.Number())
-                  << ": " << error.Description() << '\n';
-    WriteContext(error.Context(), streams.error);
+    WriteWritten(report.written, report.streams.out);
+    WriteFindings(report.warnings, false, report.streams.error);
+    WriteError(error, report.streams.error);
     return kFailed;
+}
+
+int ReportRun(const RunReport& report) {
+    if (report.format == OutputFormat::json) {
+        Json json = Json::object();
+        AddRun(report, json);
+        report.streams.out << JsonText(json) << '\n';
+        return kDone;
+    }
+    WriteWritten(report.written, report.streams.out);
+    if (report.written.empty())
+        report.streams.out << "nothing to write: the template is in order\n";
+    WriteFindings(report.warnings, false, report.streams.error);
+    return kDone;
 }
 
 int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams) {
@@ -127,17 +118,6 @@ int ReportWrongUse(const std::string& message, OutputFormat format, Streams stre
 int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams) {
     WriteFault("unknownType", message, "", format, streams);
     return kFailed;
-}
-
-int ReportWritten(const std::vector<std::string>& files, OutputFormat format, Streams streams) {
-    if (format == OutputFormat::json) {
-        streams.out << JsonText({{"written", WrittenJson(files)}}) << '\n';
-        return kDone;
-    }
-    WriteWritten(files, streams.out);
-    if (files.empty())
-        streams.out << "nothing to write: the template is in order\n";
-    return kDone;
 }
 
 }  // namespace tovarek

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "cli/CommandLine.h"
+#include "cli/ProgramFile.h"
 
 namespace tovarek {
 
@@ -43,7 +44,7 @@ std::terminate_handler usualEnd = nullptr;
 int RunProgram(const std::function<std::vector<std::string>()>& arguments) noexcept {
     try {
         std::ios::sync_with_stdio(false);
-        const int status = RunCommandLine(arguments(), {std::cout, std::cerr});
+        const int status = RunCommandLine(arguments(), {std::cout, std::cerr, OutIsTerminal()});
         // Output that could not be written is a failure like any other.
         if (!std::cout.flush() && status == kDone) {
             std::cerr << "tovarek: the output could not be written\n";

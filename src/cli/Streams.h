@@ -15,6 +15,7 @@ inline constexpr int kDifferent = 1;  // a comparison found differences
 struct Streams {
     std::ostream& out;
     std::ostream& error;
+    bool outIsTerminal = false;  // somebody looks at `out`
 };
 
 }  // namespace tovarek

@@ -6,6 +6,7 @@
 
 #include "component/FilesList.h"
 #include "component/XifWriter.h"
+#include "support/Readings.h"
 
 namespace tovarek {
 namespace {
@@ -94,20 +95,31 @@ void Tovarek::xmlTemplateNode(const XmlNode& value) {
 }
 
 void Tovarek::Generate() {
+    RaisingSink raise(errorHandler_, warnings_);
+    Run(raise, Purpose::generation);
+}
+
+void Tovarek::Check(FindingSink& findings) {
+    Run(findings, Purpose::check);
+}
+
+void Tovarek::Run(FindingSink& findings, Purpose purpose) {
     writtenFiles_.clear();
     try {
-        template_.errorHandler = &errorHandler_;
-        template_.catalog = &catalog_;
-        NamingTheElement("xmlTemplateNodeName", template_.xmlNodeName, [&] { template_.Load(); });
-        template_.VerifyData();
-        if (addNameInCpString_)
-            template_.AddNameInCp();
-        if (guard_)
+        Readings readings(findings);
+        bool isTemplateRead = false;
+        TellingErrors(findings, [&] {
+            ReadTemplate(readings);
+            isTemplateRead = true;
+        });
+        if (guard_ && purpose == Purpose::generation)
             guard_(Files());
-        if (mustGenerateTypes_)
-            GenerateTypeFiles();
+        if (mustGenerateTypes_ && isTemplateRead)
+            TellingErrors(findings, [&] { DoTypeFiles(readings, purpose); });
         if (mustGenerateXif_)
-            GenerateXif();
+            TellingErrors(findings, [&] { DoXif(readings, purpose); });
+        if (findings.WantsWarnings())
+            readings.TellUnread();
     } catch (const std::bad_alloc&) {
         RaiseRuntimeError(RuntimeError::outOfMemory);
     } catch (const std::length_error&) {
@@ -115,15 +127,35 @@ void Tovarek::Generate() {
     }
 }
 
-void Tovarek::GenerateTypeFiles() {
+void Tovarek::ReadTemplate(Readings& readings) {
+    FindingSink& findings = readings.Findings();
+    template_.errorHandler = &errorHandler_;
+    template_.catalog = &catalog_;
+    NamingTheElement("xmlTemplateNodeName", template_.xmlNodeName, [&] { template_.Load(findings); });
+    if (findings.WantsWarnings())
+        template_.TellReadings(readings);
+    template_.VerifyData(findings);
+    if (addNameInCpString_)
+        template_.AddNameInCp();
+}
+
+void Tovarek::DoTypeFiles(Readings& /*readings*/, Purpose purpose) {
+    if (purpose == Purpose::check)
+        return;
     GenerateTypeFilesAndList(types_, template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_,
                              userTypeFilePath_, writtenFiles_);
 }
 
-void Tovarek::GenerateXif() {
+void Tovarek::DoXif(Readings& readings, Purpose purpose) {
+    FindingSink& findings = readings.Findings();
     profile_.errorHandler = &errorHandler_;
-    NamingTheElement("xmlProfileNodeName", profile_.xmlNodeName,
-                     [&] { WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_); });
+    NamingTheElement("xmlProfileNodeName", profile_.xmlNodeName, [&] { profile_.Load(findings); });
+    if (findings.WantsWarnings())
+        profile_.TellReadings(readings);
+    profile_.VerifyData(findings);
+    if (purpose == Purpose::check)
+        return;
+    WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_);
     writtenFiles_.push_back(outputXIFfile_);
 }
 

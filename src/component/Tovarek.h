@@ -22,6 +22,7 @@
 #include "profile/CProfile.h"
 #include "support/CErrorHandler.h"
 #include "support/CResources.h"
+#include "support/Findings.h"
 #include "system/Clock.h"
 #include "template/CTemplate.h"
 #include "types/CTypes.h"
@@ -30,6 +31,8 @@
 #include "xml/Xml.h"
 
 namespace tovarek {
+
+class Readings;  // support/Readings.h
 
 class Tovarek {
   public:
@@ -40,6 +43,9 @@ class Tovarek {
     // Reads and checks the template, then writes what is asked for: the resource files, the XIF. The first
     // error ends it; files that were finished before stay. Raises one of eErrors or a runtime error.
     void Generate();
+    // Reads and checks everything that Generate does, writes nothing, and tells `findings` all that is wrong,
+    // in the order in which Generate meets it: the first error is the one that it raises.
+    void Check(FindingSink& findings);
 
     // ---- the standard type catalog ----
     // Folder and file name ("ldrf.cat" by default). Each write opens the catalog anew and raises error 130
@@ -138,10 +144,17 @@ class Tovarek {
     // ends Generate.
     void SetGuard(std::function<void(const JobFiles&)> guard) { guard_ = std::move(guard); }
 
+    // Hears the warnings of Generate; null for nobody. It lives as long as the object or until the next call.
+    void SetWarnings(FindingSink* warnings) { warnings_ = warnings; }
+
   private:
+    enum class Purpose { generation, check };
+
     void RaiseWhenCatalogFailed() const;
-    void GenerateTypeFiles();
-    void GenerateXif();
+    void Run(FindingSink& findings, Purpose purpose);
+    void ReadTemplate(Readings& readings);
+    void DoTypeFiles(Readings& readings, Purpose purpose);
+    void DoXif(Readings& readings, Purpose purpose);
 
     CProfile profile_;
     CTemplate template_;
@@ -153,6 +166,7 @@ class Tovarek {
     std::shared_ptr<const Clock> clock_;
     std::vector<std::string> writtenFiles_;
     std::function<void(const JobFiles&)> guard_;
+    FindingSink* warnings_ = nullptr;
 
     std::string outputXIFfile_;
     std::string typeFilesXMLFormat_;

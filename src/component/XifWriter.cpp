@@ -172,10 +172,8 @@ void WriteXifText(FileSink& sink, const std::string& fileName, const CProfile& p
     writer.WritePropertyValues();
 }
 
-void WriteXif(const std::string& path, CProfile& profile, const CTemplate& deviceTemplate,
+void WriteXif(const std::string& path, const CProfile& profile, const CTemplate& deviceTemplate,
               const CResources& resources, const Clock& clock) {
-    profile.Load();
-    profile.VerifyData();
     OutputFile file(path);
     WriteXifText(file, CTools().ExtractFile(path), profile, deviceTemplate, resources, clock);
     file.Close();

@@ -11,13 +11,12 @@
 
 namespace tovarek {
 
-// Loads and checks `profile`, then writes the interface file of the device to `path`, created or truncated.
-// The template is loaded and checked already. Raises the errors of the profile before the file is opened,
-// file errors after; a half-written file is closed and left.
-void WriteXif(const std::string& path, CProfile& profile, const CTemplate& deviceTemplate,
+// Writes the interface file of the device to `path`, created or truncated. Profile and template are loaded
+// and checked already. Raises file errors; a half-written file is closed and left.
+void WriteXif(const std::string& path, const CProfile& profile, const CTemplate& deviceTemplate,
               const CResources& resources, const Clock& clock);
 
-// The same into any sink, of a profile that is loaded and checked; `fileName` is shown on the first line. The
+// The same into any sink; `fileName` is shown on the first line. The
 // sink is not closed.
 void WriteXifText(FileSink& sink, const std::string& fileName, const CProfile& profile,
                   const CTemplate& deviceTemplate, const CResources& resources, const Clock& clock);

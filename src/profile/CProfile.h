@@ -14,6 +14,8 @@
 namespace tovarek {
 
 struct ProfileField;
+class Readings;    // support/Readings.h
+class IniReading;  // support/IniReading.h
 
 class CProfile : public ProfileValues {
   public:
@@ -32,6 +34,10 @@ class CProfile : public ProfileValues {
     // node alone, the errors of CTools::SearchXmlNode for XML, runtime errors for an XIF file (53, 70, 75, 76
     // cannot be read, 62 fewer than 10 lines, 9 too few numbers on a line) and 6 for a number beyond 32 bits.
     void Load();
+    // The same, with numbers that are refused told to `findings`; they count as 0 then.
+    void Load(FindingSink& findings);
+    // Tells what the last load read otherwise than it was written.
+    void TellReadings(Readings& readings) const;
 
     // Checks the values in a fixed order and raises the first fault. Changes nothing.
     void VerifyData() const;
@@ -40,10 +46,11 @@ class CProfile : public ProfileValues {
 
   private:
     void LoadFromIni();
-    void LoadFromXif();
-    void LoadFromXmlNode(const XmlNode& profile);
+    void LoadFromXif(FindingSink& findings);
+    void LoadFromXmlNode(const XmlNode& profile, FindingSink& findings);
+    void TellIniReadings(IniReading& ini, FindingSink& findings) const;
     // The number that `text` begins with, as the value of the field.
-    void Store(const ProfileField& field, std::string_view text);
+    void Store(const ProfileField& field, std::string_view text, FindingSink& findings);
     // The context of a value that was refused; `read` is what it was taken for.
     ErrorContext ContextOfFault(const ProfileField& field, std::string_view read,
                                 const Expected& expected) const;

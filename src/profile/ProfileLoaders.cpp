@@ -69,18 +69,23 @@ const ProfileField* FieldOfElement(int line, const std::string& upperName) {
 }  // namespace
 
 void CProfile::Load() {
+    RaisingSink raise(*errorHandler);
+    Load(raise);
+}
+
+void CProfile::Load(FindingSink& findings) {
     wasLoaded_ = std::exchange(isLoaded_, true);
     if (!iniFile.empty()) {
         LoadFromIni();
         return;
     }
     if (!xifFile.empty()) {
-        LoadFromXif();
+        LoadFromXif(findings);
         return;
     }
     elements_.fill({});
     if (xmlNode)
-        LoadFromXmlNode(xmlNode.Current());
+        LoadFromXmlNode(xmlNode.Current(), findings);
     // Required in this order: an element alone is loaded and then refused, since a profile is named by its
     // file.
     if (xmlFile.empty())
@@ -90,7 +95,8 @@ void CProfile::Load() {
                                  "front of the element"
                                : "no profile is named; set iniProfileFile, xifProfileFile, or xmlProfileFile "
                                  "with xmlProfileNodeName"});
-    LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlProfileNodeName"));
+    LoadFromXmlNode(CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlProfileNodeName"),
+                    findings);
 }
 
 void CProfile::LoadFromIni() {
@@ -108,12 +114,14 @@ void CProfile::LoadFromIni() {
     }
 }
 
-void CProfile::Store(const ProfileField& field, std::string_view text) {
-    this->*field.value = WithContext([&] { return ContextOfFault(field, {}, {}); },
-                                     [&] { return RoundToInt32(LeadingProfileNumber(text)); });
+void CProfile::Store(const ProfileField& field, std::string_view text, FindingSink& findings) {
+    TellingErrors(findings, [&] {
+        this->*field.value = WithContext([&] { return ContextOfFault(field, {}, {}); },
+                                         [&] { return RoundToInt32(LeadingProfileNumber(text)); });
+    });
 }
 
-void CProfile::LoadFromXif() {
+void CProfile::LoadFromXif(FindingSink& findings) {
     const std::string bytes = ReadFile(xifFile);
     LineReader lines(bytes, xifFile);
     const std::string_view otherKind =
@@ -149,12 +157,12 @@ void CProfile::LoadFromXif() {
             std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
             std::string& kept = tokens_[static_cast<std::size_t>(field - kProfileFields.data())];
             kept = std::move(token);
-            Store(*field, kept);
+            Store(*field, kept, findings);
         }
     }
 }
 
-void CProfile::LoadFromXmlNode(const XmlNode& profile) {
+void CProfile::LoadFromXmlNode(const XmlNode& profile, FindingSink& findings) {
     loadedXml_ = profile;
     struct Visit {
         XmlNode node;
@@ -178,7 +186,7 @@ void CProfile::LoadFromXmlNode(const XmlNode& profile) {
         } else if (const ProfileField* field = FieldOfElement(line, name)) {
             const auto index = static_cast<std::size_t>(field - kProfileFields.data());
             elements_[index] = visit.node;
-            Store(*field, CTools().nodeTextValue(visit.node));
+            Store(*field, CTools().nodeTextValue(visit.node), findings);
         }
         pending.push_back({visit.node.FirstChild(), line});
     }

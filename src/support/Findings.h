@@ -1,5 +1,5 @@
-// What rules find in an input, and who decides what becomes of it. Rules go on behind a finding wherever the
-// next one can be judged on its own: the sink alone decides whether a job ends there.
+// What rules and loaders find in an input, and who decides what becomes of it. Rules go on behind a finding
+// wherever the next one can be judged on its own: the sink alone decides whether a job ends there.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,27 @@
 
 namespace tovarek {
 
-// A fault: the error that a generation raises for it, one of eErrors or a runtime error, and its place.
+// Warnings never change what a generation does. Weak ones are matters of taste.
+enum class Warning {
+    none,
+#define TOVAREK_WARNING(id, name, weight, meaning) id,
+#include "support/WarningList.inc"
+#undef TOVAREK_WARNING
+};
+
+// Which part of the line of a finding it is about.
+enum class LinePart { value, name, all };
+
+// A fault, by the error that a generation raises for it (one of eErrors or a runtime error), or a warning, by
+// its name; and its place. The reason of a warning's context is its text.
 struct Finding {
     std::int32_t error = 0;
     ErrorContext context;
+    Warning warning = Warning::none;
+    LinePart part = LinePart::value;
+    int causeLine = 0;  // a line of the same file; a finding there explains this one
+    int column = 0;     // of the marked piece of the line, in characters from 1; 0: the part tells
+    int width = 0;
 };
 
 class FindingSink {
@@ -24,21 +41,46 @@ class FindingSink {
 
     // Takes a finding; it comes back when the rules shall go on.
     virtual void Take(Finding finding) = 0;
+
+    // An error that was raised where no rule could go on; called while it is handled.
+    virtual void TakeRaised(const Error& error) { Take({error.Number(), error.Context()}); }
+
+    // Whether warnings are wanted; looking for them takes time.
+    virtual bool WantsWarnings() const { return false; }
 };
 
-// The sink of a generation: the first finding ends it.
+// An error that leaves `operation` goes to `findings`.
+template <class Operation>
+void TellingErrors(FindingSink& findings, const Operation& operation) {
+    try {
+        operation();
+    } catch (const Error& error) {
+        findings.TakeRaised(error);
+    }
+}
+
+// The sink of a generation: the first error ends it. Warnings go to whoever listens.
 class RaisingSink : public FindingSink {
   public:
-    explicit RaisingSink(const CErrorHandler& errorHandler) : errorHandler_(errorHandler) {}
+    explicit RaisingSink(const CErrorHandler& errorHandler, FindingSink* listener = nullptr)
+        : errorHandler_(errorHandler), listener_(listener) {}
 
     void Take(Finding finding) override {
+        if (finding.warning != Warning::none) {
+            if (listener_ != nullptr)
+                listener_->Take(std::move(finding));
+            return;
+        }
         if (finding.error >= static_cast<std::int32_t>(RuntimeError::overflow))
             RaiseRuntimeError(static_cast<RuntimeError>(finding.error), std::move(finding.context));
         errorHandler_.RaiseError(finding.error, std::move(finding.context));
     }
+    [[noreturn]] void TakeRaised(const Error& /*error*/) override { throw; }
+    bool WantsWarnings() const override { return listener_ != nullptr; }
 
   private:
     const CErrorHandler& errorHandler_;
+    FindingSink* listener_;
 };
 
 // Adds what a caller knows of the place to the findings on their way.
@@ -50,6 +92,7 @@ class PlacingSink : public FindingSink {
         finding.context.FillFrom(place_);
         outer_.Take(std::move(finding));
     }
+    bool WantsWarnings() const override { return outer_.WantsWarnings(); }
 
   private:
     FindingSink& outer_;

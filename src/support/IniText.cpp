@@ -57,29 +57,43 @@ std::string_view WithoutQuotes(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-std::int32_t WrappingInteger(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\v\f\r\n");
-    text = first == std::string_view::npos ? std::string_view() : text.substr(first);
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+'))
-        text.remove_prefix(1);
+}  // namespace
+
+IniInteger ReadIniInteger(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\v\f\r\n";
+    std::string_view rest = text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+    const bool negative = rest.starts_with('-');
+    if (negative || rest.starts_with('+'))
+        rest.remove_prefix(1);
     int base = 10;
     // Only the small x makes a number hexadecimal; the platform reads 0X1F as 0.
-    if (text.starts_with("0x")) {
+    if (rest.starts_with("0x")) {
         base = 16;
-        text.remove_prefix(2);
+        rest.remove_prefix(2);
     }
+    IniInteger read;
     std::uint32_t value = 0;
-    for (const char c : text) {
-        const int digit = HexValue(c);
+    std::size_t digits = 0;
+    for (; digits < rest.size(); ++digits) {
+        const int digit = HexValue(rest[digits]);
         if (digit < 0 || digit >= base)
             break;
-        value = value * static_cast<std::uint32_t>(base) + static_cast<std::uint32_t>(digit);
+        const std::uint64_t next =
+            std::uint64_t{value} * static_cast<std::uint64_t>(base) + static_cast<std::uint64_t>(digit);
+        read.wraps = read.wraps || next > INT32_MAX;
+        value = static_cast<std::uint32_t>(next);
     }
-    return static_cast<std::int32_t>(negative ? 0U - value : value);
+    read.isWhole = digits > 0 && rest.find_first_not_of(kBlanks, digits) == std::string_view::npos;
+    read.value = static_cast<std::int32_t>(negative ? 0U - value : value);
+    // The smallest number has no positive counterpart.
+    read.wraps = read.wraps && !(negative && base == 10 && read.value == INT32_MIN && digits <= 10);
+    return read;
 }
 
-}  // namespace
+std::string_view IniValue(std::string_view value) {
+    value = WithoutQuotes(value);
+    return value.substr(0, value.find('\0'));
+}
 
 std::string DecodeIni(std::string bytes, IniEncoding* encoding) {
     IniEncoding found = IniEncoding::codePage;
@@ -191,7 +205,7 @@ std::vector<std::string> IniSection::Keys() const {
 
 std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) const {
     const std::string_view value = RawValue(key);
-    return value.data() == nullptr ? missing : WrappingInteger(value);
+    return value.data() == nullptr ? missing : ReadIniInteger(value).value;
 }
 
 std::string IniSection::StringValue(std::string_view key, std::string_view missing) const {
@@ -237,8 +251,7 @@ void IniText::ReadSection(std::string_view name, IniSection& section) const {
         IniSection::Entry entry;
         if (!SplitIniKey(line, entry.key, entry.value))
             continue;
-        entry.value = WithoutQuotes(entry.value);
-        entry.value = entry.value.substr(0, entry.value.find('\0'));
+        entry.value = IniValue(entry.value);
         section.entries_.push_back(entry);
     }
 }

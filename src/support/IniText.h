@@ -108,5 +108,15 @@ std::string_view IniSectionName(std::string_view line);
 // Splits `line` (trimmed) at its first "=" into key and value, blanks around both trimmed; false when it is
 // no key.
 bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view& value);
+// What of a value is read: without one pair of equal quotes, up to a NUL.
+std::string_view IniValue(std::string_view value);
+
+// A value as an integer, by the rules of IniSection::LongValue.
+struct IniInteger {
+    std::int32_t value = 0;
+    bool isWhole = false;  // the text is a number and nothing else
+    bool wraps = false;    // the number is beyond 32 bits
+};
+IniInteger ReadIniInteger(std::string_view text);
 
 }  // namespace tovarek

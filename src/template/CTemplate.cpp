@@ -6,14 +6,19 @@
 namespace tovarek {
 
 void CTemplate::Load() {
+    RaisingSink raise(*errorHandler);
+    Load(raise);
+}
+
+void CTemplate::Load(FindingSink& findings) {
     ResetTemplate();
     if (!iniFile.empty())
-        LoadTemplateFromIni();
+        LoadTemplateFromIni(findings);
     else if (xmlNode)
-        LoadTemplateFromXmlNode(xmlNode.Current());
+        LoadTemplateFromXmlNode(xmlNode.Current(), findings);
     else if (!xmlFile.empty())
         LoadTemplateFromXmlNode(
-            CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlTemplateNodeName"));
+            CTools().SearchXmlNode(xmlFile, xmlNodeName, *errorHandler, "xmlTemplateNodeName"), findings);
     else
         errorHandler->RaiseError(
             eQVXIFerr_templatefilenotdefined,

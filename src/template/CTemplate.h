@@ -16,6 +16,8 @@
 namespace tovarek {
 
 struct TemplateSource;
+class Readings;    // support/Readings.h
+class IniReading;  // support/IniReading.h
 
 struct CTag {
     std::string name;
@@ -60,6 +62,11 @@ class CTemplate {
     // error 6 for a number of an XML template or an index of the variable table beyond 32 bits.
     void Load();
 
+    // The same, with numbers that are refused told to `findings`; they count as 0 then.
+    void Load(FindingSink& findings);
+    // Tells what the last load read otherwise than it was written.
+    void TellReadings(Readings& readings) const;
+
     // Checks the template in a fixed order, raises the first fault, and completes what a template may leave
     // out: the program ID in upper case, lengths of standard types from the catalog, absent property values.
     // What was completed before a fault stays.
@@ -86,11 +93,13 @@ class CTemplate {
 
   private:
     void ResetTemplate();
-    void LoadTemplateFromIni();
-    void LoadTemplateFromXmlNode(const XmlNode& node);
+    void LoadTemplateFromIni(FindingSink& findings);
+    void LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings);
+    void TellIniReadings(IniReading& ini, FindingSink& findings) const;
 
     void VerifyTemplate(FindingSink& findings);
-    void VerifyNv(CNv& nv, std::size_t position, FindingSink& findings);
+    // `isCatalogMissed`: that no catalog is open was told.
+    void VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, FindingSink& findings);
     void VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings);
     // The characters of each value of the property; nothing where its declaration tells none.
     std::optional<std::int32_t> VerifyDeclaration(CCp& cp, std::size_t position, FindingSink& findings) const;

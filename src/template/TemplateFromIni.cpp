@@ -117,7 +117,7 @@ void ReadCps(const IniText& text, std::int32_t count, std::vector<CCp>& cps) {
 
 }  // namespace
 
-void CTemplate::LoadTemplateFromIni() {
+void CTemplate::LoadTemplateFromIni(FindingSink& findings) {
     cIni ini;
     ini.iniFile(iniFile);
     const auto text = ini.Text();
@@ -129,7 +129,7 @@ void CTemplate::LoadTemplateFromIni() {
         else
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
-    ReadNvs(*text, *this, nvs);
+    TellingErrors(findings, [&] { ReadNvs(*text, *this, nvs); });
     ReadTags(*text, numberOfMessageTags, tags);
     ReadCps(*text, numberOfCps, cps);
 }

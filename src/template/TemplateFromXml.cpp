@@ -15,8 +15,8 @@ namespace {
 class XmlTemplateLoader {
   public:
     // `elements` gets what was seen, where it is wanted.
-    explicit XmlTemplateLoader(CTemplate& target, TemplateElements* elements = nullptr)
-        : template_(target), elements_(elements) {}
+    XmlTemplateLoader(CTemplate& target, FindingSink& findings, TemplateElements* elements = nullptr)
+        : template_(target), findings_(findings), elements_(elements) {}
 
     void LoadChildren(const XmlNode& parent) {
         for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
@@ -110,8 +110,13 @@ class XmlTemplateLoader {
     // `title` names the record; it is asked only when the number is refused.
     template <class Title>
     std::int32_t Number(const XmlNode& element, std::string_view field, const Title& title) {
-        return WithContext([&] { return ErrorContext{.record = title()}; },
-                           [&] { return IntegerOfElement(element, tools_.nodeTextValue(element), field); });
+        std::int32_t number = 0;
+        const auto place = [&] { return ErrorContext{.record = title()}; };
+        TellingErrors(findings_, [&] {
+            number = WithContext(
+                place, [&] { return IntegerOfElement(element, tools_.nodeTextValue(element), field); });
+        });
+        return number;
     }
 
     void SetIndex(CNv& nv) const { nv.index = nvIndex_; }
@@ -122,13 +127,15 @@ class XmlTemplateLoader {
     void CountEntries(const CNv& nv) {
         const std::int64_t index = std::int64_t{nvIndex_} + std::max(nv.arraySize, 1);
         if (index > INT32_MAX)
-            RefuseIndex(template_, nv, template_.nvs.size() - 1);
-        nvIndex_ = static_cast<std::int32_t>(index);
+            TellingErrors(findings_, [&] { RefuseIndex(template_, nv, template_.nvs.size() - 1); });
+        else
+            nvIndex_ = static_cast<std::int32_t>(index);
     }
     void CountEntries(const CTag& /*tag*/) const {}
     void CountEntries(const CCp& /*cp*/) const {}
 
     CTemplate& template_;
+    FindingSink& findings_;
     TemplateElements* elements_;
     CTools tools_;
     List list_ = List::none;
@@ -140,20 +147,20 @@ class XmlTemplateLoader {
 }  // namespace
 
 TemplateElements ElementsOfTemplate(const XmlNode& node) {
+    // Whatever was refused was told by the load itself.
+    struct : FindingSink {
+        void Take(Finding /*finding*/) override {}
+    } nobody;
     CTemplate scratch;
     TemplateElements elements;
-    try {
-        XmlTemplateLoader(scratch, &elements).LoadChildren(node);
-    } catch (const Error&) {
-        // What ended the load itself ends this one at the same place.
-    }
+    XmlTemplateLoader(scratch, nobody, &elements).LoadChildren(node);
     return elements;
 }
 
-void CTemplate::LoadTemplateFromXmlNode(const XmlNode& node) {
+void CTemplate::LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings) {
     loadedNode_ = node;
     maximumNumberOfNvs = -1;
-    XmlTemplateLoader(*this).LoadChildren(node);
+    XmlTemplateLoader(*this, findings).LoadChildren(node);
     if (maximumNumberOfNvs < 0)
         maximumNumberOfNvs = numberStaticNvs;
 }

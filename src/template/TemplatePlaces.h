@@ -39,6 +39,14 @@ class TemplatePlaces {
                          ReadAs(source_.*member), expected);
     }
 
+    // Whether the file does not have the record at all, or is not there itself.
+    template <class Record>
+    bool IsAbsent(std::size_t position) const {
+        const InputPart missing =
+            PlaceOf<Record>(position, RecordNames<Record>::Fields().front(), {}).missing;
+        return missing == InputPart::group || missing == InputPart::file;
+    }
+
     // The field's value as the file has it; empty when it has none.
     template <class Record, class Value>
     std::string Typed(std::size_t position, Value Record::*member) const {

@@ -115,8 +115,9 @@ void CTemplate::VerifyData() {
 
 void CTemplate::VerifyData(FindingSink& findings) {
     VerifyTemplate(findings);
+    bool isCatalogMissed = false;
     for (std::size_t i = 0; i < nvs.size(); ++i)
-        VerifyNv(nvs[i], i, findings);
+        VerifyNv(nvs[i], i, isCatalogMissed, findings);
 
     const TemplatePlaces places(*this);
     if (numberOfMessageTags < 0 || numberOfMessageTags > kMostTags)
@@ -175,13 +176,16 @@ ErrorContext CTemplate::PlaceOfNvType(std::size_t position) const {
     return WithoutSentence(TemplatePlaces(*this).Of(nvs[position], position, &CNv::typeIndex, {}));
 }
 
-void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
+void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, FindingSink& findings) {
     const TemplatePlaces places(*this);
     const auto fail = [&](eErrors error, auto CNv::*member, const Expected& expected) {
         findings.Take({error, places.Of(nv, position, member, expected)});
     };
-    if (nv.name.empty())
+    if (nv.name.empty()) {
         fail(eQVXIFerr_nvname, &CNv::name, {.sentence = "every network variable has a name"});
+        if (places.IsAbsent<CNv>(position))
+            return;  // everything else is missing for the same reason
+    }
     for (const RangeRule<CNv>& rule : kNvRules)
         if (nv.*rule.field < rule.low || nv.*rule.field > rule.high)
             fail(rule.error, rule.field, Range(rule.low, rule.high));
@@ -199,7 +203,10 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
         catalog->types.ClearTypeSelection();
         catalog->types.SelectedTypeIndex(nv.typeIndex);
         if (catalog->types.ResultCode() != 0) {
-            fail(eQVXIFerr_unknowntype, &CNv::typeIndex, {.sentence = catalog->types.ResultReason()});
+            // Without a catalog all standard types are unknown; one finding tells it.
+            if (catalog->types.Catalog() != nullptr || !isCatalogMissed)
+                fail(eQVXIFerr_unknowntype, &CNv::typeIndex, {.sentence = catalog->types.ResultReason()});
+            isCatalogMissed = true;
             return;
         }
         nv.length = catalog->types.SelectedTypeSize();
@@ -212,8 +219,11 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, FindingSink& findings) {
                           " bytes, a network variable has 1 to " + std::to_string(kLongestNv) +
                           "; choose a shorter type"});
     else if (const std::string typed = places.Typed(position, &CNv::typeIndex); IsWord(typed))
-        fail(eQVXIFerr_nvlength, &CNv::typeIndex,
-             {.values = "the number of a type", .sentence = NumberOfType(*catalog, typed)});
+        fail(eQVXIFerr_nvlength, &CNv::length,
+             {.values = "1 to " + std::to_string(kLongestNv) + " bytes for a user type",
+              .sentence = JoinSentences(
+                  "its type \"" + Excerpt(typed) + "\" is not a number and reads as 0, a user type",
+                  NumberOfType(*catalog, typed))});
     else
         fail(eQVXIFerr_nvlength, &CNv::length, Range(1, kLongestNv, " bytes"));
 }
@@ -222,8 +232,11 @@ void CTemplate::VerifyTag(const CTag& tag, std::size_t position, FindingSink& fi
     const auto fail = [&](eErrors error, auto CTag::*member, const Expected& expected) {
         findings.Take({error, TemplatePlaces(*this).Of(tag, position, member, expected)});
     };
-    if (tag.name.empty())
+    if (tag.name.empty()) {
         fail(eQVXIFerr_tagname, &CTag::name, {.sentence = "every message tag has a name"});
+        if (TemplatePlaces(*this).IsAbsent<CTag>(position))
+            return;
+    }
     for (const RangeRule<CTag>& rule : kTagRules)
         if (tag.*rule.field < rule.low || tag.*rule.field > rule.high)
             fail(rule.error, rule.field, Range(rule.low, rule.high));

@@ -1,0 +1,58 @@
+// What is wrong with a job, for people and for programs: the findings of all rules and loaders, each with its
+// place, its cause and its weight.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "component/Tovarek.h"
+#include "support/Findings.h"
+
+namespace tovarek {
+
+struct CheckNote {
+    std::string file;
+    int line = 0;  // 0 when it is no place of its own
+    std::string text;
+};
+
+struct CheckedFinding {
+    bool isError = false;
+    std::int32_t error = 0;  // of an error: one of eErrors or a runtime error
+    std::string name;        // "not-a-number"; of an error "nvlength"
+    ErrorContext context;    // of an error as Generate raises it
+    std::string message;
+    int column = 0;      // 1-based, in characters; 0 when unknown
+    int width = 0;       // of the marked piece
+    std::string source;  // the line itself
+    std::vector<CheckNote> notes;
+    std::size_t order = 0;  // in the sequence of Generate, from 1
+};
+
+struct CheckOptions {
+    std::vector<std::string> ignored;  // names of warnings that are left out
+    bool isPedantic = false;           // weak ones too
+};
+
+// Keeps what it is told, in order.
+class FindingList : public FindingSink {
+  public:
+    void Take(Finding finding) override { findings_.push_back(std::move(finding)); }
+    bool WantsWarnings() const override { return true; }
+    // All that was told since the last call.
+    std::vector<Finding> TakeAll() { return std::move(findings_); }
+
+  private:
+    std::vector<Finding> findings_;
+};
+
+// The findings sorted by file and line. A warning that only follows from another finding is a note of it; an
+// error has a note that names its cause, where one was found.
+std::vector<CheckedFinding> Judge(std::vector<Finding> findings, const CheckOptions& options);
+
+// The number of a finding's error as people know it: 71, or that of a runtime error.
+std::int32_t ShortNumber(std::int32_t error);
+
+}  // namespace tovarek

@@ -1,0 +1,127 @@
+#include "check/SourceLines.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "base/Text.h"
+#include "support/IniText.h"
+#include "system/Files.h"
+#include "xml/XmlText.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+// The text as the loaders of its kind see it.
+std::string TextOf(const std::string& bytes, bool isXml) {
+    const std::size_t first = bytes.find_first_not_of(kWhiteSpace);
+    const bool isJson = first != std::string::npos && bytes[first] == '{';
+    if (isXml)
+        return XmlText(bytes);
+    return isJson ? bytes : DecodeIni(bytes);
+}
+
+bool LooksLikeXml(std::string_view bytes) {
+    if (bytes.starts_with(kUtf8Mark))
+        bytes.remove_prefix(kUtf8Mark.size());
+    // In UTF-16 a NUL stands beside the "<".
+    const std::size_t first = bytes.find_first_not_of(" \t\r\n\xFE\xFF\0");
+    return first != std::string_view::npos && bytes[first] == '<';
+}
+
+LinePlace Piece(std::string_view line, std::size_t start, std::size_t size) {
+    return {static_cast<int>(CharacterCount(line.substr(0, start))) + 1,
+            std::max(1, static_cast<int>(CharacterCount(line.substr(start, size))))};
+}
+
+LinePlace Whole(std::string_view line) {
+    const std::string_view text = Trim(line);
+    return Piece(line, text.empty() ? 0 : static_cast<std::size_t>(text.data() - line.data()), text.size());
+}
+
+LinePlace IniPlace(std::string_view line, const Finding& finding) {
+    std::string_view key;
+    std::string_view value;
+    const std::string_view trimmed = TrimIniLine(line);
+    if (finding.part == LinePart::all || IniSectionName(trimmed).data() != nullptr ||
+        !SplitIniKey(trimmed, key, value))
+        return Whole(line);
+    const auto place = [&](std::string_view part) {
+        return Piece(line, static_cast<std::size_t>(part.data() - line.data()), part.size());
+    };
+    // What is missing has no place of its own; the line then holds what stands in its stead.
+    const bool isOther = !finding.context.field.empty() && !CaselessEqual()(key, finding.context.field);
+    if (finding.part == LinePart::name || isOther)
+        return place(key);
+    value = IniValue(value);
+    // One place in a long value, such as a character.
+    const std::string& typed = finding.context.value;
+    if (const std::size_t at = value.find(typed); !typed.empty() && at != std::string_view::npos)
+        return place(value.substr(at, typed.size()));
+    return place(value);
+}
+
+bool EndsName(std::string_view line, std::size_t at) {
+    return at >= line.size() || std::string_view(" \t\r\n/>").find(line[at]) != std::string_view::npos;
+}
+
+LinePlace XmlPlace(std::string_view line, const Finding& finding) {
+    std::size_t any = std::string_view::npos;
+    for (std::size_t start = line.find('<'); start != std::string_view::npos;
+         start = line.find('<', start + 1)) {
+        const std::size_t end = std::min(line.find('>', start), line.size() - 1);
+        const bool isTag = start + 1 < line.size() && line[start + 1] != '/' && line[start + 1] != '!' &&
+                           line[start + 1] != '?';
+        if (!isTag)
+            continue;
+        if (any == std::string_view::npos)
+            any = start;
+        const std::string& name = finding.context.field;
+        if (!name.empty() && UpperCase(line.substr(start + 1, name.size())) == UpperCase(name) &&
+            EndsName(line, start + 1 + name.size()))
+            return Piece(line, start, end - start + 1);
+    }
+    if (any == std::string_view::npos)
+        return Whole(line);
+    return Piece(line, any, std::min(line.find('>', any), line.size() - 1) - any + 1);
+}
+
+}  // namespace
+
+const SourceLines::File& SourceLines::Read(const std::string& file) {
+    const auto [place, isNew] = files_.try_emplace(file);
+    if (!isNew)
+        return place->second;
+    try {
+        const std::string bytes = ReadFile(file);
+        place->second.isXml = LooksLikeXml(bytes);
+        const std::string text = TextOf(bytes, place->second.isXml);
+        for (std::string_view rest = text; !rest.empty();)
+            place->second.lines.emplace_back(TakeLine(rest));
+    } catch (const Error&) {
+        // A finding without its line is a finding still.
+    } catch (const XmlFault&) {
+    }
+    return place->second;
+}
+
+const std::string& SourceLines::Line(const std::string& file, int number) {
+    static const std::string none;
+    if (file.empty() || number < 1)
+        return none;
+    const std::vector<std::string>& lines = Read(file).lines;
+    return static_cast<std::size_t>(number) <= lines.size() ? lines[static_cast<std::size_t>(number) - 1]
+                                                            : none;
+}
+
+LinePlace SourceLines::PlaceOf(const Finding& finding) {
+    const std::string& line = Line(finding.context.file, finding.context.line);
+    if (finding.column > 0)
+        return {finding.column, std::max(finding.width, 1)};
+    if (line.empty())
+        return {};
+    return Read(finding.context.file).isXml ? XmlPlace(line, finding) : IniPlace(line, finding);
+}
+
+}  // namespace tovarek

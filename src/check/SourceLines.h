@@ -1,0 +1,38 @@
+// The lines of the inputs, to be shown beside findings, and where in its line a finding lies.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/Findings.h"
+
+namespace tovarek {
+
+// A piece of a line, in characters: `column` from 1, 0 when nothing is known.
+struct LinePlace {
+    int column = 0;
+    int width = 0;
+};
+
+class SourceLines {
+  public:
+    // The line as text, empty when it cannot be had: a missing file, a line behind its end.
+    const std::string& Line(const std::string& file, int number);
+
+    // Where the finding lies in its line: in an INI file the value, the key or the whole line, in an XML file
+    // the start tag of the element that the field names.
+    LinePlace PlaceOf(const Finding& finding);
+
+  private:
+    struct File {
+        bool isXml = false;
+        std::vector<std::string> lines;
+    };
+    const File& Read(const std::string& file);
+
+    std::map<std::string, File> files_;
+};
+
+}  // namespace tovarek

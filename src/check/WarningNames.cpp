@@ -1,0 +1,27 @@
+#include "check/WarningNames.h"
+
+#include <cstddef>
+
+namespace tovarek {
+namespace {
+
+enum class Weight { strong, weak };
+
+constexpr WarningRow kRows[] = {
+#define TOVAREK_WARNING(id, name, weight, meaning) \
+    {Warning::id, name, Weight::weight == Weight::weak, meaning},
+#include "support/WarningList.inc"
+#undef TOVAREK_WARNING
+};
+
+}  // namespace
+
+std::span<const WarningRow> WarningRows() {
+    return kRows;
+}
+
+const WarningRow& RowOf(Warning warning) {
+    return kRows[static_cast<std::size_t>(warning) - 1];
+}
+
+}  // namespace tovarek

@@ -1,0 +1,23 @@
+// The warnings by name: what `check` prints, what --ignore takes.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "support/Findings.h"
+
+namespace tovarek {
+
+struct WarningRow {
+    Warning warning;
+    std::string_view name;
+    bool isWeak;  // only told when everything is wanted
+    std::string_view meaning;
+};
+
+// In the order of Warning, without `none`.
+std::span<const WarningRow> WarningRows();
+
+const WarningRow& RowOf(Warning warning);
+
+}  // namespace tovarek

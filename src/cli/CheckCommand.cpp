@@ -1,0 +1,72 @@
+#include "cli/CheckCommand.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ostream>
+
+#include "base/Nearest.h"
+#include "base/Text.h"
+#include "check/WarningNames.h"
+#include "cli/Assignments.h"
+#include "cli/FindingReport.h"
+#include "cli/OutputGuard.h"
+
+namespace tovarek {
+namespace {
+
+void RefuseUnknownNames(const std::vector<std::string>& ignored) {
+    std::vector<std::string> names;
+    for (const WarningRow& row : WarningRows())
+        names.emplace_back(row.name);
+    for (const std::string& name : ignored)
+        if (std::find(names.begin(), names.end(), name) == names.end())
+            throw WrongUse("there is no warning '" + Excerpt(name) + "' to ignore" + DidYouMean(name, names));
+}
+
+bool InColor(const std::string& wish, const Streams& streams) {
+    if (wish == "always" || wish == "never")
+        return wish == "always";
+    if (wish != "auto")
+        throw WrongUse("'" + Excerpt(wish) + "' cannot be the value of --color; give auto, always or never");
+    const char* const noColor = std::getenv("NO_COLOR");
+    return streams.outIsTerminal && (noColor == nullptr || *noColor == '\0');
+}
+
+std::string Count(std::size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, OutputFormat format,
+             Streams streams) {
+    Tovarek component;
+    FindingList findings;
+    bool inColor = false;
+    try {
+        RefuseUnknownNames(wishes.options.ignored);
+        inColor = InColor(wishes.color, streams);
+        TellingErrors(findings, [&] { SetUp(component, settings); });
+        TellingErrors(findings, [&] { UseShippedCatalog(component); });
+        RefuseOverwriting(component.Files(), JobsOf(settings));
+        TellingErrors(findings, [&] { component.Check(findings); });
+        RefuseOverwriting(component.Files(), JobsOf(settings));
+    } catch (const WrongUse& fault) {
+        return ReportWrongUse(fault.what(), format, streams);
+    }
+    const std::vector<CheckedFinding> judged = Judge(findings.TakeAll(), wishes.options);
+    const auto errors = static_cast<std::size_t>(std::count_if(
+        judged.begin(), judged.end(), [](const CheckedFinding& finding) { return finding.isError; }));
+    const std::size_t warnings = judged.size() - errors;
+    if (format == OutputFormat::json) {
+        streams.out << JsonText(
+                           {{"findings", FindingsJson(judged)}, {"errors", errors}, {"warnings", warnings}})
+                    << '\n';
+    } else {
+        WriteFindings(judged, inColor, streams.out);
+        streams.out << Count(errors, "error") << ", " << Count(warnings, "warning") << '\n';
+    }
+    return errors > 0 || (wishes.warningsAsErrors && warnings > 0) ? kFailed : kDone;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,113 @@
+#include "cli/FindingReport.h"
+
+#include <ostream>
+
+#include "base/Text.h"
+#include "cli/ErrorNames.h"
+#include "system/Files.h"
+
+namespace tovarek {
+namespace {
+
+// A line of a file may be as long as the file.
+constexpr std::size_t kLongestSource = 160;
+
+struct Colors {
+    const char* bold;
+    const char* error;
+    const char* warning;
+    const char* mark;
+    const char* none;
+};
+constexpr Colors kPlain = {"", "", "", "", ""};
+constexpr Colors kAnsi = {"\x1B[1m", "\x1B[1;31m", "\x1B[1;35m", "\x1B[1;32m", "\x1B[0m"};
+
+std::string PlaceText(const std::string& file, int line, int column) {
+    std::string text = OneLine(SystemPath(file));
+    if (line > 0)
+        text += ":" + std::to_string(line);
+    if (line > 0 && column > 0)
+        text += ":" + std::to_string(column);
+    return text;
+}
+
+void WriteSource(const CheckedFinding& finding, const Colors& colors, std::ostream& out) {
+    const std::size_t start = finding.column > 0 ? static_cast<std::size_t>(finding.column) - 1 : 0;
+    if (finding.source.empty() || finding.column == 0 || start + 1 > kLongestSource)
+        return;
+    const std::string_view shown = FirstCharacters(finding.source, kLongestSource);
+    out << "    " << OneLine(shown) << "\n    ";
+    // Tabs stay tabs, so that the mark stands under its piece.
+    for (const char c : FirstCharacters(shown, start))
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U)
+            out << (c == '\t' ? '\t' : ' ');
+    const std::size_t width =
+        std::min(static_cast<std::size_t>(std::max(finding.width, 1)), kLongestSource - start);
+    out << colors.mark << '^' << std::string(width - 1, '~') << colors.none << '\n';
+}
+
+void WriteFinding(const CheckedFinding& finding, const Colors& colors, std::ostream& out) {
+    const std::string place = PlaceText(finding.context.file, finding.context.line, finding.column);
+    out << colors.bold << (place.empty() ? "tovarek" : place) << ": " << colors.none
+        << (finding.isError ? colors.error : colors.warning) << (finding.isError ? "error: " : "warning: ")
+        << colors.none << OneLine(finding.message) << " [";
+    if (finding.isError)
+        out << ShortNumber(finding.error) << ' ';
+    out << finding.name << "]\n";
+    WriteSource(finding, colors, out);
+    for (const CheckNote& note : finding.notes) {
+        out << "    note: ";
+        if (note.line > 0)
+            out << (note.file == finding.context.file ? "line " + std::to_string(note.line)
+                                                      : PlaceText(note.file, note.line, 0))
+                << ": ";
+        out << OneLine(note.text) << '\n';
+    }
+}
+
+Json FindingJson(const CheckedFinding& finding) {
+    Json json = {{"severity", finding.isError ? "error" : "warning"}, {"name", finding.name}};
+    if (finding.isError) {
+        json["error"] = finding.error;
+        json["number"] = ShortNumber(finding.error);
+        json["code"] = ErrorNumberText(finding.error);
+    }
+    json["message"] = finding.message;
+    if (!finding.context.file.empty())
+        json["file"] = SystemPath(finding.context.file);
+    if (finding.context.line > 0)
+        json["line"] = finding.context.line;
+    if (finding.context.line > 0 && finding.column > 0) {
+        json["column"] = finding.column;
+        json["endColumn"] = finding.column + std::max(finding.width, 1);
+    }
+    json["order"] = finding.order;
+    json["context"] = ContextJson(finding.context);
+    Json notes = Json::array();
+    for (const CheckNote& note : finding.notes) {
+        Json row = {{"message", note.text}};
+        if (note.line > 0) {
+            row["file"] = SystemPath(note.file);
+            row["line"] = note.line;
+        }
+        notes.push_back(std::move(row));
+    }
+    json["notes"] = std::move(notes);
+    return json;
+}
+
+}  // namespace
+
+void WriteFindings(const std::vector<CheckedFinding>& findings, bool inColor, std::ostream& out) {
+    for (const CheckedFinding& finding : findings)
+        WriteFinding(finding, inColor ? kAnsi : kPlain, out);
+}
+
+Json FindingsJson(const std::vector<CheckedFinding>& findings) {
+    Json list = Json::array();
+    for (const CheckedFinding& finding : findings)
+        list.push_back(FindingJson(finding));
+    return list;
+}
+
+}  // namespace tovarek

@@ -1,0 +1,34 @@
+// How the component gets the properties of a job: from the command line, job files and the environment.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Error.h"
+#include "component/Tovarek.h"
+
+namespace tovarek {
+
+// One option of the command line that sets properties.
+struct Setting {
+    enum class Kind { property, pair, job };
+    Kind kind;
+    std::string name;   // of the property, for Kind::property
+    std::string value;  // its value, "NAME=VALUE", or the path of the job file
+};
+
+// Sets the properties in order, and the clock when SOURCE_DATE_EPOCH fixes it. Throws WrongUse for what is no
+// property or no value of it; raises the errors of the setters.
+void SetUp(Tovarek& component, const std::vector<Setting>& settings);
+
+// A catalog property that was set, even in vain, is the user's word; only without one the shipped catalog
+// stands in.
+void UseShippedCatalog(Tovarek& component);
+
+// Adds what helps where the program knows more than the component.
+void ExplainError(const Tovarek& component, Error& error);
+
+// The job files among the settings.
+std::vector<std::string> JobsOf(const std::vector<Setting>& settings);
+
+}  // namespace tovarek

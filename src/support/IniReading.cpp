@@ -1,0 +1,260 @@
+#include "support/IniReading.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Nearest.h"
+#include "base/Text.h"
+#include "system/CodePage.h"
+#include "system/Files.h"
+
+namespace tovarek {
+namespace {
+
+std::string ReadOrNothing(const std::string& path) {
+    try {
+        return ReadFile(path);
+    } catch (const Error&) {
+        // The loaders read such a file like an empty one; the checks of what it lacks tell.
+        return {};
+    }
+}
+
+std::string Quoted(std::string_view text) {
+    return '"' + Excerpt(text) + '"';
+}
+
+// The number behind a prefix, 0 when there is none: 7 for "nv7".
+std::int32_t NumberBehind(std::string_view name, std::string_view prefix) {
+    if (name.size() <= prefix.size() || !CaselessEqual()(name.substr(0, prefix.size()), prefix))
+        return 0;
+    const IniInteger number = ReadIniInteger(name.substr(prefix.size()));
+    const bool isPlain = IsDigit(name[prefix.size()]) && name[prefix.size()] != '0';
+    return isPlain && number.isWhole && !number.wraps ? number.value : 0;
+}
+
+}  // namespace
+
+IniReading::IniReading(std::string path) : path_(std::move(path)), bytes_(ReadOrNothing(path_)) {
+    text_ = DecodeIni(bytes_, &encoding_);
+    Scan();
+}
+
+void IniReading::Scan() {
+    all_.emplace_back();
+    std::string_view rest = text_;
+    for (int number = 1; !rest.empty(); ++number)
+        ScanLine(TrimIniLine(TakeLine(rest)), number);
+}
+
+void IniReading::ScanLine(std::string_view line, int number) {
+    if (line.empty() || line.starts_with(';'))
+        return;
+    if (const std::string_view name = IniSectionName(line); name.data() != nullptr) {
+        const bool isFirst = sections_.try_emplace(name, all_.size()).second;
+        Section& section = all_.emplace_back();
+        section.name = name;
+        section.line = number;
+        section.isFirst = isFirst;
+        return;
+    }
+    Section& section = all_.back();
+    Line entry{.number = number};
+    if (SplitIniKey(line, entry.key, entry.value)) {
+        entry.value = IniValue(entry.value);
+        entry.isFirst = std::none_of(section.lines.begin(), section.lines.end(), [&](const Line& other) {
+            return other.kind == Kind::key && CaselessEqual()(other.key, entry.key);
+        });
+    } else {
+        entry.kind = Kind::other;
+        entry.key = line;
+    }
+    section.lines.push_back(entry);
+}
+
+const IniReading::Line* IniReading::Find(std::string_view section, std::string_view key) const {
+    const auto found = sections_.find(section);
+    if (found == sections_.end())
+        return nullptr;
+    for (const Line& line : all_[found->second].lines)
+        if (line.kind == Kind::key && CaselessEqual()(line.key, key))
+            return &line;
+    return nullptr;
+}
+
+bool IniReading::HasKey(std::string_view section, std::string_view key) const {
+    return Find(section, key) != nullptr;
+}
+
+int IniReading::LineOf(std::string_view section, std::string_view key) const {
+    if (const Line* const line = Find(section, key))
+        return line->number;
+    const auto found = sections_.find(section);
+    return found == sections_.end() ? 0 : all_[found->second].line;
+}
+
+IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key) {
+    const auto found = sections_.find(section);
+    if (found == sections_.end()) {
+        if (missingSections_.empty() || missingSections_.back() != section)
+            missingSections_.emplace_back(section);
+        return nullptr;
+    }
+    Section& asked = all_[found->second];
+    asked.isAsked = true;
+    asked.askedKeys.push_back(key);
+    for (Line& line : asked.lines) {
+        if (line.kind != Kind::key || !CaselessEqual()(line.key, key))
+            continue;
+        line.isAsked = true;
+        return &line;
+    }
+    return nullptr;
+}
+
+Finding IniReading::At(Warning warning, int line, LinePart part, std::string reason) const {
+    return {.context = {.file = path_, .line = line, .reason = std::move(reason)},
+            .warning = warning,
+            .part = part};
+}
+
+void IniReading::Integer(std::string_view section, std::string_view key, std::string_view record,
+                         const Explain& explain, FindingSink& findings) {
+    const Line* const line = Ask(section, key);
+    if (line == nullptr)
+        return;
+    const IniInteger read = ReadIniInteger(line->value);
+    if (read.isWhole && !read.wraps)
+        return;
+    const std::string typed(TrimBlanks(line->value));
+    std::string reason = typed.empty() ? std::string(key) + " has no value" : Quoted(typed);
+    if (!typed.empty())
+        reason += read.isWhole ? " is beyond 32 bits" : " is not a number";
+    reason += "; it is read as " + std::to_string(read.value);
+    if (explain)
+        if (const std::string more = explain(typed, read.value); !more.empty())
+            reason += ", " + more;
+    Finding finding = At(read.isWhole ? Warning::overflowedNumber : Warning::notANumber, line->number,
+                         LinePart::value, std::move(reason));
+    finding.context.record = record;
+    finding.context.field = key;
+    finding.context.value = typed;
+    findings.Take(std::move(finding));
+}
+
+void IniReading::Text(std::string_view section, std::string_view key, std::string_view record,
+                      FindingSink& findings) {
+    const Line* const line = Ask(section, key);
+    if (line == nullptr)
+        return;
+    const std::size_t length = CharacterCount(TrimBlanks(line->value));
+    if (length <= kLongestIniValue)
+        return;
+    Finding finding =
+        At(Warning::cutText, line->number, LinePart::value,
+           "only the first " + std::to_string(kLongestIniValue) + " of the " + std::to_string(length) +
+               " characters are read; an XML template has no such bound");
+    finding.context.record = record;
+    finding.context.field = key;
+    findings.Take(std::move(finding));
+}
+
+void IniReading::Numbered(std::string_view prefix, std::string_view section, std::string_view count) {
+    numbered_.push_back({prefix, section, count});
+}
+
+void IniReading::TellFile(FindingSink& findings) const {
+    if (encoding_ == IniEncoding::codePage && !IsAscii(bytes_) && IsUtf8(bytes_))
+        TellEncoding(findings);
+    for (const Section& section : all_) {
+        if (!section.isFirst)
+            findings.Take(At(Warning::duplicateSection, section.line, LinePart::all,
+                             "section [" + Excerpt(section.name) + "] stands in line " +
+                                 std::to_string(LineOf(section.name)) + " already; only that one is read"));
+    }
+}
+
+void IniReading::TellEncoding(FindingSink& findings) const {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    const auto first =
+        static_cast<std::size_t>(std::find_if_not(bytes_.begin(), bytes_.end(), isAscii) - bytes_.begin());
+    std::size_t end = first;
+    NextCharacter(bytes_, end);
+    const std::string character = bytes_.substr(first, end - first);
+    int line = 0;
+    for (std::string_view rest = bytes_; bytes_.size() - rest.size() <= first; ++line)
+        TakeLine(rest);
+    Finding finding =
+        At(Warning::encoding, line, LinePart::value,
+           "the file is UTF-8 without the mark that says so, so it is read in the 8-bit code page: " +
+               Quoted(character) + " becomes " + Quoted(FromCodePage(character)) +
+               "; save it as UTF-8 with a mark (BOM)");
+    finding.context.value = FromCodePage(character);
+    findings.Take(std::move(finding));
+}
+
+void IniReading::TellUnread(FindingSink& findings) const {
+    for (const Section& section : all_) {
+        if (!section.isFirst)
+            continue;
+        if (section.line > 0 && !section.isAsked) {
+            TellUnreadSection(section, findings);
+            continue;
+        }
+        for (const Line& line : section.lines)
+            if (!line.isAsked)
+                TellUnreadLine(section, line, findings);
+    }
+}
+
+void IniReading::TellUnreadSection(const Section& section, FindingSink& findings) const {
+    const std::string name = "section [" + Excerpt(section.name) + "]";
+    for (const NumberedSections& row : numbered_) {
+        if (NumberBehind(section.name, row.prefix) == 0)
+            continue;
+        const Line* const count = Find(row.section, row.count);
+        Finding finding = At(
+            Warning::ignoredSection, section.line, LinePart::all,
+            name + " is not read: " +
+                (count == nullptr
+                     ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
+                     : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count->value).value)));
+        finding.causeLine = LineOf(row.section, row.count);
+        findings.Take(std::move(finding));
+        return;
+    }
+    findings.Take(At(Warning::ignoredSection, section.line, LinePart::all,
+                     name + " is not read: no section of this name is asked for" +
+                         DidYouMean(section.name, missingSections_)));
+}
+
+void IniReading::TellUnreadLine(const Section& section, const Line& line, FindingSink& findings) const {
+    if (line.kind == Kind::other) {
+        findings.Take(At(Warning::ignoredKey, line.number, LinePart::all,
+                         Quoted(line.key) + " is not read: it has no '='; a comment begins with ';'"));
+        return;
+    }
+    if (!line.isFirst) {
+        const Line* const first = Find(section.name, line.key);
+        const bool isSame = first != nullptr && first->value == line.value;
+        findings.Take(At(Warning::duplicateKey, line.number, LinePart::name,
+                         std::string(line.key) + " stands in line " +
+                             std::to_string(first == nullptr ? 0 : first->number) +
+                             " already; only that one is read" + (isSame ? ", with the same value" : "")));
+        return;
+    }
+    if (section.line == 0) {
+        findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
+                         Quoted(line.key) + " is not read: it stands in front of the first section"));
+        return;
+    }
+    std::vector<std::string> names;
+    for (const std::string_view asked : section.askedKeys)
+        if (!HasKey(section.name, asked))
+            names.emplace_back(asked);
+    findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
+                     Quoted(line.key) + " is not read: [" + Excerpt(section.name) +
+                         "] has no key of this name" + DidYouMean(line.key, names)));
+}
+
+}  // namespace tovarek

@@ -1,0 +1,31 @@
+// How the inputs of one job were read: loaders tell it after they have loaded, when somebody listens.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/Findings.h"
+#include "support/IniReading.h"
+
+namespace tovarek {
+
+class Readings {
+  public:
+    explicit Readings(FindingSink& findings) : findings_(findings) {}
+
+    // Where the findings go.
+    FindingSink& Findings() const { return findings_; }
+
+    // The one reading of an INI file, whichever loaders ask for it: a file may be profile and template.
+    IniReading& Ini(const std::string& path);
+
+    // What no loader of the job asked for; called when all have loaded.
+    void TellUnread();
+
+  private:
+    FindingSink& findings_;
+    std::vector<std::unique_ptr<IniReading>> ini_;
+};
+
+}  // namespace tovarek
