@@ -193,7 +193,55 @@ void IniReading::TellEncoding(FindingSink& findings) const {
     findings.Take(std::move(finding));
 }
 
+// The line of what was probably meant by a missing count: a key that nobody reads and that is called nearly
+// so, or such a section in place of its section. 0 when there is none.
+int IniReading::LineMeantFor(const NumberedSections& row) const {
+    std::vector<std::string> unread;
+    const auto found = sections_.find(row.section);
+    if (found == sections_.end()) {
+        for (const Section& section : all_)
+            if (!section.isAsked && NumberBehind(section.name, row.prefix) == 0)
+                unread.emplace_back(section.name);
+        return LineOf(Nearest(row.section, unread));
+    }
+    for (const Line& line : all_[found->second].lines)
+        if (line.kind == Kind::key && !line.isAsked)
+            unread.emplace_back(line.key);
+    const std::string nearest = Nearest(row.count, unread);
+    return nearest.empty() ? 0 : LineOf(row.section, nearest);
+}
+
+// The line of the finding that explains why no section with the prefix is read: the count, what was meant by
+// it, or where it should stand.
+int IniReading::LineOfCount(const NumberedSections& row) const {
+    if (const Line* const count = Find(row.section, row.count))
+        return count->number;
+    if (const int meant = LineMeantFor(row); meant > 0)
+        return meant;
+    if (HasSection(row.section))
+        return LineOf(row.section);
+    const auto first = std::find_if(all_.begin(), all_.end(), [&](const Section& section) {
+        return NumberBehind(section.name, row.prefix) > 0;
+    });
+    return first == all_.end() ? 0 : first->line;
+}
+
+// A count that is missing altogether explains all sections that are not read for it.
+void IniReading::TellMissingCounts(FindingSink& findings) const {
+    for (const NumberedSections& row : numbered_) {
+        const bool hasSections = std::any_of(all_.begin(), all_.end(), [&](const Section& section) {
+            return NumberBehind(section.name, row.prefix) > 0;
+        });
+        if (hasSections && !HasKey(row.section, row.count) && LineMeantFor(row) == 0)
+            findings.Take(At(Warning::countMismatch, LineOfCount(row), LinePart::all,
+                             "there is no " + std::string(row.count) + " in [" + std::string(row.section) +
+                                 "], so none of the sections [" + std::string(row.prefix) + "1], [" +
+                                 std::string(row.prefix) + "2], ... is read"));
+    }
+}
+
 void IniReading::TellUnread(FindingSink& findings) const {
+    TellMissingCounts(findings);
     for (const Section& section : all_) {
         if (!section.isFirst)
             continue;
@@ -219,7 +267,7 @@ void IniReading::TellUnreadSection(const Section& section, FindingSink& findings
                 (count == nullptr
                      ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
                      : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count->value).value)));
-        finding.causeLine = LineOf(row.section, row.count);
+        finding.causeLine = LineOfCount(row);
         findings.Take(std::move(finding));
         return;
     }

@@ -78,6 +78,9 @@ class IniReading {
     const Line* Find(std::string_view section, std::string_view key) const;
     Finding At(Warning warning, int line, LinePart part, std::string reason) const;
     void TellEncoding(FindingSink& findings) const;
+    int LineMeantFor(const NumberedSections& row) const;
+    int LineOfCount(const NumberedSections& row) const;
+    void TellMissingCounts(FindingSink& findings) const;
     void TellUnreadSection(const Section& section, FindingSink& findings) const;
     void TellUnreadLine(const Section& section, const Line& line, FindingSink& findings) const;
 

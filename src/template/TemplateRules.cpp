@@ -304,15 +304,21 @@ void CTemplate::VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, Fin
         findings.Take(
             {error, TemplatePlaces(*this).Of(cp, position, member, {.sentence = std::move(reason)})});
     };
-    for (const auto& [value, error] : kValues)
-        if (CharacterCount(cp.*value) != characters)
+    for (const auto& [value, error] : kValues) {
+        const bool repeats = value != &CCp::defaultValue && cp.*value == cp.defaultValue;
+        if (!repeats && CharacterCount(cp.*value) != characters)
             fail(error, value,
                  "this has " + std::to_string(CharacterCount(cp.*value)) +
                      " hexadecimal digits, the declaration asks for " + std::to_string(characters / 2) +
                      " bytes, which are " + std::to_string(characters) + " digits, two a byte");
-    for (const auto& [value, error] : kValues)
-        if (CTools().ValidateHexaString(cp.*value))
+    }
+    // Copies of the value would only repeat its fault.
+    const bool isFaulty = CTools().ValidateHexaString(cp.defaultValue);
+    for (const auto& [value, error] : kValues) {
+        const bool repeats = isFaulty && value != &CCp::defaultValue && cp.*value == cp.defaultValue;
+        if (!repeats && CTools().ValidateHexaString(cp.*value))
             fail(error, value, FirstNoDigit(cp.*value));
+    }
 }
 
 }  // namespace tovarek

@@ -1,0 +1,68 @@
+// Mistakes that a person makes in the example device, each with exactly its findings.
+#include <gtest/gtest.h>
+
+#include <span>
+
+#include "Slips.h"
+
+namespace tovarek::test {
+namespace {
+
+const Slip kIniTemplate[] = {
+    {"template.ini", "direction=1\ntype=93", "direction=output\ntype=93", "37:11 not-a-number"},
+    {"template.ini", "direction=1\ntype=93", "direction=1\ntype=SNVT_obj_status",
+     "34:1 nvlength; 38:6 not-a-number"},
+    {"template.ini", "type=93", "type=93 ; status", "38:6 not-a-number"},
+    {"template.ini", "synchronized=1", "synchronized=yes", "39:14 not-a-number"},
+    {"template.ini", "synchronized=1", "synchronised=1", "39:1 ignored-key"},
+    {"template.ini", "synchronized=1", "synchronized 1", "39:1 ignored-key"},
+    {"template.ini", "synchronized=1", "synchronized=", "39:14 not-a-number"},
+    {"template.ini", "maximumNumberOfNvs=20", "maximumNumberOfNvs=4294967316", "14:20 overflowed-number"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=13", "131:1 ignored-section"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=15", "13:19 nvname"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=fourteen", "13:19 not-a-number"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfNvs=14", "13:1 ignored-key"},
+    {"template.ini", "numberOfStaticNvs=14\n", "", "11:1 count-mismatch"},
+    {"template.ini", "[nvs]\n", "[nv]\n", "11:1 ignored-section"},
+    {"template.ini", "[nv14]", "[nv15]", "13:19 nvname"},
+    {"template.ini", "[nv14]", "[nv13]", "13:19 nvname; 131:1 duplicate-section"},
+    {"template.ini", "numberOfTags=1", "numberOfTags=0", "141:1 ignored-section"},
+    {"template.ini", "numberOfCp=9", "numberOfCp=8", "203:1 ignored-section"},
+    {"template.ini", "type=92", "type=92\ntype=93", "32:1 duplicate-key"},
+    {"template.ini", "bindable=1", ";bindable=1", "141:1 missing-value"},
+    {"template.ini", "[general]", "[General ]\nid=1", "6:1 ignored-key"},
+    {"template.ini", "\n[general]", "id=1\n[general]", "4:1 ignored-key"},
+    {"template.ini", "\xEF\xBB\xBF; Application", "; Application", "58:34 encoding"},
+    {"template.ini", "value=44BB8000", "value=44BB800G", "195:7 cpvalue"},
+    {"template.ini", "length=9", "length=40", "127:8 nvlength"},
+};
+
+const Slip kIniProfile[] = {
+    {"profile.ini", "protocolClockRate=5", "protocolClockRate=10 MHz",
+     "33:19 not-a-number; 33:19 protocolClockRate"},
+    {"profile.ini", "typeNeuron=0", "typeNeuron=FT3150", "31:12 not-a-number"},
+    {"profile.ini", "transceiverInterface=0", ";transceiverInterface=0", "46:1 missing-value"},
+    {"profile.ini", "generalData0=0\n", "", "58:1 missing-value"},
+    {"profile.ini", "firmware=7", "firmware=0x7G", "34:10 not-a-number"},
+};
+
+void ExpectAll(std::span<const Slip> slips) {
+    for (const Slip& slip : slips)
+        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.file << ": " << slip.wrong;
+}
+
+TEST(Check, EverySlipInAnIniTemplateIsFound) {
+    ExpectAll(kIniTemplate);
+}
+
+TEST(Check, EverySlipInAnIniProfileIsFound) {
+    ExpectAll(kIniProfile);
+}
+
+TEST(Check, TheExampleIsSilentInEveryForm) {
+    for (const Form form : {Form::ini, Form::xml, Form::xif})
+        EXPECT_EQ(SlipCheck({"", "", "", "", form}).Findings(""), "");
+}
+
+}  // namespace
+}  // namespace tovarek::test
