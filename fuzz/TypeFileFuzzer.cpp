@@ -1,5 +1,6 @@
 #include "Runs.h"
 #include "formats/type/TypeFile.h"
+#include "values/ValueText.h"
 
 namespace {
 
@@ -72,6 +73,29 @@ TypeFile SoundFile() {
     return file;
 }
 
+// Whatever the file describes, bytes of it have a text, and the text stands for the same value.
+void DecodeAny(const TypeFile& file, std::string_view bytes) {
+    constexpr std::uint32_t kLargest = 256;
+    ResourceNames names;
+    names.Use(file);
+    for (const std::optional<NvType>& nv : file.nvTypes) {
+        if (!nv || SizeOf(nv->type) > kLargest)
+            continue;
+        const ValueType type{nv->name, nv->type, nv->unit};
+        std::string raw(bytes.substr(bytes.size() / 2, SizeOf(nv->type)));
+        raw.resize(SizeOf(nv->type), '\x7F');
+        DecodedValue value;
+        std::vector<std::string> notes;
+        if (!DecodeValue(type, raw, names, value, notes).Ok())
+            continue;
+        const std::string text = WrittenValue(value);
+        std::string encoded;
+        fuzz::Require(EncodeValue(type, text, names, encoded, notes).Ok(), "a decoded value can be encoded");
+        fuzz::Require(DecodeValue(type, encoded, names, value, notes).Ok() && WrittenValue(value) == text,
+                      "an encoded value is the one that was decoded");
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> tovarek::fuzz::Seeds() {
@@ -86,6 +110,10 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    TypeFile read;
+    const std::string bytes = fuzz::WithRightChecksums(std::string(fuzz::View(data, size)));
+    if (ReadTypeFile(bytes, read).Ok())
+        DecodeAny(read, bytes);
     const auto same = [](const TypeFile& again, const TypeFile& file) {
         fuzz::Require(again.nvTypes == file.nvTypes, "a written file has the same network-variable types");
         fuzz::Require(again.cpTypes == file.cpTypes, "a written file has the same property types");

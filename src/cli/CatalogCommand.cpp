@@ -5,7 +5,6 @@
 #include <set>
 
 #include "base/Error.h"
-#include "base/Nearest.h"
 #include "base/Text.h"
 #include "cli/CatalogFind.h"
 #include "cli/Json.h"
@@ -135,26 +134,6 @@ void WriteTypes(const StandardCatalog& catalog, const std::vector<CatalogType>& 
     InspectNode document = InspectNode::Object("");
     document.Add(std::move(list));
     out << JsonDocument(document);
-}
-
-// Why `word` names no type, or too many.
-std::string NoTypeReason(const std::string& word, const std::vector<CatalogType>& types,
-                         const std::vector<CatalogType>& named) {
-    constexpr std::size_t kMostNames = 12;
-    if (named.empty()) {
-        std::vector<std::string> names;
-        names.reserve(types.size());
-        for (const CatalogType& type : types)
-            names.push_back(type.entry.name);
-        const std::string near = DidYouMean(word, names);
-        return "the catalog knows no type '" + Excerpt(word) + "'" +
-               (near.empty() ? "; 'tovarek catalog find WORD' searches units and texts too" : near);
-    }
-    std::string reason =
-        "'" + Excerpt(word) + "' is a part of " + std::to_string(named.size()) + " names; give one of them:";
-    for (std::size_t i = 0; i < std::min(named.size(), kMostNames); ++i)
-        reason += " " + named[i].entry.name;
-    return reason + (named.size() > kMostNames ? " ..." : "");
 }
 
 // A number or a name that goes without its prefix may stand for a type of each class; more than that is a

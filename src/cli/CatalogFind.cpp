@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "base/Nearest.h"
 #include "base/Text.h"
 #include "inspect/TypeTree.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 // "TEMP_P" of "SNVT_temp_p", "LOCATION" of "SCPTlocation".
 std::string WithoutPrefix(std::string name) {
-    for (const std::string_view prefix : {"SNVT_", "SCPT_", "SCPT"})
+    for (const std::string_view prefix : {"SNVT_", "SCPT_", "SCPT", "UNVT_", "UCPT_", "UCPT"})
         if (name.starts_with(prefix))
             return name.substr(prefix.size());
     return name;
@@ -73,6 +74,25 @@ std::vector<CatalogType> TypesNamed(const std::vector<CatalogType>& types, const
             break;
     }
     return named;
+}
+
+std::string NoTypeReason(const std::string& word, const std::vector<CatalogType>& types,
+                         const std::vector<CatalogType>& named) {
+    constexpr std::size_t kMostNames = 12;
+    if (named.empty()) {
+        std::vector<std::string> names;
+        names.reserve(types.size());
+        for (const CatalogType& type : types)
+            names.push_back(type.entry.name);
+        const std::string near = DidYouMean(word, names);
+        return "the catalog knows no type '" + Excerpt(word) + "'" +
+               (near.empty() ? "; 'tovarek catalog find WORD' searches units and texts too" : near);
+    }
+    std::string reason =
+        "'" + Excerpt(word) + "' names " + std::to_string(named.size()) + " types; give one of them:";
+    for (std::size_t i = 0; i < std::min(named.size(), kMostNames); ++i)
+        reason += " " + named[i].entry.name;
+    return reason + (named.size() > kMostNames ? " ..." : "");
 }
 
 CatalogMeasure MeasureOf(const StandardCatalog& catalog, const CatalogType& type) {

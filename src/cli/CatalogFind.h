@@ -22,6 +22,10 @@ std::vector<CatalogType> AllTypes(const StandardCatalog& catalog);
 // "SNVT_" or "SCPT", else by number (which a type of either class may have), else by a part of the name.
 std::vector<CatalogType> TypesNamed(const std::vector<CatalogType>& types, const std::string& word);
 
+// Why `word`, which names the types `named` of all `types`, is no one of them: none, or too many.
+std::string NoTypeReason(const std::string& word, const std::vector<CatalogType>& types,
+                         const std::vector<CatalogType>& named);
+
 // What a type measures: its unit and its scaled limits. Empty for what is more than one value.
 struct CatalogMeasure {
     std::string unit;

@@ -14,6 +14,7 @@
 #include "cli/InspectCommands.h"
 #include "cli/Locations.h"
 #include "cli/ProgramIdCommand.h"
+#include "cli/ValueCommand.h"
 #include "component/PropertyTable.h"
 
 namespace tovarek {
@@ -30,6 +31,17 @@ struct Verb {
 };
 
 constexpr std::string_view kCatalogOptions =
+    "  --catalogDir DIR                folder of another catalog than the shipped one\n"
+    "  --catalogFile FILE              its file name, ldrf.cat by default\n";
+
+constexpr std::string_view kValueOptions =
+    "TYPE is a standard type by name or number, or one of the files below. VALUE is a number, a name, a "
+    "text,\n"
+    "member=value for each member of a structure, or the elements of an array.\n"
+    "  --of TYPE                       the variable's type, for properties that take it\n"
+    "  --typeFilesXMLFormat FILE       format file; TYPE is then a number above 255 in it\n"
+    "  --typeFilesXMLPrefix PREFIX     prefix of its type elements, SNVT_ by default\n"
+    "  --typeFile FILE                 type file (.typ) of a device\n"
     "  --catalogDir DIR                folder of another catalog than the shipped one\n"
     "  --catalogFile FILE              its file name, ldrf.cat by default\n";
 
@@ -62,6 +74,10 @@ constexpr Verb kVerbs[] = {
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek dump fan-coil.xif"},
     {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
+    {"value encode", "value encode TYPE VALUE...", "a value as the bytes that devices send", kValueOptions,
+     "tovarek value encode SCPTmaxSendTime 60"},
+    {"value decode", "value decode TYPE BYTES", "such bytes, in hexadecimal, as a value", kValueOptions,
+     "tovarek value decode SNVT_switch C801"},
     {"program-id", "program-id [ID]", "split a program ID, or make one of its fields",
      "Without ID all of these, in hexadecimal:\n"
      "  --maker, --class, --usage, --channel, --model\n"
@@ -149,6 +165,9 @@ struct Commands {
     CLI::App* find = catalog->add_subcommand("find");
     CLI::App* dump = app.add_subcommand("dump");
     CLI::App* diff = app.add_subcommand("diff");
+    CLI::App* value = app.add_subcommand("value");
+    CLI::App* encode = value->add_subcommand("encode");
+    CLI::App* decode = value->add_subcommand("decode");
     CLI::App* programId = app.add_subcommand("program-id");
 
     std::string formatName = "text";
@@ -159,6 +178,7 @@ struct Commands {
     std::string otherFile;  // the second one of diff
     bool bytes = false;
     ProgramIdWords programIdWords;
+    ValueOptions valueOptions;  // but for the catalog, which stands in `place`
     SettingOptions generateSettings{*generate};
     SettingOptions checkSettings{*check};
     bool withoutWarnings = false;
@@ -168,8 +188,8 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command :
-             {generate, check, errors, catalog, list, show, find, dump, diff, programId}) {
+        for (CLI::App* command : {generate, check, errors, catalog, list, show, find, dump, diff, value,
+                                  encode, decode, programId}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -181,7 +201,7 @@ struct Commands {
         check->add_flag("--warnings-as-errors", checkWishes.warningsAsErrors);
         check->add_option("--color", checkWishes.color)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-        for (CLI::App* command : {catalog, list, show, find, dump}) {
+        for (CLI::App* command : {catalog, list, show, find, dump, encode, decode}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
@@ -192,6 +212,14 @@ struct Commands {
         dump->add_flag("--bytes", bytes);
         diff->add_option("A", file);
         diff->add_option("B", otherFile);
+        for (CLI::App* command : {encode, decode}) {
+            command->add_option("TYPE", valueOptions.type);
+            command->add_option("VALUE", valueOptions.value);
+            command->add_option("--of", valueOptions.of);
+            command->add_option("--typeFilesXMLFormat", valueOptions.formatFile);
+            command->add_option("--typeFilesXMLPrefix", valueOptions.prefix);
+            command->add_option("--typeFile", valueOptions.typeFile);
+        }
         programId->add_option("ID", programIdWords.whole);
         programId->add_flag("--certified", programIdWords.certified);
         for (std::size_t i = 1; i < kProgramIdFields.size(); ++i)
@@ -273,6 +301,21 @@ int RunCatalog(const Commands& commands, Streams streams) {
     return ReportWrongUse("catalog needs a command: list, show TYPE or find WORD", format, streams);
 }
 
+int RunValue(const Commands& commands, Streams streams) {
+    const OutputFormat format = commands.Format();
+    ValueOptions options = commands.valueOptions;
+    options.place = commands.place;
+    if (!commands.encode->parsed() && !commands.decode->parsed())
+        return ReportWrongUse("value needs a command: encode TYPE VALUE or decode TYPE BYTES", format,
+                              streams);
+    const bool isEncoding = commands.encode->parsed();
+    if (options.type.empty() || options.value.empty())
+        return ReportWrongUse(isEncoding ? "value encode needs a type and a value of it"
+                                         : "value decode needs a type and bytes in hexadecimal",
+                              format, streams);
+    return isEncoding ? RunValueEncode(options, format, streams) : RunValueDecode(options, format, streams);
+}
+
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {
     const OutputFormat format = commands.Format();
     if (commands.formatName != "text" && commands.formatName != "json")
@@ -304,6 +347,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
             return ReportWrongUse("diff needs two files", format, streams);
         return RunDiff(commands.file, commands.otherFile, format, streams);
     }
+    if (commands.value->parsed())
+        return RunValue(commands, streams);
     if (commands.programId->parsed())
         return RunProgramId(commands.programIdWords, format, streams);
     if (format == OutputFormat::json)

@@ -120,4 +120,9 @@ int ReportUnknownType(const std::string& message, OutputFormat format, Streams s
     return kFailed;
 }
 
+int ReportBadValue(const std::string& message, OutputFormat format, Streams streams) {
+    WriteFault("badValue", message, "", format, streams);
+    return kFailed;
+}
+
 }  // namespace tovarek

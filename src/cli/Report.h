@@ -39,4 +39,7 @@ int ReportWrongUse(const std::string& message, OutputFormat format, Streams stre
 // As ReportWrongUse, for a name that the catalog does not know. Answers kFailed.
 int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams);
 
+// As ReportUnknownType, for a value that does not fit its type.
+int ReportBadValue(const std::string& message, OutputFormat format, Streams streams);
+
 }  // namespace tovarek

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "control/ResourceNames.h"
 #include "control/StandardCatalog.h"
 #include "formats/kind/FileKind.h"
 #include "inspect/ByteListing.h"
 #include "inspect/Compare.h"
 #include "inspect/InspectNode.h"
-#include "inspect/ResourceNames.h"
 
 namespace tovarek {
 

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "control/ResourceNames.h"
 #include "formats/format/FormatFile.h"
 #include "formats/language/LanguageFile.h"
 #include "formats/profile/ProfileFile.h"
 #include "formats/records/Outcome.h"
 #include "formats/type/TypeFile.h"
 #include "inspect/InspectNode.h"
-#include "inspect/ResourceNames.h"
 
 namespace tovarek {
 

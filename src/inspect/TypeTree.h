@@ -3,9 +3,9 @@
 
 #include <string_view>
 
+#include "control/ResourceNames.h"
 #include "formats/type/TypeFile.h"
 #include "inspect/InspectNode.h"
-#include "inspect/ResourceNames.h"
 
 namespace tovarek {
 

@@ -1,9 +1,9 @@
 // Device-interface files as trees.
 #pragma once
 
+#include "control/ResourceNames.h"
 #include "formats/xif/XifFile.h"
 #include "inspect/InspectNode.h"
-#include "inspect/ResourceNames.h"
 
 namespace tovarek {
 

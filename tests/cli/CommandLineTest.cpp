@@ -8,6 +8,7 @@
 #include "../component/Device.h"
 #include "cli/CommandLine.h"
 #include "cli/Report.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek::test {
 namespace {
@@ -470,6 +471,75 @@ TEST_F(CommandLine, TheCatalogIsShown) {
     EXPECT_EQ(json["size"], 2);
     EXPECT_EQ(Call({"catalog", "show", "SNVT_temp_q", "--catalogDir", TOVAREK_CATALOG}).status, 1);
     EXPECT_EQ(Call({"catalog", "list", "--catalogDir", scratch_.Folder()}).status, 1);
+}
+
+TEST_F(CommandLine, ValuesAreEncodedAndDecoded) {
+    const std::string format =
+        scratch_.File("format.xml",
+                      "<T><SNVT_300><TYPE>USER</TYPE><NAME>a</NAME><LENGTH>2</LENGTH><B_COEF>-2</B_COEF>"
+                      "<UNIT>bar</UNIT></SNVT_300></T>");
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        std::string shown;  // all of the output, or a part of the message
+    } rows[] = {
+        {{"encode", "SCPTmaxSendTime", "60"}, 0, "0258\n"},
+        {{"encode", "SNVT_temp_p", "-5"}, 0, "FE0C\n"},
+        {{"encode", "switch", "value=100", "state=1"}, 0, "C801\n"},
+        {{"decode", "SNVT_switch", "C8", "01"}, 0, "value=100 % of full level, state=1 state code\n"},
+        {{"decode", "300", "2EE0", "--typeFilesXMLFormat", format}, 0, "120 bar\n"},
+        {{"decode", "snvt_300", "2EE0", "--typeFilesXMLFormat", format}, 0, "120 bar\n"},
+        {{"encode", "SCPTdefOutput", "21.5", "--of", "temp_p"}, 0, "0866\n"},
+        {{"encode", "SCPTdefOutput", "1.2", "--of", "300", "--typeFilesXMLFormat", format}, 0, "0078\n"},
+        {{"encode", "SCPTdefOutput", "21.5"}, 2, "--of TYPE"},
+        {{"encode", "temp_p", "21.5", "--of", "temp_p"}, 2, "leave out --of"},
+        {{"encode", "7", "1"}, 1, "SNVT_char_ascii SCPTdefOutput"},
+        {{"encode", "300", "1"}, 0, ""},
+        {{"encode", "999", "1"}, 1, "--typeFilesXMLFormat"},
+        {{"encode", "301", "1", "--typeFilesXMLFormat", format}, 1, "SNVT_301"},
+        {{"encode", "temp_p", "400"}, 1, "raw -27317 to 32767"},
+        {{"decode", "temp_p", "0"}, 2, "two hexadecimal digits"},
+        {{"decode", "temp_p", "00"}, 1, "has 2 bytes, 1 were given"},
+        {{"decode", "temp_p"}, 2, "needs a type and bytes"},
+        {{"encode"}, 2, "needs a type and a value"},
+        {{}, 2, "value needs a command"},
+        {{"decode", "temp_p", "0000", "--typeFile", format}, 1, "format.xml"},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {"value"};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const Answer run = Call(arguments);
+        EXPECT_EQ(run.status, row.status) << run.error;
+        if (row.status == 0 && !row.shown.empty())
+            EXPECT_EQ(run.out, row.shown);
+        else
+            EXPECT_NE(run.error.find(row.shown), std::string::npos) << run.error;
+    }
+    const auto json = nlohmann::json::parse(
+        Call({"value", "encode", "SNVT_switch", "value=1.2,state=1", "--format", "json"}).out);
+    EXPECT_EQ(json["bytes"], "0201");
+    EXPECT_EQ(json["value"].dump(), R"({"state":1,"value":1})");
+    EXPECT_EQ(json["notes"].size(), 1U);
+    EXPECT_EQ(nlohmann::json::parse(Call({"value", "encode", "temp_p", "x", "--format", "json"}).out)["name"],
+              "badValue");
+}
+
+TEST_F(CommandLine, ValuesOfTypeFilesAreEncodedAndDecoded) {
+    TypeFile types;
+    types.header.title = TitleText(ResourceKind::type, 1, 0);
+    types.header.scope = 3;
+    NvType speed;
+    speed.name = "_speed";
+    speed.size = 2;
+    speed.type = NumberOfKind(TypeKind::signedLong);
+    speed.type.b = -1;
+    types.nvTypes = {speed};
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    const std::string file = scratch_.File("own.typ", bytes);
+    const Answer encoded = Call({"value", "encode", "UNVT_speed", "1.5", "--typeFile", file});
+    EXPECT_EQ(encoded.out, "000F\n") << encoded.error;
+    EXPECT_EQ(Call({"value", "decode", "speed", "000F", "--typeFile", file}).out, "1.5\n");
 }
 
 TEST_F(CommandLine, ProgramIdsAreSplitAndMade) {

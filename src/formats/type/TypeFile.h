@@ -102,6 +102,9 @@ bool IsText(const TypeDescription& type);
 // arrays multiply. More than 65535 is answered as 65536.
 std::uint32_t SizeOf(const TypeDescription& type);
 
+// Where each member of a structure lies: its first byte, or the byte of a bit field, by the same rules.
+std::vector<std::uint32_t> MemberOffsets(const TypeDescription& structure);
+
 // Structures, unions and arrays inside one another, at most; a deeper description is damaged.
 inline constexpr int kDeepestNesting = 1024;
 

@@ -157,4 +157,16 @@ std::uint32_t SizeOf(const TypeDescription& type) {
     }
 }
 
+std::vector<std::uint32_t> MemberOffsets(const TypeDescription& structure) {
+    std::vector<std::uint32_t> offsets;
+    offsets.reserve(structure.members.size());
+    Summation sum;
+    for (const TypeMember& member : structure.members) {
+        const std::uint32_t before = sum.Total();
+        sum.Add(member.type);
+        offsets.push_back(member.type.kind == TypeKind::bitField ? sum.Total() - 1 : before);
+    }
+    return offsets;
+}
+
 }  // namespace tovarek

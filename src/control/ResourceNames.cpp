@@ -1,4 +1,4 @@
-#include "inspect/ResourceNames.h"
+#include "control/ResourceNames.h"
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -92,12 +92,14 @@ const Enumeration* ResourceNames::EnumerationSet(const TypeRef& set) const {
     return IsStandard(set) ? catalog_->EnumerationSet(set.index) : nullptr;
 }
 
-const TypeDescription* ResourceNames::NvDescription(const TypeRef& type) const {
-    const NvType* found = nullptr;
+const NvType* ResourceNames::Nv(const TypeRef& type) const {
     if (IsOwn(type))
-        found = Entry(types_->nvTypes, type.index);
-    else if (IsStandard(type))
-        found = catalog_->Nv(type.index);
+        return Entry(types_->nvTypes, type.index);
+    return IsStandard(type) ? catalog_->Nv(type.index) : nullptr;
+}
+
+const TypeDescription* ResourceNames::NvDescription(const TypeRef& type) const {
+    const NvType* found = Nv(type);
     return found == nullptr ? nullptr : &found->type;
 }
 

@@ -46,6 +46,7 @@ class ResourceNames {
     std::string EnumerationName(const TypeRef& set) const;
     // Null where nothing is known.
     const Enumeration* EnumerationSet(const TypeRef& set) const;
+    const NvType* Nv(const TypeRef& type) const;
     const TypeDescription* NvDescription(const TypeRef& type) const;
     const TypeDescription* CpDescription(const TypeRef& type) const;
 
