@@ -23,10 +23,10 @@ const Property& PropertyOf(const std::string& name) {
     std::vector<std::string> names;
     for (const Property& property : Properties())
         names.emplace_back(property.name);
-    throw WrongUse("unknown property '" + Excerpt(name) + "'" + DidYouMean(name, names));
+    throw WrongUse("there is no property '" + Excerpt(name) + "'" + DidYouMean(name, names));
 }
 
-[[noreturn]] void RefuseValue(const Property& property, const std::string& shown, const char* wanted) {
+[[noreturn]] void RefuseValue(const Property& property, const std::string& shown, const std::string& wanted) {
     throw WrongUse("'" + Excerpt(shown) + "' cannot be the value of " + std::string(property.name) +
                    "; give " + wanted);
 }
@@ -97,7 +97,7 @@ std::string PathInJob(const std::string& job, const Property& property, const st
         return path;
     std::string beside = BesideFile(job, path);
     if (!Exists(beside) && Exists(path))
-        throw WrongUse("job file '" + job + "': " + std::string(property.name) + " '" + Excerpt(path) +
+        throw WrongUse(std::string(property.name) + " '" + Excerpt(path) +
                        "' counts from the folder of the job file, so it is looked for at '" + beside +
                        "'; it is only in the current folder: write the path as seen from the job file");
     return beside;
@@ -105,7 +105,9 @@ std::string PathInJob(const std::string& job, const Property& property, const st
 
 PropertyValue ValueOfJson(const std::string& job, const Property& property, const Json& json) {
     const auto refuse = [&](const char* wanted) {
-        RefuseValue(property, json.dump(-1, ' ', false, Json::error_handler_t::replace), wanted);
+        const bool isQuoted = property.kind != PropertyKind::string && json.is_string();
+        RefuseValue(property, json.dump(-1, ' ', false, Json::error_handler_t::replace),
+                    std::string(wanted) + (isQuoted ? " without quotation marks" : ""));
     };
     switch (property.kind) {
         case PropertyKind::boolean:
@@ -149,15 +151,27 @@ std::string JsonFault(const std::string& bytes, const Json::exception& error) {
     return " is not valid JSON" + place + ": " + text;
 }
 
+std::string ReadJobFile(const std::string& path) {
+    try {
+        return ReadFile(path);
+    } catch (const Error& error) {
+        const std::string& reason = error.Context().reason;
+        throw WrongUse("job file '" + path + "': " + (reason.empty() ? error.Description() : reason));
+    }
+}
+
+// ", line 14" where the key stands; empty where it is written otherwise than it reads.
+std::string LineOfKey(const std::string& bytes, const std::string& key) {
+    const std::size_t found = bytes.find('"' + key + '"');
+    if (found == std::string::npos)
+        return {};
+    const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(found);
+    return ", line " + std::to_string(1 + std::count(bytes.begin(), end, '\n'));
+}
+
 // The job as one JSON object, keys in the order of the file. The same key twice is refused: which one acts
 // last would be a guess.
-Json ReadJob(const std::string& path) {
-    std::string bytes;
-    try {
-        bytes = ReadFile(path);
-    } catch (const Error& error) {
-        throw WrongUse("job file '" + path + "': " + error.Description());
-    }
+Json ReadJob(const std::string& path, const std::string& bytes) {
     std::vector<std::vector<std::string>> keys;
     std::string repeated;
     const Json::parser_callback_t watch = [&](int depth, Json::parse_event_t event, Json& parsed) {
@@ -203,13 +217,18 @@ void AssignPair(Tovarek& component, const std::string& pair) {
 }
 
 void AssignJob(Tovarek& component, const std::string& path) {
-    const Json job = ReadJob(path);
+    const std::string bytes = ReadJobFile(path);
+    const Json job = ReadJob(path, bytes);
     for (const auto& [name, value] : job.items()) {
         // Tells editors what the keys mean.
         if (name == "$schema")
             continue;
-        const Property& property = PropertyOf(name);
-        property.set(component, ValueOfJson(path, property, value));
+        try {
+            const Property& property = PropertyOf(name);
+            property.set(component, ValueOfJson(path, property, value));
+        } catch (const WrongUse& fault) {
+            throw WrongUse("job file '" + path + "'" + LineOfKey(bytes, name) + ": " + fault.what());
+        }
     }
 }
 

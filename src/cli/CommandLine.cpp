@@ -278,10 +278,12 @@ int RefuseExtra(const Commands& commands, const std::string& extra, Streams stre
                                              : "there is no command '" + Excerpt(typed) + "'" + where;
     // The dashes make no name nearer.
     const std::string nearest = Nearest(typed.substr(dashes), words);
-    return ReportWrongUse(
-        what +
-            (nearest.empty() ? "" : "; did you mean '" + std::string(isOption ? "--" : "") + nearest + "'?"),
-        commands.Format(), streams);
+    std::string mend;
+    if (!nearest.empty())
+        mend = "; did you mean '" + std::string(isOption ? "--" : "") + nearest + "'?";
+    else if (!isOption && &command == commands.generate)
+        mend = "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE";
+    return ReportWrongUse(what + mend, commands.Format(), streams);
 }
 
 int RunCatalog(const Commands& commands, Streams streams) {
@@ -295,7 +297,7 @@ int RunCatalog(const Commands& commands, Streams streams) {
                    : RunCatalogShow(commands.place, commands.word, format, streams);
     if (commands.find->parsed())
         return commands.word.empty()
-                   ? ReportWrongUse("catalog find needs a word that a name, a unit or a text holds", format,
+                   ? ReportWrongUse("catalog find needs a word to look for in names, units and texts", format,
                                     streams)
                    : RunCatalogFind(commands.place, commands.word, format, streams);
     return ReportWrongUse("catalog needs a command: list, show TYPE or find WORD", format, streams);
@@ -339,12 +341,12 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
         return RunCatalog(commands, streams);
     if (commands.dump->parsed()) {
         if (commands.file.empty())
-            return ReportWrongUse("dump needs the file that it is to show", format, streams);
+            return ReportWrongUse("dump needs a file to show", format, streams);
         return RunDump(commands.file, {format, commands.bytes, commands.place}, streams);
     }
     if (commands.diff->parsed()) {
         if (commands.file.empty() || commands.otherFile.empty())
-            return ReportWrongUse("diff needs two files", format, streams);
+            return ReportWrongUse("diff needs two files to compare", format, streams);
         return RunDiff(commands.file, commands.otherFile, format, streams);
     }
     if (commands.value->parsed())
@@ -392,8 +394,14 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams streams) {
         WriteWantedHelp(commands, program, streams.out);
         return kDone;
     } catch (const CLI::Error& error) {
+        std::string name;
+        commands.Given(name);
+        streams.command = name;
         return ReportWrongUse(ParserFault(error), WantedFormat(arguments), streams);
     }
+    std::string name;
+    commands.Given(name);
+    streams.command = name;
     return RunParsed(commands, program, streams);
 }
 

@@ -3,10 +3,12 @@
 #include <ostream>
 
 #include "base/Text.h"
+#include "cli/InputKind.h"
 #include "cli/Json.h"
 #include "inspect/Inspect.h"
 #include "inspect/InspectText.h"
 #include "support/CErrorHandler.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -103,6 +105,14 @@ void WriteDifferences(const std::vector<Difference>& differences, InspectNode pr
     }
 }
 
+// Of a file that is of no kind the hint says what else it is.
+int ReportUnshown(Error& error, OutputFormat format, Streams streams) {
+    if (error.Number() == eQVXIFerr_QVX_editResult_erroropenfile)
+        if (const std::string hint = InputHint(ReadFile(error.Context().file)); !hint.empty())
+            error.AddReason(hint);
+    return ReportError(error, format, streams);
+}
+
 }  // namespace
 
 int RunDump(const std::string& path, const DumpOptions& options, Streams streams) {
@@ -119,8 +129,8 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
         else
             streams.out << TreeText(inspection.tree);
         return kDone;
-    } catch (const Error& error) {
-        return ReportError(error, options.format, streams);
+    } catch (Error& error) {
+        return ReportUnshown(error, options.format, streams);
     }
 }
 
@@ -129,15 +139,16 @@ int RunDiff(const std::string& before, const std::string& after, OutputFormat fo
         const Inspection old = InspectFile(before, nullptr);
         const Inspection now = InspectFile(after, nullptr);
         if (old.kind != now.kind)
-            return ReportWrongUse("cannot compare a " + std::string(KindName(old.kind)) + " with a " +
-                                      std::string(KindName(now.kind)),
+            return ReportWrongUse("files of different kinds cannot be compared: '" + before +
+                                      "' is of kind " + std::string(KindName(old.kind)) + ", '" + after +
+                                      "' of kind " + std::string(KindName(now.kind)),
                                   format, streams);
         const std::vector<Difference> differences = Compare(old.tree, now.tree);
         WriteDifferences(differences, ProblemsNode(old, now), format, streams);
         return differences.empty() ? kDone : kDifferent;
-    } catch (const Error& error) {
+    } catch (Error& error) {
         // Not kFailed, which here tells of differences.
-        ReportError(error, format, streams);
+        ReportUnshown(error, format, streams);
         return kWrongUse;
     }
 }

@@ -58,7 +58,7 @@ void AddRun(const RunReport& report, Json& json) {
 }
 
 // A fault that is no error of the generator: it has a name but no number. `advice`: of the text alone.
-void WriteFault(const char* name, const std::string& message, const char* advice, OutputFormat format,
+void WriteFault(const char* name, const std::string& message, const std::string& advice, OutputFormat format,
                 Streams streams) {
     if (format == OutputFormat::text) {
         streams.error << "tovarek: " << message << '\n' << advice;
@@ -111,7 +111,8 @@ int ReportRun(const RunReport& report) {
 }
 
 int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams) {
-    WriteFault("wrongUse", message, "Try 'tovarek --help'.\n", format, streams);
+    const std::string command = streams.command.empty() ? "" : ' ' + std::string(streams.command);
+    WriteFault("wrongUse", message, "Try 'tovarek" + command + " --help'.\n", format, streams);
     return kWrongUse;
 }
 

@@ -126,7 +126,8 @@ void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CC
         WriteTypeFiles(types, deviceTemplate, catalog, errorHandler, settings, writtenFiles);
     } catch (Error& error) {
         if (settings.typeFilesDirectory.empty())
-            error.AddReason("typeFilesDirectory is empty, which stands for the root folder");
+            error.AddReason(
+                "typeFilesDirectory is empty, which stands for the root folder; \".\" is the current one");
         throw;
     }
 }

@@ -155,6 +155,11 @@ void Tovarek::DoXif(Readings& readings, Purpose purpose) {
     profile_.VerifyData(findings);
     if (purpose == Purpose::check)
         return;
+    if (outputXIFfile_.empty())
+        RaiseRuntimeError(RuntimeError::fileNotFound,
+                          {.field = "outputXIFfile",
+                           .reason = "the name of the output file is empty; set outputXIFfile, or "
+                                     "mustGenerateXif to false"});
     WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_);
     writtenFiles_.push_back(outputXIFfile_);
 }

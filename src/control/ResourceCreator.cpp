@@ -139,7 +139,7 @@ Outcome ResourceCreator::Editing(ResourceKind kind) const {
         return Failure(resultFileIsNotOpened, "no resource file is open");
     if (file_->kind != kind) {
         return Failure(resultInvalidForCurrentFile,
-                       "the open file \"" + file_->path + "\" is of another kind");
+                       "the open file \"" + SystemPath(file_->path) + "\" is of another kind");
     }
     return {};
 }
@@ -325,7 +325,9 @@ Outcome ResourceCreator::WriteOut(const std::string& bytes) {
         return {};
     } catch (const Error& error) {
         lastRuntimeError_ = error.Number();
-        return Failure(resultSaveFailed, "\"" + file_->path + "\" cannot be written: " + error.Description());
+        const std::string& reason = error.Context().reason;
+        return Failure(resultSaveFailed, "\"" + SystemPath(file_->path) + "\" cannot be written: " +
+                                             (reason.empty() ? error.Description() : reason));
     }
 }
 

@@ -23,27 +23,56 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
                       {.file = std::string(path), .reason = "files of more than 1 GiB are not read"});
 }
 
+std::string FolderOrCurrent(std::string_view path) {
+    const std::string folder = FolderOf(path);
+    return folder.empty() ? "." : folder;
+}
+
 // What helps with a name that leads nowhere: the folder that does not exist, or the entry of it that is near.
-std::string HintFor(std::string_view path) {
-    std::string folder = FolderOf(path);
-    if (folder.empty())
-        folder = ".";
+std::string HintForMissing(std::string_view path, bool isOutput) {
+    const std::string folder = FolderOrCurrent(path);
     if (!FolderExists(folder))
-        return "; there is no folder " + SystemPath(folder);
+        return "; there is no folder " + SystemPath(folder) +
+               (isOutput ? ": create it or choose another one" : "");
+    if (isOutput)
+        return {};
     std::vector<std::string> names = DirectoryEntries(folder);
     std::sort(names.begin(), names.end());
     return DidYouMean(NameOf(path), names);
 }
 
-SystemFile OpenToRead(std::string_view path) {
+std::string HintForDenied(std::string_view path, bool isOutput) {
+    if (!isOutput)
+        return "; change the rights of the file or of its folder so that it may be read";
+    if (FileExists(path))
+        return "; change the rights of the file so that it may be written, close the program that holds it, "
+               "or choose another name";
+    return "; no file may be created in the folder " + SystemPath(FolderOrCurrent(path)) +
+           ": change its rights or choose another one";
+}
+
+// What `open` answers. An error tells what helps, beside the system's reason.
+template <class Open>
+SystemFile OpenWithHint(std::string_view path, bool isOutput, const Open& open) {
     try {
-        return SystemFile::OpenToRead(path);
-    } catch (const Error& error) {
-        if (error.Number() != static_cast<std::int32_t>(RuntimeError::fileNotFound) &&
-            error.Number() != static_cast<std::int32_t>(RuntimeError::pathNotFound))
-            throw;
+        return open(path);
+    } catch (Error& error) {
         ErrorContext context = error.Context();
-        context.reason += HintFor(path);
+        switch (static_cast<RuntimeError>(error.Number())) {
+            case RuntimeError::fileNotFound:
+            case RuntimeError::pathNotFound:
+                context.reason += HintForMissing(path, isOutput);
+                break;
+            case RuntimeError::permissionDenied:
+                context.reason += HintForDenied(path, isOutput);
+                break;
+            case RuntimeError::pathFileAccessError:
+                if (FolderExists(path))
+                    context.reason += "; name a file, not a folder";
+                break;
+            default:
+                break;
+        }
         throw Error(error.Number(), error.Description(), std::move(context));
     }
 }
@@ -56,7 +85,7 @@ SystemFile::SystemFile(SystemFile&& other) noexcept
 std::string ReadFile(std::string_view path, std::uint64_t limit) {
     if (path.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the file name is empty"});
-    SystemFile file = OpenToRead(path);
+    SystemFile file = OpenWithHint(path, false, SystemFile::OpenToRead);
     const std::uint64_t size = file.Size();
     if (std::min(size, limit) > kLargestFile)
         RefuseSize(path);
@@ -86,7 +115,7 @@ namespace {
 SystemFile CreateOutput(std::string_view path) {
     if (path.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the name of the output file is empty"});
-    return SystemFile::Create(path);
+    return OpenWithHint(path, true, SystemFile::Create);
 }
 
 }  // namespace

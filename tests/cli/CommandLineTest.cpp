@@ -241,6 +241,9 @@ TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
          "a comment stands in front of the root"},
         {{"--typeFilesXMLPrefix", "snvt_"}, "the prefix must be 'SNVT_', not 'snvt_'"},
         {{"--userTypeFilePath", ""}, "userTypeFilePath is empty, which stands for the root folder"},
+        {{"--typeFilesDirectory", "", "--typeFilesBaseName", "tovarek-no-such-folder/b"},
+         "typeFilesDirectory is empty, which stands for the root folder"},
+        {{"--outputXIFfile", ""}, "set outputXIFfile, or mustGenerateXif to false"},
         {{"--typeFilesXMLFormat", ""}, "needs mustGenerateTypes false"},
         {{"--xmlTemplateFile", unnamed}, "the template does not name a user type file"},
         {{"--xmlTemplateNodeName", ""}, "xmlTemplateNodeName is not set"},
@@ -265,14 +268,78 @@ TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
     }
 }
 
+TEST_F(CommandLine, WrongUseLeadsToTheHelpOfItsCommand) {
+    const std::pair<std::vector<std::string>, std::string> rows[] = {
+        {{"--foo"}, "'--foo'\nTry 'tovarek --help'.\n"},
+        {{"generate", "--localeID"}, "needs a value\nTry 'tovarek generate --help'.\n"},
+        {{"generate", "--localeID", "x"}, "\nTry 'tovarek generate --help'.\n"},
+        {{"generate", "--set", "localeID", "1031"},
+         "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE\n"},
+        {{"generate", "--job", scratch_.Path("none.json")}, "none.json': No such file or directory\n"},
+        {{"catalog", "show"}, "\nTry 'tovarek catalog show --help'.\n"},
+        {{"errors", "nothing"}, "\nTry 'tovarek errors --help'.\n"},
+        {{"dump"}, "\nTry 'tovarek dump --help'.\n"}};
+    for (const auto& [arguments, end] : rows) {
+        const Answer run = Call(arguments);
+        EXPECT_EQ(run.status, 2) << end;
+        EXPECT_NE(run.error.find(end), std::string::npos) << run.error;
+    }
+}
+
+TEST_F(CommandLine, AnInputThatCannotBeShownIsNamedWithWhatTakesIt) {
+    const std::pair<const char*, const char*> rows[] = {
+        {kProfileIni, "an INI profile, which 'tovarek generate --iniProfileFile'"},
+        {"\xEF\xBB\xBF; mine\n[general]\n", "an INI template, which 'tovarek generate --iniTemplateFile'"},
+        {"<x><D><NVS/></D></x>", "an XML template, which 'tovarek generate --xmlTemplateFile'"},
+        {"<?xml version='1.0'?>\n<P><xif_line6/></P>",
+         "an XML profile, which 'tovarek generate --xmlProfileFile'"},
+        {"<F><SNVT_300><Type>USER</Type></SNVT_300></F>",
+         "an XML format file, which 'tovarek generate --typeFilesXMLFormat'"},
+        {" <UNVTS/>", "a user type file, which 'tovarek generate --userTypeFilePath FOLDER'"},
+        {"{\"iniProfileFile\": \"p.ini\"}", "a job file, which 'tovarek generate --job'"}};
+    for (const auto& [content, hint] : rows) {
+        const std::string file = scratch_.File("input", content);
+        for (const std::vector<std::string>& arguments :
+             {std::vector<std::string>{"dump", file}, {"dump", "--bytes", file}, {"diff", file, file}}) {
+            const Answer run = Call(arguments);
+            EXPECT_NE(run.status, 0) << hint;
+            EXPECT_NE(run.error.find(std::string("; this looks like ") + hint), std::string::npos)
+                << run.error;
+        }
+    }
+    for (const char* content : {"", "text\n[x]\n", "<x/>", "{\"a\": 1}", "text <NVS>"})
+        EXPECT_EQ(Call({"dump", scratch_.File("other", content)}).error.find("this looks like"),
+                  std::string::npos)
+            << content;
+}
+
+TEST_F(CommandLine, FaultsOfAJobNameItsLine) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"{\n\"creator\": \"a\",\n \"userTypesFilePath\": \".\"}",
+         "', line 3: there is no property 'userTypesFilePath'; did you mean 'userTypeFilePath'?"},
+        {"{\n\"localeID\": \"1033\"}",
+         "', line 2: '\"1033\"' cannot be the value of localeID; give a whole number "
+         "from -2147483648 to 2147483647 without quotation marks"},
+        {"{\"mustGenerateXif\": \"true\"}",
+         "', line 1: '\"true\"' cannot be the value of mustGenerateXif; give true or "
+         "false without quotation marks"},
+        {"{\"creator\": 1}",
+         "', line 1: '1' cannot be the value of creator; give a text in quotation marks\n"},
+        {"{\"local\\u0065ID\": true}",
+         "job.json': 'true' cannot be the value of localeID; give a whole number from "
+         "-2147483648 to 2147483647\n"}};
+    for (const auto& [job, message] : rows) {
+        const Answer run = Generate({"--job", scratch_.File("job.json", job)});
+        EXPECT_EQ(run.status, 2) << job;
+        EXPECT_NE(run.error.find(message), std::string::npos) << run.error;
+    }
+}
+
 TEST_F(CommandLine, JobsThatCannotServeAreRefused) {
     const char* jobs[] = {
         "",
         "[]",
-        "{\"nothing\": 1}",
-        "{\"creator\": 1}",
         "{\"creator\": \"a\", \"creator\": \"b\"}",
-        "{\"mustGenerateXif\": \"true\"}",
         "{\"localeID\": 1.5}",
         "{\"localeID\": 99999999999}",
         "{\"localeID\": 2147483648}",

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "Scratch.h"
 #include "system/Files.h"
 
@@ -27,7 +29,7 @@ TEST(Files, WhatCannotBeReadHasItsOwnNumber) {
     for (const auto& [path, reason] :
          {std::pair(scratch.Path("missing"), "No such file or directory"),
           std::pair(scratch.Path("no/where"), "No such file or directory; there is no folder "),
-          std::pair(scratch.Folder(), "Is a directory")}) {
+          std::pair(scratch.Folder(), "Is a directory; name a file")}) {
         const auto error = Raised([path = path] { ReadFile(path); });
         EXPECT_EQ(error->Context().file, path);
         EXPECT_TRUE(error->Context().reason.starts_with(reason)) << error->Context().reason;
@@ -39,6 +41,28 @@ TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Folder(), "x"); }), 75);
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Path("no/where"), "x"); }), 76);
     EXPECT_EQ(RaisedNumber([] { WriteFile("", "x"); }), 53);
+    const auto folder = Raised([&] { WriteFile(scratch.Path("no/where"), "x"); });
+    EXPECT_NE(folder->Context().reason.find("there is no folder"), std::string::npos);
+    EXPECT_NE(folder->Context().reason.find("create it"), std::string::npos) << folder->Context().reason;
+}
+
+// These files keep even the superuser out.
+TEST(Files, WhoIsKeptOutLearnsWhatToDo) {
+    const std::string readOnly = "/proc/sys/kernel/ostype";
+    const std::string writeOnly = "/proc/sys/vm/compact_memory";
+    if (!FileExists(readOnly) || !FileExists(writeOnly))
+        GTEST_SKIP() << "the system has no such files";
+    const std::pair<std::function<void()>, const char*> rows[] = {
+        {[&] { ReadFile(writeOnly); },
+         "; change the rights of the file or of its folder so that it may be read"},
+        {[&] { WriteFile(readOnly, "x"); }, "; change the rights of the file so that it may be written"},
+        {[&] { WriteFile("/sys/tovarek-test", "x"); }, "; no file may be created in the folder /sys"}};
+    for (const auto& [operation, hint] : rows) {
+        const auto error = Raised(operation);
+        ASSERT_TRUE(error) << hint;
+        EXPECT_EQ(error->Number(), 70) << hint;
+        EXPECT_NE(error->Context().reason.find(hint), std::string::npos) << error->Context().reason;
+    }
 }
 
 TEST(Files, AFullDiskIsToldOfSmallAndLargeFiles) {
