@@ -200,11 +200,19 @@ MemberValues AnyValues(int largest) {
     return values;
 }
 
+std::uint16_t AnyWord() {
+    return static_cast<std::uint16_t>(Between(0, 65535));
+}
+
+ProfileMember AnyProfileMember(int largestValue) {
+    return {AnyWord(),   AnyName(0), Between(0, 1) == 1, AnyString(),
+            AnyString(), 0,          AnyType(),          AnyValues(largestValue)};
+}
+
 TEST(RoundTrip, ProfileFiles) {
     EXPECT_TRUE(rc::check([] {
         ProfileFile file;
         file.header.title = TitleText(ResourceKind::profile, 1, 0);
-        const auto word = [] { return static_cast<std::uint16_t>(Between(0, 65535)); };
         for (int i = Between(0, 12); i > 0; --i) {
             auto& place = file.profiles.emplace_back();
             if (Between(0, 5) == 0)
@@ -215,14 +223,12 @@ TEST(RoundTrip, ProfileFiles) {
             profile.inherits = Between(0, 1) == 1;
             profile.principalNv = static_cast<std::uint8_t>(Between(0, 255));
             for (int nv = Between(0, 4); nv > 0; --nv) {
-                profile.nvs.push_back({word(), AnyName(0), Between(0, 1) == 1, AnyString(), AnyString(), 0,
-                                       AnyType(), Between(0, 1) == 1, Between(0, 1) == 1,
-                                       static_cast<std::uint8_t>(Between(0, 7)), AnyValues(255)});
+                profile.nvs.push_back({AnyProfileMember(255), Between(0, 1) == 1, Between(0, 1) == 1,
+                                       static_cast<std::uint8_t>(Between(0, 7))});
             }
             for (int cp = Between(0, 4); cp > 0; --cp) {
-                profile.cps.push_back({word(), word(), word(), word(), AnyName(0), Between(0, 1) == 1,
-                                       AnyString(), AnyString(), 0, AnyType(),
-                                       static_cast<std::uint8_t>(Between(0, 255)), AnyValues(300)});
+                profile.cps.push_back({AnyProfileMember(300), AnyWord(), AnyWord(), AnyWord(),
+                                       static_cast<std::uint8_t>(Between(0, 255))});
             }
         }
         std::string bytes;
