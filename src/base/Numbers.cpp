@@ -111,6 +111,24 @@ double LeadingProfileNumber(std::string_view text) {
     return LeadingNumber(text);
 }
 
+bool IsNumber(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('-') || text.starts_with('+'))
+        text.remove_prefix(1);
+    return !text.empty() && DecimalLength(text) == text.size();
+}
+
+bool IsProfileNumber(std::string_view text) {
+    const std::string_view literal = Trim(text);
+    if (literal.size() < 3 || literal[0] != '&')
+        return IsNumber(text);
+    const char letter = AsciiUpper(literal[1]);
+    const int base = letter == 'H' ? 16 : 8;
+    return (letter == 'H' || letter == 'O') && std::all_of(literal.begin() + 2, literal.end(), [&](char c) {
+               return HexValue(c) >= 0 && HexValue(c) < base;
+           });
+}
+
 std::int32_t RoundToInt32(double value) {
     // The default rounding mode of the processor is "to nearest, halves to even".
     const double rounded = std::nearbyint(value);

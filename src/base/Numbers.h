@@ -17,6 +17,11 @@ double LeadingNumber(std::string_view text);
 // the letter. One without digits is 0. Only device profiles are read so.
 double LeadingProfileNumber(std::string_view text);
 
+// Whether `text` is a number by the rules of LeadingNumber or LeadingProfileNumber, with nothing but white
+// space around it.
+bool IsNumber(std::string_view text);
+bool IsProfileNumber(std::string_view text);
+
 // The nearest 32-bit integer, halves to even. Outside the range, and for what is no number: runtime error 6.
 std::int32_t RoundToInt32(double value);
 

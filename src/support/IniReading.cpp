@@ -5,6 +5,7 @@
 
 #include "base/Nearest.h"
 #include "base/Text.h"
+#include "support/InputPlace.h"
 #include "system/CodePage.h"
 #include "system/Files.h"
 
@@ -127,13 +128,11 @@ void IniReading::Integer(std::string_view section, std::string_view key, std::st
     if (read.isWhole && !read.wraps)
         return;
     const std::string typed(TrimBlanks(line->value));
-    std::string reason = typed.empty() ? std::string(key) + " has no value" : Quoted(typed);
-    if (!typed.empty())
-        reason += read.isWhole ? " is beyond 32 bits" : " is not a number";
-    reason += "; it is read as " + std::to_string(read.value);
-    if (explain)
-        if (const std::string more = explain(typed, read.value); !more.empty())
-            reason += ", " + more;
+    const std::string more = explain ? explain(typed, read.value) : std::string();
+    const std::string value = std::to_string(read.value);
+    std::string reason = read.isWhole ? Quoted(typed) + " is beyond 32 bits; it is read as " + value +
+                                            (more.empty() ? more : ", " + more)
+                                      : NotANumber(typed, key, value, more);
     Finding finding = At(read.isWhole ? Warning::overflowedNumber : Warning::notANumber, line->number,
                          LinePart::value, std::move(reason));
     finding.context.record = record;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Nearest.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "support/CTools.h"
 #include "system/Files.h"
@@ -60,6 +61,16 @@ std::string ReadAs(std::string_view typed, std::string_view read) {
     if (std::none_of(typed.begin(), typed.end(), IsDigit))
         return "this is not a number and reads as " + as;
     return "this reads as " + as;
+}
+
+std::string NotANumber(std::string_view typed, std::string_view field, std::string_view read,
+                       std::string_view more) {
+    std::string text =
+        typed.empty() ? std::string(field) + " has no value" : "\"" + Excerpt(typed) + "\" is not a ";
+    if (!typed.empty())
+        text += IsNumber(typed) ? "whole number" : "number";
+    text += "; it is read as " + std::string(read);
+    return more.empty() ? text : text + ", " + std::string(more);
 }
 
 std::string JoinSentences(std::string first, std::string_view second) {

@@ -62,6 +62,10 @@ InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& eleme
 // it is, and where `read` is empty.
 std::string ReadAs(std::string_view typed, std::string_view read);
 
+// The same for a warning about `field`: `"abc" is not a number; it is read as 0, ` and `more`.
+std::string NotANumber(std::string_view typed, std::string_view field, std::string_view read,
+                       std::string_view more);
+
 // Both sentences of a reason as one; either may be empty.
 std::string JoinSentences(std::string first, std::string_view second);
 

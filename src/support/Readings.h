@@ -3,10 +3,12 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/Findings.h"
 #include "support/IniReading.h"
+#include "support/XmlReading.h"
 
 namespace tovarek {
 
@@ -20,12 +22,17 @@ class Readings {
     // The one reading of an INI file, whichever loaders ask for it: a file may be profile and template.
     IniReading& Ini(const std::string& path);
 
+    // The reading of an element that a loader was given. Readings of one file share what they read.
+    XmlReading& Xml(const XmlNode& root);
+
     // What no loader of the job asked for; called when all have loaded.
     void TellUnread();
 
   private:
     FindingSink& findings_;
     std::vector<std::unique_ptr<IniReading>> ini_;
+    std::vector<std::unique_ptr<XmlReading>> xml_;
+    std::vector<std::pair<std::string, std::shared_ptr<XmlMarks>>> marks_;  // by file
 };
 
 }  // namespace tovarek

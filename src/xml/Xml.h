@@ -15,6 +15,7 @@
 // texts stay two, attributes are left out.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,14 @@ enum class XmlNodeKind {
     other = 12,
 };
 
+// Where the start tag of an element stands.
+struct XmlPlace {
+    int line = 0;            // 1-based, of its "<"; 0 when unknown
+    int column = 0;          // of its "<", in characters from 1; 0 when unknown or inside an entity
+    int width = 0;           // of what stands of it in that line, in characters
+    std::size_t number = 0;  // of the element in its document, from 1; 0 when unknown
+};
+
 // One node, or nothing. A node keeps its document alive; copies are cheap.
 class XmlNode {
   public:
@@ -56,8 +65,12 @@ class XmlNode {
     std::string Name() const;
     // The text of a text node, entities expanded; empty for other kinds.
     std::string Text() const;
-    // 1-based line in the file, 0 when unknown and for a node that a host handed over.
+    // 1-based line in the file, of an element that of its start tag; 0 when unknown and for a node that a
+    // host handed over.
     int Line() const;
+    // Of an element of a file; the same whenever that file is loaded. Unknown for what a host handed over and
+    // for what an entity repeats.
+    const XmlPlace& Place() const;
     // Path of the file that the node was loaded from, empty for a node that a host handed over.
     const std::string& File() const;
 
@@ -65,6 +78,9 @@ class XmlNode {
     XmlNode NextSibling() const;
     // Names and values of an element's attributes, in document order.
     std::vector<std::pair<std::string, std::string>> Attributes() const;
+    // The names of those that the document itself gives, in its order: none that the document type definition
+    // supplies, no declarations of namespaces.
+    std::vector<std::string> WrittenAttributes() const;
 
   private:
     friend class XmlDocument;

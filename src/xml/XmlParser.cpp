@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <climits>
+#include <deque>
 #include <memory>
 
+#include "base/Text.h"
 #include "system/Files.h"
 #include "xml/DtdPath.h"
 #include "xml/XmlText.h"
@@ -20,12 +22,34 @@ std::string Text(const xmlChar* text) {
 // How much a report explains of a refusal. Prefixes that nobody declared and the like are no fault for us.
 enum class Weight { none, notice, invalid, fatal };
 
+// A place in a text, and the line and column of it, both from 1.
+struct TextPosition {
+    std::size_t offset = 0;
+    int line = 1;
+    int column = 1;
+
+    // Forward only, so that all places together cost one walk through the text, however long its lines are.
+    void MoveTo(std::size_t target, std::string_view text) {
+        const std::string_view passed = text.substr(offset, target - offset);
+        const auto lines = std::count(passed.begin(), passed.end(), '\n');
+        if (lines > 0)
+            column = 1;
+        line += static_cast<int>(lines);
+        column +=
+            static_cast<int>(CharacterCount(lines > 0 ? passed.substr(passed.rfind('\n') + 1) : passed));
+        offset = target;
+    }
+};
+
 // One load: what the parser's callbacks need to know, and what they report. They are called from inside the
 // library, which no exception may cross.
 struct Load {
     explicit Load(std::string document) : path(std::move(document)) {}
 
     std::string path;
+    std::string_view text;              // what is parsed
+    std::deque<XmlPlace> places;        // of all elements that were seen
+    TextPosition seen;                  // what places are counted from
     xmlParserCtxtPtr parser = nullptr;  // the document's; markup out of entities gets others
     std::string dtdName;
     int dtdLine = 0;  // where the document asks for its DTD file
@@ -40,6 +64,19 @@ struct Load {
         if (parser == nullptr || parser->inputNr == 0)
             return 0;
         return parser->inSubset == kInDtdFile ? dtdLine : parser->inputTab[0]->line;
+    }
+
+    // The place of the start tag that has just been read in the document itself.
+    XmlPlace PlaceOfTag() {
+        // Behind the tag's "<" there is none up to here: attributes cannot hold it.
+        const auto end = static_cast<std::size_t>(std::max(xmlByteConsumed(parser), 0L));
+        const std::size_t start = text.rfind('<', end);
+        if (end >= text.size() || start == std::string_view::npos || start < seen.offset)
+            return {.line = Line()};
+        seen.MoveTo(start, text);
+        std::string_view tag = text.substr(start, std::min(text.find('>', end), text.size() - 1) + 1 - start);
+        tag = tag.substr(0, tag.find('\n'));
+        return {.line = seen.line, .column = seen.column, .width = static_cast<int>(CharacterCount(tag))};
     }
 
     // The first of the heaviest faults is the one that explains.
@@ -193,9 +230,22 @@ void StartElement(void* reader, const xmlChar* name, const xmlChar* prefix, cons
     }
     xmlSAX2StartElementNs(reader, name, prefix, uri, namespaceCount, namespaces, attributeCount,
                           defaultedCount, attributes);
-    // Lines in the text of an entity tell nobody anything.
-    if (parser != load.parser && parser->node != nullptr)
-        parser->node->line = static_cast<unsigned short>(std::min(load.Line(), USHRT_MAX));
+    xmlNode* const node = parser->node;
+    if (node == nullptr)
+        return;
+    load.Guarded([&] {
+        // Lines in the text of an entity tell nobody anything.
+        XmlPlace place =
+            parser == load.parser && parser->inputNr == 1 ? load.PlaceOfTag() : XmlPlace{.line = load.Line()};
+        place.number = load.places.size() + 1;
+        node->line = static_cast<unsigned short>(std::min(place.line, USHRT_MAX));
+        node->psvi = &load.places.emplace_back(place);
+    });
+    // Those that the document does not give itself stand last.
+    int given = attributeCount - defaultedCount;
+    for (xmlAttr* attribute = node->properties; attribute != nullptr; attribute = attribute->next)
+        if (--given < 0)
+            attribute->psvi = attribute;
 }
 
 // The first element that is nested deeper than kDeepestXml, null when there is none. Elements out of entities
@@ -262,9 +312,10 @@ std::string TooDeepReason() {
     return "elements are nested deeper than " + std::to_string(kDeepestXml) + " levels";
 }
 
-XmlTree ParseXmlFile(const std::string& path) {
+ParsedXml ParseXmlFile(const std::string& path) {
     const std::string text = XmlText(ReadFile(path));
     Load load(path);
+    load.text = text;
     const ReportsTo reports(load);
     const Parser parser = NewParser(load);
     parser->sax->resolveEntity = ReadDtd;
@@ -275,7 +326,7 @@ XmlTree ParseXmlFile(const std::string& path) {
         *parser, text,
         XML_PARSE_NOENT | XML_PARSE_DTDATTR | XML_PARSE_DTDVALID | XML_PARSE_BIG_LINES | XML_PARSE_COMPACT);
     Check(load, tree.get());
-    return tree;
+    return {std::move(tree), std::move(load.places)};
 }
 
 std::string DtdFileOf(const std::string& path) {

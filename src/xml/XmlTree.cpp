@@ -78,7 +78,7 @@ bool HasDeclaration(const xmlDoc* document) {
 }  // namespace
 
 XmlNode XmlNodeAccess::Make(XmlTree tree, const xmlNode* node) {
-    return {std::make_shared<const XmlNode::Owner>(XmlNode::Owner{std::move(tree), {}, {}}), node};
+    return {std::make_shared<const XmlNode::Owner>(XmlNode::Owner{{std::move(tree), {}}, {}, {}}), node};
 }
 
 XmlNode XmlNodeAccess::Make(std::unique_ptr<const XmlHostNode> host) {
@@ -131,8 +131,16 @@ std::string XmlNode::Text() const {
 int XmlNode::Line() const {
     if (node_ == nullptr || node_ == DeclarationMark())
         return node_ == nullptr ? 0 : 1;
+    if (const int line = Place().line; line > 0)
+        return line;
     const long line = xmlGetLineNo(Raw(node_));
     return line > 0 && line <= INT_MAX ? static_cast<int>(line) : 0;
+}
+
+const XmlPlace& XmlNode::Place() const {
+    static const XmlPlace none;
+    const void* const place = IsElement() ? Raw(node_)->psvi : nullptr;
+    return place == nullptr ? none : *static_cast<const XmlPlace*>(place);
 }
 
 const std::string& XmlNode::File() const {
@@ -151,7 +159,7 @@ XmlNode XmlNode::NextSibling() const {
         return {};
     const xmlNode* next = nullptr;
     if (node_ == DeclarationMark())
-        next = owner_->tree->children;
+        next = owner_->document.tree->children;
     else
         next = IsText(Raw(node_)) ? EndOfRun(Raw(node_)) : Raw(node_)->next;
     next = SkipBlankText(next);
@@ -172,6 +180,16 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
     return attributes;
 }
 
+std::vector<std::string> XmlNode::WrittenAttributes() const {
+    std::vector<std::string> names;
+    if (!IsElement())
+        return names;
+    for (const xmlAttr* attribute = Raw(node_)->properties; attribute != nullptr; attribute = attribute->next)
+        if (attribute->psvi == nullptr)
+            names.push_back(QualifiedName(attribute->ns, attribute->name));
+    return names;
+}
+
 XmlDocument::XmlDocument(const std::string& path) {
     try {
         owner_ = std::make_shared<const XmlNode::Owner>(XmlNode::Owner{ParseXmlFile(path), path, {}});
@@ -186,9 +204,10 @@ XmlDocument::XmlDocument(const std::string& path) {
 XmlNode XmlDocument::FirstNode() const {
     if (!owner_)
         return {};
-    if (HasDeclaration(owner_->tree.get()))
+    if (HasDeclaration(owner_->document.tree.get()))
         return XmlNode(owner_, DeclarationMark());
-    return owner_->tree->children == nullptr ? XmlNode() : XmlNode(owner_, owner_->tree->children);
+    return owner_->document.tree->children == nullptr ? XmlNode()
+                                                      : XmlNode(owner_, owner_->document.tree->children);
 }
 
 }  // namespace tovarek

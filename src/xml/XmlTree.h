@@ -3,6 +3,7 @@
 
 #include <libxml/tree.h>
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <utility>
@@ -16,8 +17,15 @@ struct FreeXmlTree {
 };
 using XmlTree = std::unique_ptr<xmlDoc, FreeXmlTree>;
 
+// A document as it was read. The places are those of its elements, which point to them (`psvi`); an attribute
+// that a document type definition supplies points to itself there.
+struct ParsedXml {
+    XmlTree tree;
+    std::deque<XmlPlace> places;
+};
+
 // Loads the document at `path`. Throws an XmlFault, or raises a runtime error when the file cannot be read.
-XmlTree ParseXmlFile(const std::string& path);
+ParsedXml ParseXmlFile(const std::string& path);
 
 // Why a document with more than kDeepestXml levels is refused, wherever that is noticed.
 std::string TooDeepReason();
@@ -34,9 +42,9 @@ struct XmlHostNode {
 };
 
 struct XmlNode::Owner {
-    XmlTree tree;
+    ParsedXml document;
     std::string file;
-    std::unique_ptr<const XmlHostNode> host;  // instead of a tree
+    std::unique_ptr<const XmlHostNode> host;  // instead of a document
 };
 
 struct XmlNodeAccess {

@@ -1,0 +1,252 @@
+#include "support/XmlReading.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Nearest.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "support/CTools.h"
+#include "support/InputPlace.h"
+
+namespace tovarek {
+namespace {
+
+std::string Tag(const XmlNode& element) {
+    return "<" + Excerpt(element.Name()) + ">";
+}
+
+bool IsText(const XmlNode& node) {
+    return node.Kind() == XmlNodeKind::text || node.Kind() == XmlNodeKind::cdata;
+}
+
+// The first text of the element that is not read, and the node in front of it; nothing where all is.
+struct UnreadText {
+    XmlNode text;
+    XmlNode before;
+};
+UnreadText FirstUnreadText(const XmlNode& element, bool isValue) {
+    bool isRead = isValue;
+    XmlNode before;
+    for (XmlNode child = element.FirstChild(); child; before = child, child = child.NextSibling()) {
+        if (!IsText(child))
+            continue;
+        if (!isRead || child.Kind() == XmlNodeKind::cdata)
+            return {child, before};
+        isRead = false;
+    }
+    return {};
+}
+
+std::string UnreadTextReason(const XmlNode& element, const UnreadText& unread, bool isValue) {
+    if (unread.text.Kind() == XmlNodeKind::cdata)
+        return "a CDATA section in " + Tag(element) +
+               " is not read: write its text plainly, with &lt; and &amp; for < and &";
+    std::string reason = "the text \"" + Excerpt(Trim(unread.text.Text())) + "\" in " + Tag(element);
+    if (!isValue)
+        return reason + " is not read: only elements in it are";
+    if (unread.before && unread.before.IsElement())
+        reason += " behind " + Tag(unread.before);
+    else if (unread.before && unread.before.Kind() == XmlNodeKind::comment)
+        reason += " behind a comment";
+    return reason + " is not read: only the first text of an element is";
+}
+
+bool IsForParsers(std::string_view attribute) {
+    return attribute == "xmlns" || attribute.starts_with("xmlns:") || attribute.starts_with("xml:") ||
+           attribute.starts_with("xsi:");
+}
+
+bool Knows(const std::vector<XmlNames>& lists, std::string_view name) {
+    return std::any_of(lists.begin(), lists.end(), [&](const XmlNames& names) {
+        return std::find(names.begin(), names.end(), name) != names.end();
+    });
+}
+
+}  // namespace
+
+const NumberRules kDecimalNumbers = {LeadingNumber, IsNumber};
+const NumberRules kProfileNumbers = {LeadingProfileNumber, IsProfileNumber};
+
+XmlMarks::Mark& XmlMarks::Of(const XmlNode& element) {
+    // The first stands for all that have no place.
+    const std::size_t number = element.Place().number;
+    if (number >= marks.size())
+        marks.resize(std::max(number + 1, marks.size() * 2));
+    return marks[number];
+}
+
+Finding AtElement(Warning warning, const XmlNode& element, std::string reason) {
+    return {.context = {.file = element.File(), .line = element.Line(), .reason = std::move(reason)},
+            .warning = warning,
+            .column = element.Place().column,
+            .width = element.Place().width};
+}
+
+void XmlReading::Structure(const XmlNode& element, XmlNames names) {
+    XmlMarks::Mark& mark = marks_->Of(element);
+    mark.isRead = true;
+    if (!names.empty())
+        mark.names.push_back(names);
+}
+
+void XmlReading::Value(const XmlNode& element) {
+    XmlMarks::Mark& mark = marks_->Of(element);
+    mark.isRead = true;
+    mark.isValue = true;
+}
+
+void XmlReading::Attribute(const XmlNode& element, std::string_view name) {
+    marks_->Of(element).attributes.push_back(UpperCase(name));
+}
+
+void XmlReading::Skip(const XmlNode& element) {
+    marks_->Of(element).isSkipped = true;
+}
+
+void XmlReading::Misplaced(const XmlNode& element, std::string reason) {
+    marks_->reasons.emplace(element.Place().number, std::move(reason));
+}
+
+void XmlReading::TellUnread(FindingSink& findings) const {
+    FindReadBelow(root_);
+    TellBelow(root_, {}, findings);
+}
+
+bool XmlReading::FindReadBelow(const XmlNode& element) const {
+    bool isAnyRead = false;
+    for (XmlNode child = element.FirstChild(); child; child = child.NextSibling())
+        if (child.IsElement())
+            isAnyRead = FindReadBelow(child) || isAnyRead;
+    XmlMarks::Mark& mark = marks_->Of(element);
+    mark.hasReadBelow = isAnyRead;
+    return isAnyRead || mark.isRead || mark.isSkipped;
+}
+
+void XmlReading::TellBelow(const XmlNode& element, const std::vector<XmlNames>& outerNames,
+                           FindingSink& findings) const {
+    // A copy: what lies below may ask for marks as well.
+    const XmlMarks::Mark mark = marks_->Of(element);
+    if (mark.isSkipped || mark.isTold)
+        return;
+    marks_->Of(element).isTold = element.Place().number != 0;
+    if (element.Place().number != 0)
+        TellOwn(element, mark, findings);
+    const std::vector<XmlNames>& names = mark.names.empty() ? outerNames : mark.names;
+    for (XmlNode child = element.FirstChild(); child; child = child.NextSibling()) {
+        if (!child.IsElement())
+            continue;
+        const XmlMarks::Mark& own = marks_->Of(child);
+        if (own.isRead || own.isSkipped || own.hasReadBelow)
+            TellBelow(child, names, findings);
+        else if (child.Place().number != 0 && !own.isTold)
+            TellElement(child, element, names, findings);
+    }
+}
+
+void XmlReading::TellOwn(const XmlNode& element, const XmlMarks::Mark& mark, FindingSink& findings) {
+    if (const UnreadText unread = FirstUnreadText(element, mark.isValue); unread.text)
+        findings.Take(
+            AtElement(Warning::ignoredText, element, UnreadTextReason(element, unread, mark.isValue)));
+    std::vector<std::string> unread;
+    for (std::string& name : element.WrittenAttributes()) {
+        const bool isRead = std::find(mark.attributes.begin(), mark.attributes.end(), UpperCase(name)) !=
+                            mark.attributes.end();
+        if (!IsForParsers(name) && !isRead)
+            unread.push_back(std::move(name));
+    }
+    if (unread.empty())
+        return;
+    std::string reason = unread.size() == 1 ? "attribute " : "attributes ";
+    for (std::size_t i = 0; i < unread.size(); ++i)
+        reason += (i == 0 ? "'" : ", '") + Excerpt(unread[i]) + "'";
+    reason += " of " + Tag(element) + (unread.size() == 1 ? " is not read" : " are not read");
+    const auto field = std::find_if(unread.begin(), unread.end(), [&](const std::string& name) {
+        return Knows(mark.names, UpperCase(name));
+    });
+    if (field != unread.end())
+        reason += ": write an element <" + UpperCase(*field) + ">";
+    else if (!mark.attributes.empty())
+        reason += DidYouMean(unread.front(), mark.attributes);
+    findings.Take(AtElement(Warning::ignoredAttribute, element, std::move(reason)));
+}
+
+void XmlReading::TellElement(const XmlNode& element, const XmlNode& parent,
+                             const std::vector<XmlNames>& names, FindingSink& findings) const {
+    marks_->Of(element).isTold = true;
+    std::string reason = Tag(element) + " is not read: ";
+    if (const auto why = marks_->reasons.find(element.Place().number); why != marks_->reasons.end()) {
+        findings.Take(AtElement(Warning::ignoredElement, element, reason + why->second));
+        return;
+    }
+    std::vector<std::string> candidates;
+    for (const XmlNames& list : names)
+        candidates.insert(candidates.end(), list.begin(), list.end());
+    reason +=
+        "no element of this name is asked for in " + Tag(parent) + DidYouMean(element.Name(), candidates);
+    findings.Take(AtElement(Warning::ignoredElement, element, std::move(reason)));
+}
+
+void XmlRecord::Keep(const XmlNode& element, std::string_view field) {
+    reading_.Value(element);
+    for (auto& [name, earlier] : fields_) {
+        if (name != field)
+            continue;
+        const std::string where = element.Line() > 0 ? " in line " + std::to_string(element.Line()) : "";
+        Tell(Warning::duplicateKey, earlier, field,
+             "<" + std::string(field) + "> stands again" + where + "; only the last one is read");
+        earlier = element;
+        return;
+    }
+    fields_.emplace_back(field, element);
+}
+
+XmlNode XmlRecord::Find(std::string_view field) const {
+    for (const auto& [name, element] : fields_)
+        if (name == field)
+            return element;
+    return {};
+}
+
+void XmlRecord::Tell(Warning warning, const XmlNode& element, std::string_view field, std::string reason) {
+    Finding finding = AtElement(warning, element, std::move(reason));
+    finding.context.record = title_;
+    finding.context.field = field;
+    finding.context.value = Excerpt(CTools().nodeTextValue(element));
+    findings_.Take(std::move(finding));
+}
+
+void XmlRecord::Integer(const XmlNode& element, std::string_view field, const Explain& explain,
+                        const NumberRules& rules) {
+    Keep(element, field);
+    const std::string text = CTools().nodeTextValue(element);
+    const double exact = rules.read(text);
+    const double rounded = std::nearbyint(exact);
+    if (!(rounded >= INT32_MIN && rounded <= INT32_MAX))
+        return;
+    if (rules.isNumber(text) && exact == rounded)
+        return;
+    const auto read = static_cast<std::int32_t>(rounded);
+    const std::string_view typed = Trim(text);
+    // That a text is not read is told as such.
+    if (typed.empty() && FirstUnreadText(element, true).text)
+        return;
+    Tell(Warning::notANumber, element, field,
+         NotANumber(typed, field, std::to_string(read), explain ? explain(typed, read) : std::string()));
+}
+
+void XmlRecord::Number(const XmlNode& element, std::string_view field) {
+    Keep(element, field);
+    const std::string text = CTools().nodeTextValue(element);
+    const std::string_view typed = Trim(text);
+    if (kDecimalNumbers.isNumber(text) || (typed.empty() && FirstUnreadText(element, true).text))
+        return;
+    Tell(Warning::notANumber, element, field,
+         NotANumber(typed, field, DoubleToText(kDecimalNumbers.read(text)), {}));
+}
+
+void XmlRecord::Text(const XmlNode& element, std::string_view field) {
+    Keep(element, field);
+}
+
+}  // namespace tovarek
