@@ -1,6 +1,6 @@
 // The creating operations: every result code from a real fault, limits of the format, failed writes.
-#include <chrono>
 #include <cmath>
+#include <ctime>
 #include <limits>
 
 #include "Fixtures.h"
@@ -351,7 +351,7 @@ TEST_F(Creating, DescriptionThatGrowsBeyondARecordIsRefusedOnTheWay) {
 
 TEST_F(Creating, FormatsLimitOf65535PerKindIsReachedInLinearTime) {
     OpenTypes();
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     for (int i = 1; i <= 65535; ++i) {
         const std::string name = std::to_string(i);
         ASSERT_EQ(types.CreateEnumeration("e" + name, number), 0);
@@ -367,7 +367,7 @@ TEST_F(Creating, FormatsLimitOf65535PerKindIsReachedInLinearTime) {
     types.RegisterConfigurationPropertyType(65536, 1, "00", "00", "FF");
     EXPECT_EQ(types.ResultCode(), 20);
     EXPECT_EQ(control.Save(), 23) << "the last type has no number";
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 60) << "seconds of its own, whatever else runs";
 }
 
 // Lets a number of calls pass, then the disk is full.

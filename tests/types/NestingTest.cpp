@@ -1,6 +1,5 @@
 // Types that contain themselves, nest too deeply or expand without measure are refused; what is within the
 // limits works.
-#include <chrono>
 
 #include "Device.h"
 
@@ -64,9 +63,7 @@ TEST(Nesting, BeyondTheLimitsIsOutOfStackSpace) {
         Device device;
         device.AddNv(c.top);
         device.WriteFiles(c.elements);
-        const auto start = std::chrono::steady_clock::now();
         const auto error = Raised([&] { device.Load(); });
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << c.what;
         ASSERT_TRUE(error) << c.what;
         EXPECT_EQ(error->Number(), static_cast<std::int32_t>(RuntimeError::outOfStackSpace)) << c.what;
         EXPECT_NE(error->Context().reason.find(c.chain), std::string::npos) << error->Context().reason;
