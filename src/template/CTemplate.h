@@ -18,6 +18,7 @@ namespace tovarek {
 struct TemplateSource;
 class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
+class XmlReading;  // support/XmlReading.h
 
 struct CTag {
     std::string name;
@@ -96,6 +97,7 @@ class CTemplate {
     void LoadTemplateFromIni(FindingSink& findings);
     void LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings);
     void TellIniReadings(IniReading& ini, FindingSink& findings) const;
+    void TellXmlReadings(XmlReading& reading, FindingSink& findings) const;
 
     void VerifyTemplate(FindingSink& findings);
     // `isCatalogMissed`: that no catalog is open was told.

@@ -43,13 +43,26 @@ inline constexpr const char* kTooManyEntries =
 // The one field whose XML form is a word: "INPUT" is 0, everything else 1.
 inline constexpr std::string_view kDirectionElement = "DIRECTION";
 
-// The elements of an XML template that its loader saw: those of the template's own fields, and those that
-// are records.
+// The lists of an XML template.
+inline constexpr std::string_view kTemplateLists[] = {"NVS", "CPS", "TAGS"};
+
+// The elements of an XML template that its loader saw: those outside of every list, and those that are
+// records. `fields` are the ones among them and below them that are fields, by their names in the tables; of
+// a record its number in its list, from 0, tells them.
 struct TemplateElements {
+    struct Field {
+        std::size_t record = 0;
+        std::string_view name;
+        XmlNode element;
+    };
     std::vector<XmlNode> own;
     std::vector<XmlNode> nvs;
     std::vector<XmlNode> tags;
     std::vector<XmlNode> cps;
+    std::vector<Field> ownFields;
+    std::vector<Field> nvFields;
+    std::vector<Field> tagFields;
+    std::vector<Field> cpFields;
 };
 TemplateElements ElementsOfTemplate(const XmlNode& node);
 
@@ -63,6 +76,7 @@ struct RecordNames<CNv> {
     static constexpr std::string_view iniPrefix = "nv";
     static constexpr auto count = &CTemplate::numberStaticNvs;
     static constexpr auto elements = &TemplateElements::nvs;
+    static constexpr auto fields = &TemplateElements::nvFields;
     static std::span<const RecordField<CNv>> Fields() { return NvFields(); }
 };
 template <>
@@ -71,6 +85,7 @@ struct RecordNames<CTag> {
     static constexpr std::string_view iniPrefix = "tag";
     static constexpr auto count = &CTemplate::numberOfMessageTags;
     static constexpr auto elements = &TemplateElements::tags;
+    static constexpr auto fields = &TemplateElements::tagFields;
     static std::span<const RecordField<CTag>> Fields() { return TagFields(); }
 };
 template <>
@@ -79,6 +94,7 @@ struct RecordNames<CCp> {
     static constexpr std::string_view iniPrefix = "cp";
     static constexpr auto count = &CTemplate::numberOfCps;
     static constexpr auto elements = &TemplateElements::cps;
+    static constexpr auto fields = &TemplateElements::cpFields;
     static std::span<const RecordField<CCp>> Fields() { return CpFields(); }
 };
 

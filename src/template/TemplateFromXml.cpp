@@ -51,6 +51,8 @@ class XmlTemplateLoader {
         for (const TemplateField& field : TemplateFields()) {
             if (field.xmlName.empty() || field.xmlName != name)
                 continue;
+            if (elements_ != nullptr)
+                elements_->ownFields.push_back({0, field.xmlName, element});
             if (field.text == &CTemplate::userTypeFile)
                 template_.userTypeFile = TrimBlanks(tools_.nodeTextValue(element));
             else if (field.text != nullptr)
@@ -96,6 +98,8 @@ class XmlTemplateLoader {
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.xmlName.empty() || field.xmlName != name)
                 continue;
+            if (elements_ != nullptr)
+                (elements_->*RecordNames<Record>::fields).push_back({position, field.xmlName, element});
             if (field.text != nullptr)
                 record.*field.text = tools_.nodeTextValue(element);
             else if (field.xmlName == kDirectionElement)

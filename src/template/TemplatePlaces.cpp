@@ -7,9 +7,6 @@
 namespace tovarek {
 namespace {
 
-// Names that open a list of an XML template.
-constexpr std::string_view kLists[] = {"NVS", "CPS", "TAGS"};
-
 // True for "nv7", with `prefix` "nv": a number from 1 without leading zeros.
 bool IsNumbered(std::string_view section, std::string_view prefix) {
     if (section.size() <= prefix.size() || !CaselessEqual()(section.substr(0, prefix.size()), prefix))
@@ -56,7 +53,7 @@ InputPlace TemplatePlaces::PlaceOf(const TemplateField& field, const std::string
     // Records are counted, not declared.
     if (field.xmlName.empty())
         return {.file = node.File(), .line = node.Line(), .typed = value};
-    names.assign(std::begin(kLists), std::end(kLists));
+    names.assign(std::begin(kTemplateLists), std::end(kTemplateLists));
     for (const TemplateField& other : TemplateFields())
         names.push_back(other.xmlName);
     return FindXmlPlace(node, source_.Source().elements.own, field.xmlName, OneOf(names));

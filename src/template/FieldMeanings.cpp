@@ -1,0 +1,92 @@
+#include "template/FieldMeanings.h"
+
+#include <vector>
+
+#include "base/Nearest.h"
+#include "base/Text.h"
+#include "control/StandardCatalog.h"
+
+namespace tovarek {
+namespace {
+
+// What a number of a field means, and the words that people write in its place.
+struct Meaning {
+    std::string_view iniKey;
+    std::int32_t value;
+    std::string_view meaning;
+    std::string_view words;  // in capitals, each with blanks around it
+};
+constexpr Meaning kMeanings[] = {
+    {"direction", 0, "an input", " INPUT IN "},
+    {"direction", 1, "an output", " OUTPUT OUT "},
+    {"defaultService", 0, "acknowledged", " ACKNOWLEDGED ACKD ACK "},
+    {"defaultService", 1, "repeated", " REPEATED UNACKD_RPT RPT "},
+    {"defaultService", 2, "unacknowledged", " UNACKNOWLEDGED UNACKD UNACK "},
+    {"type", 0, "a user type", ""},
+};
+// Of every other field.
+constexpr Meaning kFlags[] = {
+    {"", 0, "", " NO FALSE OFF "},
+    {"", 1, "", " YES TRUE ON "},
+};
+
+std::string Mend(const FieldName& field, std::int32_t value) {
+    if (field.xmlName.empty())
+        return "write " + std::string(field.iniKey) + "=" + std::to_string(value);
+    const std::string name(field.xmlName);
+    return "write <" + name + ">" + std::to_string(value) + "</" + name + ">";
+}
+
+// The standard type that a word means.
+std::string TypeMend(const CCatalog* catalog, const FieldName& field, std::string_view typed) {
+    const StandardCatalog* const standard = catalog == nullptr ? nullptr : catalog->types.Catalog();
+    if (standard == nullptr)
+        return {};
+    std::vector<std::string> names;
+    for (const CatalogEntry& entry : standard->NvTypes())
+        names.push_back(entry.name);
+    const std::string name = Nearest(typed, names);
+    if (name.empty())
+        return {};
+    const std::int32_t number = standard->NvIndex(name);
+    return name + " is " + std::to_string(number) + ": " + Mend(field, number);
+}
+
+std::string WordMend(const FieldName& field, std::string_view typed, bool hasMeanings) {
+    const std::string word = " " + UpperCase(typed) + " ";
+    for (const Meaning& row : kMeanings)
+        if (row.iniKey == field.iniKey && row.words.find(word) != std::string_view::npos)
+            return "for " + std::string(row.meaning) + " " + Mend(field, row.value);
+    for (const Meaning& row : kFlags)
+        if (!hasMeanings && row.words.find(word) != std::string_view::npos)
+            return Mend(field, row.value);
+    return {};
+}
+
+}  // namespace
+
+std::string ExplainNumber(const CCatalog* catalog, const FieldName& field, std::string_view typed,
+                          std::int32_t read) {
+    std::string meaning;
+    bool hasMeanings = false;
+    for (const Meaning& row : kMeanings) {
+        hasMeanings = hasMeanings || row.iniKey == field.iniKey;
+        if (row.iniKey == field.iniKey && row.value == read)
+            meaning = row.meaning;
+    }
+    std::string mend;
+    if (!typed.empty())
+        mend = field.iniKey == "type" ? TypeMend(catalog, field, typed) : WordMend(field, typed, hasMeanings);
+    return mend.empty() || meaning.empty() ? meaning + mend : meaning + "; " + mend;
+}
+
+std::string_view DirectionMeant(std::string_view typed) {
+    const std::string word = " " + UpperCase(typed) + " ";
+    for (const Meaning& row : kMeanings)
+        if (row.iniKey == "direction" &&
+            (typed == std::to_string(row.value) || row.words.find(word) != std::string_view::npos))
+            return row.value == 0 ? "INPUT" : "OUTPUT";
+    return {};
+}
+
+}  // namespace tovarek

@@ -1,0 +1,125 @@
+// What of a template in XML form is read otherwise than it was written.
+#include <algorithm>
+#include <string>
+
+#include "base/Text.h"
+#include "support/CTools.h"
+#include "support/Readings.h"
+#include "template/FieldMeanings.h"
+#include "template/TemplatePlaces.h"
+
+namespace tovarek {
+namespace {
+
+// The names of a table's elements.
+template <class Field>
+std::vector<std::string_view> XmlNamesOf(std::span<const Field> fields) {
+    std::vector<std::string_view> names;
+    for (const Field& field : fields)
+        if (!field.xmlName.empty())
+            names.push_back(field.xmlName);
+    return names;
+}
+
+template <class Record>
+XmlNames RecordXmlNames() {
+    static const std::vector<std::string_view> names = XmlNamesOf(RecordNames<Record>::Fields());
+    return names;
+}
+
+XmlNames TemplateXmlNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> all = XmlNamesOf(TemplateFields());
+        all.insert(all.end(), std::begin(kTemplateLists), std::end(kTemplateLists));
+        return all;
+    }();
+    return names;
+}
+
+template <class Record>
+std::string_view IniKeyOf(std::string_view xmlName) {
+    for (const RecordField<Record>& field : RecordNames<Record>::Fields())
+        if (field.xmlName == xmlName)
+            return field.iniKey;
+    return {};
+}
+
+template <class Field>
+bool IsText(std::span<const Field> fields, std::string_view name) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](const Field& field) { return field.xmlName == name && field.text != nullptr; });
+}
+
+// A direction is a word of two; whatever is not the one counts as the other.
+void TellDirection(const XmlNode& element, XmlRecord& record) {
+    const std::string text = CTools().nodeTextValue(element);
+    record.Text(element, kDirectionElement);
+    const std::string word = UpperCase(Trim(text));
+    const bool isInput = UpperCase(text) == "INPUT";
+    if (isInput || word == "OUTPUT" || (text.empty() && element.FirstChild()))
+        return;
+    std::string reason = text.empty() ? std::string(kDirectionElement) + " has no value"
+                                      : "\"" + Excerpt(text) + "\" is neither INPUT nor OUTPUT";
+    reason += "; it is read as an output";
+    if (word == "INPUT")
+        reason += ", because of the white space around it";
+    else if (const std::string_view meant = DirectionMeant(word); !meant.empty())
+        reason += ": write " + std::string(meant);
+    record.Tell(Warning::notANumber, element, kDirectionElement, std::move(reason));
+}
+
+void TellMissing(const CNv& /*nv*/, const XmlNode& element, XmlRecord& record) {
+    if (!record.Find(kDirectionElement))
+        record.Tell(Warning::missingValue, element, kDirectionElement,
+                    "<" + Excerpt(element.Name()) +
+                        "> has no DIRECTION and is read as an input: write INPUT or OUTPUT");
+}
+void TellMissing(const CTag& /*tag*/, const XmlNode& /*element*/, const XmlRecord& /*record*/) {}
+void TellMissing(const CCp& /*cp*/, const XmlNode& /*element*/, const XmlRecord& /*record*/) {}
+
+template <class Record>
+void TellRecords(const std::vector<Record>& records, const TemplateElements& all, const CCatalog* catalog,
+                 XmlReading& reading, FindingSink& findings) {
+    const std::vector<TemplateElements::Field>& fields = all.*RecordNames<Record>::fields;
+    const std::vector<XmlNode>& elements = all.*RecordNames<Record>::elements;
+    auto field = fields.begin();
+    for (std::size_t i = 0; i < elements.size() && i < records.size(); ++i) {
+        reading.Structure(elements[i], RecordXmlNames<Record>());
+        XmlRecord record(reading, findings, RecordTitle(records[i], i));
+        for (; field != fields.end() && field->record == i; ++field) {
+            if (field->name == kDirectionElement)
+                TellDirection(field->element, record);
+            else if (IsText(RecordNames<Record>::Fields(), field->name))
+                record.Text(field->element, field->name);
+            else
+                record.Integer(field->element, field->name, [&](std::string_view typed, std::int32_t read) {
+                    return ExplainNumber(catalog, {IniKeyOf<Record>(field->name), field->name}, typed, read);
+                });
+        }
+        TellMissing(records[i], elements[i], record);
+    }
+}
+
+}  // namespace
+
+void CTemplate::TellXmlReadings(XmlReading& reading, FindingSink& findings) const {
+    const TemplateElements& elements = Source().elements;
+    reading.Structure(reading.Root(), TemplateXmlNames());
+    for (const XmlNode& element : elements.own) {
+        const std::string name = UpperCase(element.Name());
+        if (std::find(std::begin(kTemplateLists), std::end(kTemplateLists), name) != std::end(kTemplateLists))
+            reading.Structure(element);
+    }
+    XmlRecord record(reading, findings, "template");
+    for (const TemplateElements::Field& field : elements.ownFields) {
+        if (IsText(TemplateFields(), field.name))
+            record.Text(field.element, field.name);
+        else
+            record.Integer(field.element, field.name);
+    }
+    TellRecords(nvs, elements, catalog, reading, findings);
+    TellRecords(tags, elements, catalog, reading, findings);
+    TellRecords(cps, elements, catalog, reading, findings);
+}
+
+}  // namespace tovarek
