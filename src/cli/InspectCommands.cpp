@@ -1,5 +1,6 @@
 #include "cli/InspectCommands.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "base/Text.h"
@@ -105,11 +106,20 @@ void WriteDifferences(const std::vector<Difference>& differences, InspectNode pr
     }
 }
 
-// Of a file that is of no kind the hint says what else it is.
-int ReportUnshown(Error& error, OutputFormat format, Streams streams) {
-    if (error.Number() == eQVXIFerr_QVX_editResult_erroropenfile)
-        if (const std::string hint = InputHint(ReadFile(error.Context().file)); !hint.empty())
+// Enough of a file to tell which input it is.
+constexpr std::uint64_t kHintBytes = std::uint64_t{64} * 1024;
+
+// Of a file that is of no kind the hint says what else it is, of a damaged one among `files` how it can be
+// seen.
+int ReportUnshown(Error& error, const std::vector<std::string>& files, OutputFormat format, Streams streams) {
+    const ErrorContext& context = error.Context();
+    const bool isShown = std::find(files.begin(), files.end(), context.file) != files.end();
+    if (error.Number() == eQVXIFerr_QVX_editResult_erroropenfile && context.record.empty()) {
+        if (const std::string hint = InputHint(ReadFile(context.file, kHintBytes)); !hint.empty())
             error.AddReason(hint);
+    } else if (isShown && !context.record.empty()) {
+        error.AddReason("'tovarek dump --bytes' shows what can be read of it");
+    }
     return ReportError(error, format, streams);
 }
 
@@ -130,7 +140,8 @@ int RunDump(const std::string& path, const DumpOptions& options, Streams streams
             streams.out << TreeText(inspection.tree);
         return kDone;
     } catch (Error& error) {
-        return ReportUnshown(error, options.format, streams);
+        return ReportUnshown(error, options.bytes ? std::vector<std::string>() : std::vector{path},
+                             options.format, streams);
     }
 }
 
@@ -148,7 +159,7 @@ int RunDiff(const std::string& before, const std::string& after, OutputFormat fo
         return differences.empty() ? kDone : kDifferent;
     } catch (Error& error) {
         // Not kFailed, which here tells of differences.
-        ReportUnshown(error, format, streams);
+        ReportUnshown(error, {before, after}, format, streams);
         return kWrongUse;
     }
 }

@@ -21,7 +21,7 @@ void WriteFields(const std::string& id, std::ostream& out) {
     out << "in XIF files: " << ProgramIdPairs(id) << '\n';
     if (!IsStandardProgramId(id)) {
         out << "format: " << id.front()
-            << ", no standard program ID (8 or 9): its other digits have no fields\n";
+            << ", not that of a standard program ID (8 or 9): the other digits are not split\n";
         return;
     }
     for (const ProgramIdField& field : kProgramIdFields)
@@ -33,7 +33,7 @@ int Split(const std::string& text, OutputFormat format, Streams streams) {
     if (!id)
         return ReportWrongUse(
             "'" + Excerpt(text) +
-                "' is no program ID: give 16 hexadecimal digits, such as 9FFFFF5014030401, or "
+                "' is not a program ID: give 16 hexadecimal digits, such as 9FFFFF5014030401, or "
                 "eight pairs of them joined by ':'",
             format, streams);
     if (format == OutputFormat::json)
@@ -45,8 +45,8 @@ int Split(const std::string& text, OutputFormat format, Streams streams) {
 
 // What is wrong with a field that was typed as `text`.
 std::string FieldFault(const ProgramIdField& field, const std::string& text) {
-    return "--" + std::string(field.name) + " '" + Excerpt(text) + "' is no " + std::string(field.name) +
-           ": give up to " + std::to_string(field.digits) + " hexadecimal digits";
+    return "--" + std::string(field.name) + " '" + Excerpt(text) + "' does not fit: give up to " +
+           std::to_string(field.digits) + " hexadecimal digits";
 }
 
 }  // namespace

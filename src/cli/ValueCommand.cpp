@@ -238,7 +238,7 @@ int RunValueDecode(const ValueOptions& options, OutputFormat format, Streams str
     const std::optional<std::string> bytes = FromHex(digits);
     if (!bytes)
         return ReportWrongUse(
-            "'" + Excerpt(digits) + "' are no bytes: give two hexadecimal digits each, such as 0258", format,
+            "'" + Excerpt(digits) + "' are not bytes: give two hexadecimal digits each, such as 0258", format,
             streams);
     return WithType(options, format, streams, [&](const ValueType& type, const ResourceNames& names) {
         DecodedValue value;

@@ -14,10 +14,16 @@ namespace {
 Outcome CheckScaling(const NumberRange& range, TypeDescription& type) {
     for (const auto& [value, place] : {std::pair{range.a, &type.a}, {range.b, &type.b}, {range.c, &type.c}}) {
         if (value < -32768 || value > 32767)
-            return Failure(resultErrorSettingDetails, "the scaling's A, B and C are -32768 to 32767");
+            return Failure(resultErrorSettingDetails,
+                           "the factors A, B and C of a number are -32768 to 32767");
         *place = static_cast<std::int16_t>(value);
     }
     return {};
+}
+
+std::string RawRange(const TypeDescription& type) {
+    return std::to_string(SmallestRaw(type)) + " to " + std::to_string(LargestRaw(type)) +
+           ", which numbers of this kind hold";
 }
 
 // Takes limits over into a number; one that is not given is the kind's own.
@@ -27,11 +33,11 @@ Outcome SetLimits(std::optional<std::int32_t> minimum, std::optional<std::int32_
     type.maximum = maximum ? std::int64_t{*maximum} : LargestRaw(type);
     if (type.minimum < SmallestRaw(type) || type.minimum > LargestRaw(type)) {
         return Failure(resultBadMinimum,
-                       "the raw minimum " + std::to_string(type.minimum) + " is outside its kind");
+                       "the raw minimum " + std::to_string(type.minimum) + " is not " + RawRange(type));
     }
     if (type.maximum < SmallestRaw(type) || type.maximum > LargestRaw(type)) {
         return Failure(resultBadMaximum,
-                       "the raw maximum " + std::to_string(type.maximum) + " is outside its kind");
+                       "the raw maximum " + std::to_string(type.maximum) + " is not " + RawRange(type));
     }
     if (type.minimum > type.maximum)
         return Failure(resultBadMinimum, "the minimum is greater than the maximum");
@@ -262,8 +268,9 @@ std::int32_t QVxTypes::DescribeReference(const TypeElement& element, std::int32_
         if (standardIndex < 1 || standardIndex > 65535)
             return Failure(resultBadParam, "the index of a standard type is 1 to 65535");
         if (size < 1 || size > 255) {
-            return Failure(resultBadParam, "standard type " + std::to_string(standardIndex) +
-                                               " has no size of 1 to 255 bytes");
+            return Failure(resultBadParam, "the catalog has no standard type " +
+                                               std::to_string(standardIndex) +
+                                               " with a size of 1 to 255 bytes");
         }
         type.target = {0, static_cast<std::uint16_t>(standardIndex)};
         type.referencedSize = static_cast<std::uint8_t>(size);
@@ -331,9 +338,9 @@ std::int32_t QVxTypes::DescribeFloat(const TypeElement& element, std::optional<d
     return impl_->Describe(element, TypeKind::floatingPoint, [&](TypeDescription& type) -> Outcome {
         type = NumberOfKind(TypeKind::floatingPoint);
         if (minimum && !ToFloat(*minimum, type.floatMinimum))
-            return Failure(resultBadMinimum, "the minimum is not a single-precision number");
+            return Failure(resultBadMinimum, "the minimum is too large for a single-precision number");
         if (maximum && !ToFloat(*maximum, type.floatMaximum))
-            return Failure(resultBadMaximum, "the maximum is not a single-precision number");
+            return Failure(resultBadMaximum, "the maximum is too large for a single-precision number");
         if (type.floatMinimum > type.floatMaximum)
             return Failure(resultBadMinimum, "the minimum is greater than the maximum");
         return {};

@@ -81,7 +81,8 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         return Failure(resultErrorOpenFile, std::move(fault));
     if (request.majorVersion < 0 || request.majorVersion > 65535 || request.minorVersion < 0 ||
         request.minorVersion > 255)
-        return Failure(resultErrorSettingVersion, "versions are 0 to 65535 and 0 to 255");
+        return Failure(resultErrorSettingVersion,
+                       "the major version is 0 to 65535, the minor version 0 to 255");
     if (request.kind == ResourceKind::language && LanguageOfLocale(request.localeId).empty())
         return Failure(resultErrorSettingLocale,
                        "no language is known for locale " + std::to_string(request.localeId) +
@@ -91,7 +92,7 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
     for (const std::string* text : {&request.creator, &request.phone, &request.email, &request.webPage}) {
         if (HasControlCharacter(*text)) {
             return Failure(resultErrorSettingInformation,
-                           "creator, phone, e-mail and web page are single lines");
+                           "creator, phone, e-mail and web page are single lines without control characters");
         }
     }
     const std::string contact = ContactText(request.creator, request.phone, request.email);

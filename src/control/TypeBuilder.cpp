@@ -98,7 +98,7 @@ Outcome TypeBuilder::AddStructure(const TypeElement& element, TypeKind kind, std
         return Failure(resultErrorSettingNumMembers, "a structure or union has 1 to 65535 members");
     const int depth = Depth() + (element.arraySize > 0 ? 2 : 1);
     if (depth + 2 > kDeepestNesting)  // a member may be an array of texts
-        return Failure(resultErrorSettingNumMembers, "structures are nested too deeply");
+        return Failure(resultErrorSettingNumMembers, "structures and unions are nested too deeply");
     if (Outcome check = CheckElement(element); !check.Ok())
         return check;
     TypeDescription type;

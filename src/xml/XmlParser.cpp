@@ -5,6 +5,8 @@
 #include <climits>
 #include <deque>
 #include <memory>
+#include <string_view>
+#include <utility>
 
 #include "base/Text.h"
 #include "system/Files.h"
@@ -120,12 +122,52 @@ Weight WeightOf(const xmlError& error) {
     return error.domain == XML_FROM_VALID || error.domain == XML_FROM_DTD ? Weight::invalid : Weight::notice;
 }
 
+// What the library tells in words of its own trade, told with what to write. By the beginning of its text; a
+// text that is not here is shown as it is.
+constexpr std::pair<std::string_view, const char*> kPlainReasons[] = {
+    {"xmlParseEntityRef: no name", "in a text '&' is written &amp;"},
+    {"EntityRef: expecting ';'", "behind '&' and a name stands ';'; for the character itself write &amp;"},
+    {"StartTag: invalid element name",
+     "behind '<' stands the name of an element; for the character itself write &lt;"},
+    {"AttValue: \" or ' expected", "the value of an attribute stands in quotation marks"},
+    {"AttValue: ' expected", "the second quotation mark of an attribute's value is missing"},
+    {"attributes construct error", "a blank is missing in front of an attribute"},
+    {"Specification mandates value", "an attribute has a value: NAME=\"VALUE\""},
+    {"Unescaped '<' not allowed",
+     "in the value of an attribute '<' is written &lt;; is its second quotation mark missing?"},
+    {"Extra content at the end", "a document ends with its root element, and something stands behind it"},
+    {"Start tag expected", "not an XML document: an element in '<' and '>' is expected here"},
+    {"Document is empty", "not an XML document: the file is empty"},
+    {"PCDATA invalid Char", "a text has a control character, which XML does not allow"},
+    {"expected '>'", "a '>' is missing"},
+    {"Couldn't find end of Start Tag", "a '>' is missing at the end of a tag"},
+    {"String not started", "a quotation mark is missing in front of a value"},
+    {"parsing XML declaration: '?>' expected", "the XML declaration ends with '?>'"},
+};
+
+std::string ReasonOf(const xmlError& error) {
+    const auto text = [](const char* part) { return std::string(part != nullptr ? part : ""); };
+    if (error.code == XML_ERR_TAG_NAME_MISMATCH)
+        return "<" + text(error.str1) + "> in line " + std::to_string(error.int1) + " is closed with </" +
+               text(error.str2) + ">";
+    if (error.code == XML_ERR_TAG_NOT_FINISHED)
+        return "the file ends before <" + text(error.str1) + "> in line " + std::to_string(error.int1) +
+               " is closed";
+    const std::string reason = text(error.message);
+    for (const auto& [beginning, plain] : kPlainReasons)
+        if (reason.starts_with(beginning))
+            return plain;
+    if (error.code == XML_ERR_UNDECLARED_ENTITY)
+        return "XML does not know '&" + text(error.str1) + ";': write the character itself";
+    return reason.empty() ? "not an XML document" : reason;
+}
+
 void NoteError(void* context, xmlErrorPtr error) {
     Load& load = *static_cast<Load*>(context);
     load.Guarded([&] {
         if (error->code == XML_ERR_NO_MEMORY)
             throw std::bad_alloc();
-        std::string reason = error->message != nullptr ? error->message : "not an XML document";
+        std::string reason = ReasonOf(*error);
         // The document has no name for the library, only a DTD file has.
         const bool isInDtd = error->file != nullptr;
         const bool isInEntity = error->ctxt != nullptr && error->ctxt != load.parser;

@@ -251,9 +251,25 @@ TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
         {"\n\n<!DOCTYPE t SYSTEM 'latin.dtd'><t/>", "line 2: the bytes 0x81", 3},
         {type + "<!ENTITY e '\n\n<v/>'>]>\n<t>&e;</t>", "No declaration for element v", 4},
         {type + "<!ENTITY e '<v>\n\n'>]>\n<t>&e;</t>", "v", 4},
-        {"<a><n:b/>\n<t>\n</a>", "mismatch", 3},
-        {"<a xml:id='1 2'>\n<t>\n</a>", "mismatch", 3},
-        {"<a xmlns:xml='urn:x'>\n<t>\n</a>", "mismatch", 3},
+        {"<a><n:b/>\n<t>\n</a>", "<t> in line 2 is closed with </a>", 3},
+        {"<a xml:id='1 2'>\n<t>\n</a>", "<t> in line 2 is closed with </a>", 3},
+        {"<a xmlns:xml='urn:x'>\n<t>\n</a>", "<t> in line 2 is closed with </a>", 3},
+        // In plain words, with what to write.
+        {"<a>\nx & y</a>", "in a text '&' is written &amp;", 2},
+        {"<a>\nx &y </a>", "behind '&' and a name stands ';'", 2},
+        {"<a>\n&nbsp;</a>", "XML does not know '&nbsp;': write the character itself", 2},
+        {"<a>1 < 2</a>", "behind '<' stands the name of an element", 1},
+        {"<a b=1/>", "stands in quotation marks", 1},
+        {"<a b='1/>", "quotation mark", 1},
+        {"<a b='1'c='2'/>", "a blank is missing", 1},
+        {"<a b/>", "NAME=\"VALUE\"", 1},
+        {"<a/>\n<b/>", "something stands behind it", 2},
+        {"{}", "an element in '<' and '>' is expected here", 1},
+        {"<a>\x01</a>", "a control character", 1},
+        {"<a\n", "a '>' is missing", 2},
+        {"<a></a\n", "a '>' is missing", 2},
+        {"<?xml version=1.0?><a/>", "a quotation mark is missing", 1},
+        {"<a>\n<b>\n", "the file ends before <b> in line 2 is closed", 3},
     };
     scratch.File("bad.dtd", "<!ELEMENT t EMPTY>\r\n\r<!ELEMENT>");
     scratch.File("latin.dtd", "<?xml version='1.0' encoding='windows-1250'?>\r\n<!--\x81-->");
