@@ -13,13 +13,9 @@ namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
-// The text as the loaders of its kind see it.
-std::string TextOf(const std::string& bytes, bool isXml) {
+bool LooksLikeJson(const std::string& bytes) {
     const std::size_t first = bytes.find_first_not_of(kWhiteSpace);
-    const bool isJson = first != std::string::npos && bytes[first] == '{';
-    if (isXml)
-        return XmlText(bytes);
-    return isJson ? bytes : DecodeIni(bytes);
+    return first != std::string::npos && bytes[first] == '{';
 }
 
 bool LooksLikeXml(std::string_view bytes) {
@@ -87,6 +83,12 @@ LinePlace XmlPlace(std::string_view line, const Finding& finding) {
     return Piece(line, any, std::min(line.find('>', any), line.size() - 1) - any + 1);
 }
 
+LinePlace JsonPlace(std::string_view line, const Finding& finding) {
+    const std::string key = '"' + finding.context.field + '"';
+    const std::size_t start = line.find(key);
+    return start == std::string_view::npos ? Whole(line) : Piece(line, start, key.size());
+}
+
 }  // namespace
 
 const SourceLines::File& SourceLines::Read(const std::string& file) {
@@ -95,8 +97,12 @@ const SourceLines::File& SourceLines::Read(const std::string& file) {
         return place->second;
     try {
         const std::string bytes = ReadFile(file);
-        place->second.isXml = LooksLikeXml(bytes);
-        const std::string text = TextOf(bytes, place->second.isXml);
+        Kind& kind = place->second.kind;
+        kind = LooksLikeXml(bytes) ? Kind::xml : LooksLikeJson(bytes) ? Kind::json : Kind::ini;
+        // As the loaders of its kind see it.
+        const std::string text = kind == Kind::xml    ? XmlText(bytes)
+                                 : kind == Kind::json ? bytes
+                                                      : DecodeIni(bytes);
         for (std::string_view rest = text; !rest.empty();)
             place->second.lines.emplace_back(TakeLine(rest));
     } catch (const Error&) {
@@ -121,7 +127,15 @@ LinePlace SourceLines::PlaceOf(const Finding& finding) {
         return {finding.column, std::max(finding.width, 1)};
     if (line.empty())
         return {};
-    return Read(finding.context.file).isXml ? XmlPlace(line, finding) : IniPlace(line, finding);
+    switch (Read(finding.context.file).kind) {
+        case Kind::xml:
+            return XmlPlace(line, finding);
+        case Kind::json:
+            return JsonPlace(line, finding);
+        case Kind::ini:
+            break;
+    }
+    return IniPlace(line, finding);
 }
 
 }  // namespace tovarek

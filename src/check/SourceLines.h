@@ -22,12 +22,13 @@ class SourceLines {
     const std::string& Line(const std::string& file, int number);
 
     // Where the finding lies in its line: in an INI file the value, the key or the whole line, in an XML file
-    // the start tag of the element that the field names.
+    // the start tag of the element that the field names, in a job the key.
     LinePlace PlaceOf(const Finding& finding);
 
   private:
+    enum class Kind { ini, xml, json };
     struct File {
-        bool isXml = false;
+        Kind kind = Kind::ini;
         std::vector<std::string> lines;
     };
     const File& Read(const std::string& file);

@@ -160,13 +160,19 @@ std::string ReadJobFile(const std::string& path) {
     }
 }
 
-// ", line 14" where the key stands; empty where it is written otherwise than it reads.
-std::string LineOfKey(const std::string& bytes, const std::string& key) {
-    const std::size_t found = bytes.find('"' + key + '"');
-    if (found == std::string::npos)
-        return {};
-    const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(found);
-    return ", line " + std::to_string(1 + std::count(bytes.begin(), end, '\n'));
+// The line of a key of a job, which holds no other of its name; 0 for one that is written with escapes.
+int LineOfKey(const std::string& bytes, const std::string& name) {
+    const std::string quoted = '"' + name + '"';
+    for (std::size_t at = bytes.find(quoted); at != std::string::npos; at = bytes.find(quoted, at + 1)) {
+        const std::size_t next = bytes.find_first_not_of(kWhiteSpace, at + quoted.size());
+        if (next == std::string::npos || bytes[next] != ':')
+            continue;
+        int line = 0;
+        for (std::string_view rest = bytes; bytes.size() - rest.size() <= at; ++line)
+            TakeLine(rest);
+        return line;
+    }
+    return 0;
 }
 
 // The job as one JSON object, keys in the order of the file. The same key twice is refused: which one acts
@@ -204,32 +210,38 @@ Json ReadJob(const std::string& path, const std::string& bytes) {
 
 }  // namespace
 
-void AssignText(Tovarek& component, const std::string& name, const std::string& text) {
+SetProperty AssignText(Tovarek& component, const std::string& name, const std::string& text) {
     const Property& property = PropertyOf(name);
     property.set(component, ValueOfText(property, text));
+    return {.name = name, .isEmpty = text.empty()};
 }
 
-void AssignPair(Tovarek& component, const std::string& pair) {
+SetProperty AssignPair(Tovarek& component, const std::string& pair) {
     const std::size_t equals = pair.find('=');
     if (equals == std::string::npos)
         throw WrongUse("'" + Excerpt(pair) + "' has no '='; give NAME=VALUE, such as localeID=1033");
-    AssignText(component, pair.substr(0, equals), pair.substr(equals + 1));
+    return AssignText(component, pair.substr(0, equals), pair.substr(equals + 1));
 }
 
-void AssignJob(Tovarek& component, const std::string& path) {
+std::vector<SetProperty> AssignJob(Tovarek& component, const std::string& path, FindingSink& findings) {
     const std::string bytes = ReadJobFile(path);
     const Json job = ReadJob(path, bytes);
+    std::vector<SetProperty> set;
     for (const auto& [name, value] : job.items()) {
         // Tells editors what the keys mean.
         if (name == "$schema")
             continue;
+        const int line = LineOfKey(bytes, name);
         try {
             const Property& property = PropertyOf(name);
-            property.set(component, ValueOfJson(path, property, value));
+            TellingErrors(findings, [&] { property.set(component, ValueOfJson(path, property, value)); });
         } catch (const WrongUse& fault) {
-            throw WrongUse("job file '" + path + "'" + LineOfKey(bytes, name) + ": " + fault.what());
+            throw WrongUse("job file '" + path + "'" + (line > 0 ? ", line " + std::to_string(line) : "") +
+                           ": " + fault.what());
         }
+        set.push_back({name, path, line, value.is_string() && value.get<std::string>().empty()});
     }
+    return set;
 }
 
 }  // namespace tovarek

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ostream>
+#include <utility>
 
 #include "base/Nearest.h"
 #include "base/Text.h"
@@ -42,11 +43,12 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
              Streams streams) {
     Tovarek component;
     FindingList findings;
+    std::vector<SetProperty> set;
     bool inColor = false;
     try {
         RefuseUnknownNames(wishes.options.ignored);
         inColor = InColor(wishes.color, streams);
-        TellingErrors(findings, [&] { SetUp(component, settings); });
+        set = SetUp(component, settings, findings);
         TellingErrors(findings, [&] { UseShippedCatalog(component); });
         RefuseOverwriting(component.Files(), JobsOf(settings));
         TellingErrors(findings, [&] { component.Check(findings); });
@@ -54,7 +56,9 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     }
-    const std::vector<CheckedFinding> judged = Judge(findings.TakeAll(), wishes.options);
+    std::vector<Finding> all = findings.TakeAll();
+    PlaceInJobs(set, all);
+    const std::vector<CheckedFinding> judged = Judge(std::move(all), wishes.options);
     const auto errors = static_cast<std::size_t>(std::count_if(
         judged.begin(), judged.end(), [](const CheckedFinding& finding) { return finding.isError; }));
     const std::size_t warnings = judged.size() - errors;

@@ -1,5 +1,7 @@
 #include "cli/GenerateCommand.h"
 
+#include <utility>
+
 #include "check/Check.h"
 #include "cli/Assignments.h"
 #include "cli/JobSetup.h"
@@ -25,13 +27,18 @@ int RunGenerate(const std::vector<Setting>& settings, bool warns, OutputFormat f
     FindingList warnings;
     if (warns)
         component.SetWarnings(&warnings);
+    const CErrorHandler errorHandler;
+    RaisingSink sink(errorHandler, warns ? &warnings : nullptr);
+    std::vector<SetProperty> set;
     RunReport report{.format = format, .streams = streams};
     const auto finish = [&] {
         report.written = component.WrittenFiles();
-        report.warnings = Judge(warnings.TakeAll(), {});
+        std::vector<Finding> all = warnings.TakeAll();
+        PlaceInJobs(set, all);
+        report.warnings = Judge(std::move(all), {});
     };
     try {
-        SetUp(component, settings);
+        set = SetUp(component, settings, sink);
         UseShippedCatalog(component);
         const std::vector<std::string> jobs = JobsOf(settings);
         RefuseOverwriting(component.Files(), jobs);

@@ -1,8 +1,11 @@
 #include "cli/JobSetup.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "cli/Assignments.h"
 #include "cli/Locations.h"
@@ -12,17 +15,47 @@
 namespace tovarek {
 namespace {
 
-void Apply(Tovarek& component, const Setting& setting) {
+std::vector<SetProperty> Apply(Tovarek& component, const Setting& setting, FindingSink& findings) {
+    std::vector<SetProperty> set;
     switch (setting.kind) {
         case Setting::Kind::property:
-            AssignText(component, setting.name, setting.value);
+            TellingErrors(findings, [&] { set = {AssignText(component, setting.name, setting.value)}; });
             break;
         case Setting::Kind::pair:
-            AssignPair(component, setting.value);
+            TellingErrors(findings, [&] { set = {AssignPair(component, setting.value)}; });
             break;
         case Setting::Kind::job:
-            AssignJob(component, setting.value);
+            set = AssignJob(component, setting.value, findings);
             break;
+    }
+    return set;
+}
+
+// Of the sources in a row only the last one that is set counts.
+constexpr std::array<std::string_view, 4> kSources[] = {
+    {"iniProfileFile", "xmlProfileFile", "xifProfileFile", ""},
+    {"iniTemplateFile", "xmlTemplateFile", "xmlTemplateNode", ""},
+};
+
+// Two sources at one place, in a job or on the command line, are hardly meant; a command line that overrules
+// a job is.
+void TellOverruled(const std::vector<SetProperty>& set, FindingSink& findings) {
+    for (const auto& sources : kSources) {
+        const SetProperty* earlier = nullptr;
+        for (const SetProperty& property : set) {
+            if (property.isEmpty || std::find(sources.begin(), sources.end(), property.name) == sources.end())
+                continue;
+            if (earlier != nullptr && earlier->job == property.job && earlier->name != property.name)
+                findings.Take({.context = {.record = "property " + earlier->name,
+                                           .field = earlier->name,
+                                           .file = earlier->job,
+                                           .line = earlier->line,
+                                           .reason = earlier->name + " is not read: " + property.name +
+                                                     " behind it takes its place; give one of them"},
+                               .warning = Warning::overruledSource,
+                               .part = LinePart::name});
+            earlier = &property;
+        }
     }
 }
 
@@ -49,10 +82,26 @@ bool LacksCatalog(const Tovarek& component, const Error& error) {
 
 }  // namespace
 
-void SetUp(Tovarek& component, const std::vector<Setting>& settings) {
+std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& settings,
+                               FindingSink& findings) {
     TakeClockFromEnvironment(component);
+    std::vector<SetProperty> all;
     for (const Setting& setting : settings)
-        Apply(component, setting);
+        for (SetProperty& property : Apply(component, setting, findings))
+            all.push_back(std::move(property));
+    if (findings.WantsWarnings())
+        TellOverruled(all, findings);
+    return all;
+}
+
+void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings) {
+    for (Finding& finding : findings)
+        for (const SetProperty& property : set)
+            if (finding.context.file.empty() && finding.context.field == property.name && property.line > 0) {
+                finding.context.file = property.job;
+                finding.context.line = property.line;
+                finding.part = LinePart::name;
+            }
 }
 
 void UseShippedCatalog(Tovarek& component) {

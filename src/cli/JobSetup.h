@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "base/Error.h"
+#include "cli/Assignments.h"
 #include "component/Tovarek.h"
+#include "support/Findings.h"
 
 namespace tovarek {
 
@@ -17,9 +19,14 @@ struct Setting {
     std::string value;  // its value, "NAME=VALUE", or the path of the job file
 };
 
-// Sets the properties in order, and the clock when SOURCE_DATE_EPOCH fixes it. Throws WrongUse for what is no
-// property or no value of it; raises the errors of the setters.
-void SetUp(Tovarek& component, const std::vector<Setting>& settings);
+// Sets the properties in order, and the clock when SOURCE_DATE_EPOCH fixes it; answers what was set. Throws
+// WrongUse for what is no property or no value of it. What setters raise is told to `findings`, and so is a
+// source that another one overrules at once.
+std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& settings,
+                               FindingSink& findings);
+
+// Places the findings about properties in the job files that have set them.
+void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings);
 
 // A catalog property that was set, even in vain, is the user's word; only without one the shipped catalog
 // stands in.
