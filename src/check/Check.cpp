@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "base/ErrorTable.h"
@@ -52,11 +53,9 @@ std::string MessageOf(const Finding& finding) {
 }
 
 // Warnings that explain an error of the same record.
-bool Explains(const Finding& warning, const Finding& error) {
-    return (warning.warning == Warning::notANumber || warning.warning == Warning::overflowedNumber ||
-            warning.warning == Warning::missingValue || warning.warning == Warning::cutText) &&
-           !error.context.record.empty() && warning.context.record == error.context.record &&
-           warning.context.file == error.context.file;
+bool Explains(const Finding& warning) {
+    return warning.warning == Warning::notANumber || warning.warning == Warning::overflowedNumber ||
+           warning.warning == Warning::missingValue || warning.warning == Warning::cutText;
 }
 
 bool IsWanted(const Finding& finding, const CheckOptions& options) {
@@ -73,17 +72,16 @@ class Judgement {
         : findings_(std::move(findings)), options_(options) {}
 
     std::vector<CheckedFinding> Make() {
+        Index();
         std::vector<std::vector<CheckNote>> notes(findings_.size());
         std::vector<bool> isNote(findings_.size());
         for (std::size_t i = 0; i < findings_.size(); ++i) {
-            const std::size_t cause = CauseOf(findings_[i]);
-            isNote[i] = cause != findings_.size() && cause != i;
+            const auto cause = causes_.find(CauseKey(findings_[i], findings_[i].causeLine));
+            isNote[i] = findings_[i].causeLine > 0 && cause != causes_.end();
             if (isNote[i])
-                AddNote(notes[cause], findings_[i]);
+                AddNote(notes[cause->second], findings_[i]);
             else if (findings_[i].warning == Warning::none)
-                for (const Finding& other : findings_)
-                    if (Explains(other, findings_[i]))
-                        AddNote(notes[i], other);
+                AddExplanations(findings_[i], notes[i]);
         }
         std::vector<CheckedFinding> judged;
         for (std::size_t i = 0; i < findings_.size(); ++i)
@@ -97,17 +95,31 @@ class Judgement {
     }
 
   private:
-    // The finding in the line that explains this one; findings_.size() when there is none.
-    std::size_t CauseOf(const Finding& finding) const {
-        if (finding.causeLine == 0)
-            return findings_.size();
-        return static_cast<std::size_t>(std::find_if(findings_.begin(), findings_.end(),
-                                                     [&](const Finding& other) {
-                                                         return other.context.file == finding.context.file &&
-                                                                other.context.line == finding.causeLine &&
-                                                                other.causeLine == 0;
-                                                     }) -
-                                        findings_.begin());
+    static std::string CauseKey(const Finding& finding, int line) {
+        return finding.context.file + '\n' + std::to_string(line);
+    }
+    static std::string RecordKey(const Finding& finding) {
+        return finding.context.file + '\n' + finding.context.record;
+    }
+
+    void Index() {
+        for (std::size_t i = 0; i < findings_.size(); ++i) {
+            const Finding& finding = findings_[i];
+            if (finding.causeLine == 0 && finding.context.line > 0)
+                causes_.try_emplace(CauseKey(finding, finding.context.line), i);
+            if (Explains(finding))
+                explanations_[RecordKey(finding)].push_back(i);
+        }
+    }
+
+    void AddExplanations(const Finding& error, std::vector<CheckNote>& notes) const {
+        const auto found = explanations_.find(RecordKey(error));
+        if (error.context.record.empty() || found == explanations_.end())
+            return;
+        // More than that is not told.
+        const std::size_t count = std::min(found->second.size(), kMostNotes + 1);
+        for (std::size_t i = 0; i < count; ++i)
+            AddNote(notes, findings_[found->second[i]]);
     }
 
     static void AddNote(std::vector<CheckNote>& notes, const Finding& finding) {
@@ -134,6 +146,9 @@ class Judgement {
     std::vector<Finding> findings_;
     const CheckOptions& options_;
     SourceLines lines_;
+    // The first finding of each line that explains others, and the explaining ones of each record.
+    std::unordered_map<std::string, std::size_t> causes_;
+    std::unordered_map<std::string, std::vector<std::size_t>> explanations_;
 };
 
 }  // namespace

@@ -43,29 +43,31 @@ IniReading::IniReading(std::string path) : path_(std::move(path)), bytes_(ReadOr
 
 void IniReading::Scan() {
     all_.emplace_back();
+    FirstLines keys;
     std::string_view rest = text_;
     for (int number = 1; !rest.empty(); ++number)
-        ScanLine(TrimIniLine(TakeLine(rest)), number);
+        ScanLine(TrimIniLine(TakeLine(rest)), number, keys);
 }
 
-void IniReading::ScanLine(std::string_view line, int number) {
+// `keys`: those of the section at hand.
+void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
     if (line.empty() || line.starts_with(';'))
         return;
     if (const std::string_view name = IniSectionName(line); name.data() != nullptr) {
-        const bool isFirst = sections_.try_emplace(name, all_.size()).second;
+        const auto [first, isNew] = sections_.try_emplace(name, all_.size());
         Section& section = all_.emplace_back();
         section.name = name;
         section.line = number;
-        section.isFirst = isFirst;
+        section.firstLine = isNew ? 0 : all_[first->second].line;
+        keys.clear();
         return;
     }
     Section& section = all_.back();
     Line entry{.number = number};
     if (SplitIniKey(line, entry.key, entry.value)) {
         entry.value = IniValue(entry.value);
-        entry.isFirst = std::none_of(section.lines.begin(), section.lines.end(), [&](const Line& other) {
-            return other.kind == Kind::key && CaselessEqual()(other.key, entry.key);
-        });
+        const auto [first, isNew] = keys.try_emplace(entry.key, number);
+        entry.firstLine = isNew ? 0 : first->second;
     } else {
         entry.kind = Kind::other;
         entry.key = line;
@@ -97,7 +99,10 @@ int IniReading::LineOf(std::string_view section, std::string_view key) const {
 IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key) {
     const auto found = sections_.find(section);
     if (found == sections_.end()) {
-        if (missingSections_.empty() || missingSections_.back() != section)
+        // Names to suggest; a suggestion out of thousands helps nobody.
+        constexpr std::size_t kMostSuggested = 32;
+        if (missingSections_.size() < kMostSuggested &&
+            (missingSections_.empty() || missingSections_.back() != section))
             missingSections_.emplace_back(section);
         return nullptr;
     }
@@ -166,10 +171,10 @@ void IniReading::TellFile(FindingSink& findings) const {
     if (encoding_ == IniEncoding::codePage && !IsAscii(bytes_) && IsUtf8(bytes_))
         TellEncoding(findings);
     for (const Section& section : all_) {
-        if (!section.isFirst)
+        if (section.firstLine > 0)
             findings.Take(At(Warning::duplicateSection, section.line, LinePart::all,
                              "section [" + Excerpt(section.name) + "] stands in line " +
-                                 std::to_string(LineOf(section.name)) + " already; only that one is read"));
+                                 std::to_string(section.firstLine) + " already; only that one is read"));
     }
 }
 
@@ -226,31 +231,36 @@ int IniReading::LineOfCount(const NumberedSections& row) const {
 }
 
 // A count that is missing altogether explains all sections that are not read for it.
-void IniReading::TellMissingCounts(FindingSink& findings) const {
-    for (const NumberedSections& row : numbered_) {
-        const bool hasSections = std::any_of(all_.begin(), all_.end(), [&](const Section& section) {
-            return NumberBehind(section.name, row.prefix) > 0;
-        });
-        if (hasSections && !HasKey(row.section, row.count) && LineMeantFor(row) == 0)
-            findings.Take(At(Warning::countMismatch, LineOfCount(row), LinePart::all,
-                             "there is no " + std::string(row.count) + " in [" + std::string(row.section) +
-                                 "], so none of the sections [" + std::string(row.prefix) + "1], [" +
-                                 std::string(row.prefix) + "2], ... is read"));
-    }
+void IniReading::TellMissingCount(const NumberedSections& row, FindingSink& findings) const {
+    const bool hasSections = std::any_of(all_.begin(), all_.end(), [&](const Section& section) {
+        return NumberBehind(section.name, row.prefix) > 0;
+    });
+    if (hasSections && !HasKey(row.section, row.count) && LineMeantFor(row) == 0)
+        findings.Take(At(Warning::countMismatch, row.causeLine, LinePart::all,
+                         "there is no " + std::string(row.count) + " in [" + std::string(row.section) +
+                             "], so none of the sections [" + std::string(row.prefix) + "1], [" +
+                             std::string(row.prefix) + "2], ... is read"));
 }
 
-void IniReading::TellUnread(FindingSink& findings) const {
-    TellMissingCounts(findings);
+void IniReading::TellUnread(FindingSink& findings) {
+    for (NumberedSections& row : numbered_) {
+        row.causeLine = LineOfCount(row);
+        TellMissingCount(row, findings);
+    }
     for (const Section& section : all_) {
-        if (!section.isFirst)
+        if (section.firstLine > 0)
             continue;
         if (section.line > 0 && !section.isAsked) {
             TellUnreadSection(section, findings);
             continue;
         }
+        std::vector<std::string> missing;
+        for (const std::string_view asked : section.askedKeys)
+            if (!HasKey(section.name, asked))
+                missing.emplace_back(asked);
         for (const Line& line : section.lines)
             if (!line.isAsked)
-                TellUnreadLine(section, line, findings);
+                TellUnreadLine(section, line, missing, findings);
     }
 }
 
@@ -266,7 +276,7 @@ void IniReading::TellUnreadSection(const Section& section, FindingSink& findings
                 (count == nullptr
                      ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
                      : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count->value).value)));
-        finding.causeLine = LineOfCount(row);
+        finding.causeLine = row.causeLine;
         findings.Take(std::move(finding));
         return;
     }
@@ -275,33 +285,22 @@ void IniReading::TellUnreadSection(const Section& section, FindingSink& findings
                          DidYouMean(section.name, missingSections_)));
 }
 
-void IniReading::TellUnreadLine(const Section& section, const Line& line, FindingSink& findings) const {
-    if (line.kind == Kind::other) {
+void IniReading::TellUnreadLine(const Section& section, const Line& line,
+                                const std::vector<std::string>& missing, FindingSink& findings) const {
+    if (line.kind == Kind::other)
         findings.Take(At(Warning::ignoredKey, line.number, LinePart::all,
                          Quoted(line.key) + " is not read: it has no '='; a comment begins with ';'"));
-        return;
-    }
-    if (!line.isFirst) {
-        const Line* const first = Find(section.name, line.key);
-        const bool isSame = first != nullptr && first->value == line.value;
-        findings.Take(At(Warning::duplicateKey, line.number, LinePart::name,
-                         std::string(line.key) + " stands in line " +
-                             std::to_string(first == nullptr ? 0 : first->number) +
-                             " already; only that one is read" + (isSame ? ", with the same value" : "")));
-        return;
-    }
-    if (section.line == 0) {
+    else if (section.line == 0)
         findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
                          Quoted(line.key) + " is not read: it stands in front of the first section"));
-        return;
-    }
-    std::vector<std::string> names;
-    for (const std::string_view asked : section.askedKeys)
-        if (!HasKey(section.name, asked))
-            names.emplace_back(asked);
-    findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
-                     Quoted(line.key) + " is not read: [" + Excerpt(section.name) +
-                         "] has no key of this name" + DidYouMean(line.key, names)));
+    else if (line.firstLine > 0)
+        findings.Take(At(Warning::duplicateKey, line.number, LinePart::name,
+                         Excerpt(line.key) + " stands in line " + std::to_string(line.firstLine) +
+                             " already; only that one is read"));
+    else
+        findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
+                         Quoted(line.key) + " is not read: [" + Excerpt(section.name) +
+                             "] has no key of this name" + DidYouMean(line.key, missing)));
 }
 
 }  // namespace tovarek

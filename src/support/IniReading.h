@@ -44,7 +44,7 @@ class IniReading {
     void Numbered(std::string_view prefix, std::string_view section, std::string_view count);
 
     // Tells the sections, keys and lines that nobody asked for.
-    void TellUnread(FindingSink& findings) const;
+    void TellUnread(FindingSink& findings);
 
     const std::string& Path() const { return path_; }
 
@@ -55,13 +55,13 @@ class IniReading {
         Kind kind = Kind::key;
         std::string_view key;    // the line itself for one that is no key
         std::string_view value;  // without quotes
-        bool isFirst = true;     // of the keys with its name
+        int firstLine = 0;       // of the key with its name that counts; 0: it is that one
         bool isAsked = false;
     };
     struct Section {
         std::string_view name;
         int line = 0;
-        bool isFirst = true;
+        int firstLine = 0;  // of the section with its name that counts; 0: it is that one
         bool isAsked = false;
         std::vector<Line> lines;
         std::vector<std::string_view> askedKeys;
@@ -70,19 +70,22 @@ class IniReading {
         std::string_view prefix;
         std::string_view section;
         std::string_view count;
+        int causeLine = 0;  // of the finding that explains why such sections are not read
     };
 
     void Scan();
-    void ScanLine(std::string_view line, int number);
+    using FirstLines = std::unordered_map<std::string_view, int, CaselessHash, CaselessEqual>;
+    void ScanLine(std::string_view line, int number, FirstLines& keys);
     Line* Ask(std::string_view section, std::string_view key);
     const Line* Find(std::string_view section, std::string_view key) const;
     Finding At(Warning warning, int line, LinePart part, std::string reason) const;
     void TellEncoding(FindingSink& findings) const;
     int LineMeantFor(const NumberedSections& row) const;
     int LineOfCount(const NumberedSections& row) const;
-    void TellMissingCounts(FindingSink& findings) const;
+    void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
     void TellUnreadSection(const Section& section, FindingSink& findings) const;
-    void TellUnreadLine(const Section& section, const Line& line, FindingSink& findings) const;
+    void TellUnreadLine(const Section& section, const Line& line, const std::vector<std::string>& missing,
+                        FindingSink& findings) const;
 
     std::string path_;
     std::string bytes_;
@@ -90,7 +93,7 @@ class IniReading {
     IniEncoding encoding_ = IniEncoding::codePage;
     std::vector<Section> all_;  // the first stands for what precedes every section
     std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> sections_;
-    std::vector<std::string> missingSections_;  // asked for and not there
+    std::vector<std::string> missingSections_;  // asked for and not there; the first ones
     std::vector<NumberedSections> numbered_;
 };
 
