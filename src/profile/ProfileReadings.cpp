@@ -26,7 +26,8 @@ void CProfile::TellReadings(Readings& readings) const {
 
 void CProfile::TellIniReadings(IniReading& ini, FindingSink& findings) const {
     for (const ProfileField& field : kProfileFields)
-        ini.Integer("Line" + std::to_string(field.line), field.iniKey, RecordOf(field), {}, findings);
+        ini.Integer(
+            "Line" + std::to_string(field.line), field.iniKey, [&] { return RecordOf(field); }, {}, findings);
     for (const auto value : kUnchecked)
         for (const ProfileField& field : kProfileFields) {
             const std::string section = "Line" + std::to_string(field.line);

@@ -34,6 +34,15 @@ std::int32_t NumberBehind(std::string_view name, std::string_view prefix) {
     return isPlain && number.isWhole && !number.wraps ? number.value : 0;
 }
 
+// Most names differ in length or in their first letter; that is seen without a call.
+bool IsNamed(std::string_view name, std::string_view wanted) {
+    if (name.size() != wanted.size())
+        return false;
+    const bool isPlain = !name.empty() && static_cast<unsigned char>(name[0]) < 0x80 &&
+                         static_cast<unsigned char>(wanted[0]) < 0x80;
+    return !(isPlain && AsciiUpper(name[0]) != AsciiUpper(wanted[0])) && CaselessEqual()(name, wanted);
+}
+
 }  // namespace
 
 IniReading::IniReading(std::string path) : path_(std::move(path)), bytes_(ReadOrNothing(path_)) {
@@ -49,7 +58,25 @@ void IniReading::Scan() {
         ScanLine(TrimIniLine(TakeLine(rest)), number, keys);
 }
 
-// `keys`: those of the section at hand.
+// The line of the first key with the name of `entry` in its section, 0 when it is the first itself. Few keys
+// are compared one by one, many are looked up in `keys`.
+int IniReading::FirstLine(const Section& section, const Line& entry, FirstLines& keys) {
+    constexpr std::size_t kFew = 32;
+    if (section.lines.size() < kFew) {
+        for (const Line& line : section.lines)
+            if (line.kind == Kind::key && IsNamed(line.key, entry.key))
+                return line.firstLine > 0 ? line.firstLine : line.number;
+        return 0;
+    }
+    if (keys.empty())
+        for (const Line& line : section.lines)
+            if (line.kind == Kind::key)
+                keys.try_emplace(line.key, line.number);
+    const auto [first, isNew] = keys.try_emplace(entry.key, entry.number);
+    return isNew ? 0 : first->second;
+}
+
+// `keys`: those of the section at hand, once they are many.
 void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
     if (line.empty() || line.starts_with(';'))
         return;
@@ -58,16 +85,18 @@ void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
         Section& section = all_.emplace_back();
         section.name = name;
         section.line = number;
+        constexpr std::size_t kUsualKeys = 12;
+        section.lines.reserve(kUsualKeys);
         section.firstLine = isNew ? 0 : all_[first->second].line;
-        keys.clear();
+        if (!keys.empty())
+            keys.clear();
         return;
     }
     Section& section = all_.back();
     Line entry{.number = number};
     if (SplitIniKey(line, entry.key, entry.value)) {
         entry.value = IniValue(entry.value);
-        const auto [first, isNew] = keys.try_emplace(entry.key, number);
-        entry.firstLine = isNew ? 0 : first->second;
+        entry.firstLine = FirstLine(section, entry, keys);
     } else {
         entry.kind = Kind::other;
         entry.key = line;
@@ -80,7 +109,7 @@ const IniReading::Line* IniReading::Find(std::string_view section, std::string_v
     if (found == sections_.end())
         return nullptr;
     for (const Line& line : all_[found->second].lines)
-        if (line.kind == Kind::key && CaselessEqual()(line.key, key))
+        if (line.kind == Kind::key && IsNamed(line.key, key))
             return &line;
     return nullptr;
 }
@@ -97,20 +126,24 @@ int IniReading::LineOf(std::string_view section, std::string_view key) const {
 }
 
 IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key) {
-    const auto found = sections_.find(section);
-    if (found == sections_.end()) {
+    // The keys of a section are asked for one behind the other.
+    if (lastPlace_ == 0 || lastName_ != section) {
+        const auto found = sections_.find(section);
+        lastName_ = section;
+        lastPlace_ = found == sections_.end() ? 0 : found->second;
         // Names to suggest; a suggestion out of thousands helps nobody.
         constexpr std::size_t kMostSuggested = 32;
-        if (missingSections_.size() < kMostSuggested &&
+        if (lastPlace_ == 0 && missingSections_.size() < kMostSuggested &&
             (missingSections_.empty() || missingSections_.back() != section))
             missingSections_.emplace_back(section);
-        return nullptr;
     }
-    Section& asked = all_[found->second];
+    if (lastPlace_ == 0)
+        return nullptr;
+    Section& asked = all_[lastPlace_];
     asked.isAsked = true;
-    asked.askedKeys.push_back(key);
+    asked_.emplace_back(lastPlace_, key);
     for (Line& line : asked.lines) {
-        if (line.kind != Kind::key || !CaselessEqual()(line.key, key))
+        if (line.kind != Kind::key || !IsNamed(line.key, key))
             continue;
         line.isAsked = true;
         return &line;
@@ -124,7 +157,7 @@ Finding IniReading::At(Warning warning, int line, LinePart part, std::string rea
             .part = part};
 }
 
-void IniReading::Integer(std::string_view section, std::string_view key, std::string_view record,
+void IniReading::Integer(std::string_view section, std::string_view key, const Title& record,
                          const Explain& explain, FindingSink& findings) {
     const Line* const line = Ask(section, key);
     if (line == nullptr)
@@ -140,25 +173,27 @@ void IniReading::Integer(std::string_view section, std::string_view key, std::st
                                       : NotANumber(typed, key, value, more);
     Finding finding = At(read.isWhole ? Warning::overflowedNumber : Warning::notANumber, line->number,
                          LinePart::value, std::move(reason));
-    finding.context.record = record;
+    finding.context.record = record();
     finding.context.field = key;
     finding.context.value = typed;
     findings.Take(std::move(finding));
 }
 
-void IniReading::Text(std::string_view section, std::string_view key, std::string_view record,
+void IniReading::Text(std::string_view section, std::string_view key, const Title& record,
                       FindingSink& findings) {
     const Line* const line = Ask(section, key);
     if (line == nullptr)
         return;
-    const std::size_t length = CharacterCount(TrimBlanks(line->value));
+    const std::string_view value = TrimBlanks(line->value);
+    // Bytes are counted faster than characters, and there are never fewer of them.
+    const std::size_t length = value.size() <= kLongestIniValue ? 0 : CharacterCount(value);
     if (length <= kLongestIniValue)
         return;
     Finding finding =
         At(Warning::cutText, line->number, LinePart::value,
            "only the first " + std::to_string(kLongestIniValue) + " of the " + std::to_string(length) +
                " characters are read; an XML template has no such bound");
-    finding.context.record = record;
+    finding.context.record = record();
     finding.context.field = key;
     findings.Take(std::move(finding));
 }
@@ -247,21 +282,37 @@ void IniReading::TellUnread(FindingSink& findings) {
         row.causeLine = LineOfCount(row);
         TellMissingCount(row, findings);
     }
-    for (const Section& section : all_) {
+    std::stable_sort(asked_.begin(), asked_.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (std::size_t place = 0; place < all_.size(); ++place) {
+        const Section& section = all_[place];
         if (section.firstLine > 0)
             continue;
-        if (section.line > 0 && !section.isAsked) {
+        if (section.line > 0 && !section.isAsked)
             TellUnreadSection(section, findings);
-            continue;
-        }
-        std::vector<std::string> missing;
-        for (const std::string_view asked : section.askedKeys)
-            if (!HasKey(section.name, asked))
-                missing.emplace_back(asked);
-        for (const Line& line : section.lines)
-            if (!line.isAsked)
-                TellUnreadLine(section, line, missing, findings);
+        else if (!std::all_of(section.lines.begin(), section.lines.end(),
+                              [](const Line& line) { return line.isAsked; }))
+            TellUnreadLines(section, MissingKeys(place), findings);
     }
+}
+
+// The keys that were asked for in a section and are not there.
+std::vector<std::string> IniReading::MissingKeys(std::size_t place) const {
+    std::vector<std::string> missing;
+    const auto first =
+        std::lower_bound(asked_.begin(), asked_.end(), place,
+                         [](const auto& asked, std::size_t wanted) { return asked.first < wanted; });
+    for (auto asked = first; asked != asked_.end() && asked->first == place; ++asked)
+        if (!HasKey(all_[place].name, asked->second))
+            missing.emplace_back(asked->second);
+    return missing;
+}
+
+void IniReading::TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
+                                 FindingSink& findings) const {
+    for (const Line& line : section.lines)
+        if (!line.isAsked)
+            TellUnreadLine(section, line, missing, findings);
 }
 
 void IniReading::TellUnreadSection(const Section& section, FindingSink& findings) const {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "support/Findings.h"
@@ -21,6 +22,9 @@ class IniReading {
     // write direction=1". Asked only of a value that is no number.
     using Explain = std::function<std::string(std::string_view typed, std::int32_t read)>;
 
+    // What messages call the record that a value belongs to; asked only where there is something to tell.
+    using Title = std::function<std::string()>;
+
     // Reads the file; one that cannot be read holds nothing, as for the loaders.
     explicit IniReading(std::string path);
     IniReading(const IniReading&) = delete;
@@ -29,11 +33,11 @@ class IniReading {
     // Tells what holds for the whole file: its encoding, sections and keys that occur twice.
     void TellFile(FindingSink& findings) const;
 
-    // The loaders read the key as an integer. `record` is what messages call its record.
-    void Integer(std::string_view section, std::string_view key, std::string_view record,
-                 const Explain& explain, FindingSink& findings);
+    // The loaders read the key as an integer.
+    void Integer(std::string_view section, std::string_view key, const Title& record, const Explain& explain,
+                 FindingSink& findings);
     // The loaders read the key as a text.
-    void Text(std::string_view section, std::string_view key, std::string_view record, FindingSink& findings);
+    void Text(std::string_view section, std::string_view key, const Title& record, FindingSink& findings);
 
     bool HasSection(std::string_view section) const { return sections_.contains(section); }
     bool HasKey(std::string_view section, std::string_view key) const;
@@ -64,7 +68,6 @@ class IniReading {
         int firstLine = 0;  // of the section with its name that counts; 0: it is that one
         bool isAsked = false;
         std::vector<Line> lines;
-        std::vector<std::string_view> askedKeys;
     };
     struct NumberedSections {
         std::string_view prefix;
@@ -75,6 +78,7 @@ class IniReading {
 
     void Scan();
     using FirstLines = std::unordered_map<std::string_view, int, CaselessHash, CaselessEqual>;
+    static int FirstLine(const Section& section, const Line& entry, FirstLines& keys);
     void ScanLine(std::string_view line, int number, FirstLines& keys);
     Line* Ask(std::string_view section, std::string_view key);
     const Line* Find(std::string_view section, std::string_view key) const;
@@ -84,6 +88,9 @@ class IniReading {
     int LineOfCount(const NumberedSections& row) const;
     void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
     void TellUnreadSection(const Section& section, FindingSink& findings) const;
+    std::vector<std::string> MissingKeys(std::size_t place) const;
+    void TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
+                         FindingSink& findings) const;
     void TellUnreadLine(const Section& section, const Line& line, const std::vector<std::string>& missing,
                         FindingSink& findings) const;
 
@@ -95,6 +102,11 @@ class IniReading {
     std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> sections_;
     std::vector<std::string> missingSections_;  // asked for and not there; the first ones
     std::vector<NumberedSections> numbered_;
+    // Every key that was asked for, by its section's place in all_. Most files are asked for all that they
+    // hold, so this is looked into only where something is left.
+    std::vector<std::pair<std::size_t, std::string_view>> asked_;
+    std::string lastName_;  // of the section that was asked for last, and its place
+    std::size_t lastPlace_ = 0;
 };
 
 }  // namespace tovarek

@@ -14,7 +14,7 @@ void TellIniRecords(const std::vector<Record>& records, const CCatalog* catalog,
                     FindingSink& findings) {
     for (std::size_t i = 0; i < records.size(); ++i) {
         const std::string section = std::string(RecordNames<Record>::iniPrefix) + std::to_string(i + 1);
-        const std::string title = RecordTitle(records[i], i);
+        const IniReading::Title title = [&records, i] { return RecordTitle(records[i], i); };
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.iniKey.empty())
                 continue;
@@ -44,11 +44,12 @@ void CTemplate::TellReadings(Readings& readings) const {
 }
 
 void CTemplate::TellIniReadings(IniReading& ini, FindingSink& findings) const {
+    const IniReading::Title title = [] { return std::string("template"); };
     for (const TemplateField& field : TemplateFields()) {
         if (field.text != nullptr)
-            ini.Text(field.iniSection, field.iniKey, "template", findings);
+            ini.Text(field.iniSection, field.iniKey, title, findings);
         else
-            ini.Integer(field.iniSection, field.iniKey, "template", {}, findings);
+            ini.Integer(field.iniSection, field.iniKey, title, {}, findings);
     }
     TellIniRecords(nvs, catalog, ini, findings);
     TellIniRecords(tags, catalog, ini, findings);
