@@ -5,6 +5,8 @@
 #include "component/XifWriter.h"
 #include "formats/records/Outcome.h"
 #include "profile/CProfile.h"
+#include "support/Findings.h"
+#include "support/Readings.h"
 #include "template/CTemplate.h"
 
 namespace tovarek::fuzz {
@@ -21,9 +23,41 @@ inline CCatalog& SharedCatalog() {
     return catalog;
 }
 
+// Checks a template or profile as `tovarek check` does: what it finds first is what a generation raises, and
+// every warning has a text.
+template <class Input>
+void RunCheck(Input& input) {
+    struct : FindingSink {
+        std::int32_t first = 0;
+        void Take(Finding finding) override {
+            Require(finding.warning == Warning::none || !finding.context.reason.empty(),
+                    "a warning has a text");
+            if (first == 0 && finding.warning == Warning::none)
+                first = finding.error;
+        }
+        bool WantsWarnings() const override { return true; }
+    } findings;
+    Readings readings(findings);
+    TellingErrors(findings, [&] {
+        input.Load(findings);
+        input.TellReadings(readings);
+        input.VerifyData(findings);
+    });
+    readings.TellUnread();
+    std::int32_t raised = 0;
+    try {
+        input.Load();
+        input.VerifyData();
+    } catch (const Error& error) {
+        raised = error.Number();
+    }
+    Require(findings.first == raised, "a check finds first what a generation raises");
+}
+
 // Loads `profile` from its source and checks it. True when it could be loaded.
 inline bool RunProfile(CProfile& profile) {
     profile.errorHandler = &SharedErrors();
+    RunCheck(profile);
     if (!Accepts([&] { profile.Load(); }))
         return false;
     Accepts([&] { profile.VerifyData(); });
@@ -34,6 +68,7 @@ inline bool RunProfile(CProfile& profile) {
 inline void RunTemplate(CTemplate& source) {
     source.errorHandler = &SharedErrors();
     source.catalog = &SharedCatalog();
+    RunCheck(source);
     Accepts([&] {
         source.Load();
         source.VerifyData();
