@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "cli/CatalogCommand.h"
 #include "cli/CheckCommand.h"
+#include "cli/ConvertCommand.h"
 #include "cli/ErrorsCommand.h"
 #include "cli/GenerateCommand.h"
 #include "cli/InspectCommands.h"
@@ -74,6 +75,17 @@ constexpr Verb kVerbs[] = {
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek dump fan-coil.xif"},
     {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
+    {"convert", "convert INPUT... [OPTIONS]", "an XIF file, or a profile and a template, as other inputs",
+     "INPUT is an XIF file of any version, or a profile or template, .ini or .xml (FILE#ELEMENT where it is "
+     "not\n"
+     "the document element). What an output cannot hold is listed.\n"
+     "  --profile FILE                  writes a profile, .ini or .xml\n"
+     "  --template FILE                 writes a template, .ini or .xml\n"
+     "  --job FILE                      writes a job that generates with them\n"
+     "  --strict                        exit status 1 when something is not held\n"
+     "  --catalogDir DIR                folder of another catalog than the shipped one\n"
+     "  --catalogFile FILE              its file name, ldrf.cat by default\n",
+     "tovarek convert old.xif --profile profile.ini --template template.xml --job job.json"},
     {"value encode", "value encode TYPE VALUE...", "a value as the bytes that devices send", kValueOptions,
      "tovarek value encode SCPTmaxSendTime 60"},
     {"value decode", "value decode TYPE BYTES", "such bytes, in hexadecimal, as a value", kValueOptions,
@@ -165,6 +177,7 @@ struct Commands {
     CLI::App* find = catalog->add_subcommand("find");
     CLI::App* dump = app.add_subcommand("dump");
     CLI::App* diff = app.add_subcommand("diff");
+    CLI::App* convert = app.add_subcommand("convert");
     CLI::App* value = app.add_subcommand("value");
     CLI::App* encode = value->add_subcommand("encode");
     CLI::App* decode = value->add_subcommand("decode");
@@ -178,7 +191,9 @@ struct Commands {
     std::string otherFile;  // the second one of diff
     bool bytes = false;
     ProgramIdWords programIdWords;
-    ValueOptions valueOptions;  // but for the catalog, which stands in `place`
+    // But for the catalog, which stands in `place`.
+    ValueOptions valueOptions;
+    ConvertOptions convertOptions;
     SettingOptions generateSettings{*generate};
     SettingOptions checkSettings{*check};
     bool withoutWarnings = false;
@@ -188,8 +203,8 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, check, errors, catalog, list, show, find, dump, diff, value,
-                                  encode, decode, programId}) {
+        for (CLI::App* command : {generate, check, errors, catalog, list, show, find, dump, diff, convert,
+                                  value, encode, decode, programId}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -201,7 +216,7 @@ struct Commands {
         check->add_flag("--warnings-as-errors", checkWishes.warningsAsErrors);
         check->add_option("--color", checkWishes.color)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-        for (CLI::App* command : {catalog, list, show, find, dump, encode, decode}) {
+        for (CLI::App* command : {catalog, list, show, find, dump, encode, decode, convert}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
@@ -220,6 +235,11 @@ struct Commands {
             command->add_option("--typeFilesXMLPrefix", valueOptions.prefix);
             command->add_option("--typeFile", valueOptions.typeFile);
         }
+        convert->add_option("INPUT", convertOptions.inputs);
+        convert->add_option("--profile", convertOptions.profile);
+        convert->add_option("--template", convertOptions.deviceTemplate);
+        convert->add_option("--job", convertOptions.job);
+        convert->add_flag("--strict", convertOptions.isStrict);
         programId->add_option("ID", programIdWords.whole);
         programId->add_flag("--certified", programIdWords.certified);
         for (std::size_t i = 1; i < kProgramIdFields.size(); ++i)
@@ -318,6 +338,12 @@ int RunValue(const Commands& commands, Streams streams) {
     return isEncoding ? RunValueEncode(options, format, streams) : RunValueDecode(options, format, streams);
 }
 
+int RunConvert(const Commands& commands, Streams streams) {
+    ConvertOptions options = commands.convertOptions;
+    options.place = commands.place;
+    return RunConvert(options, commands.Format(), streams);
+}
+
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {
     const OutputFormat format = commands.Format();
     if (commands.formatName != "text" && commands.formatName != "json")
@@ -349,6 +375,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
             return ReportWrongUse("diff needs two files to compare", format, streams);
         return RunDiff(commands.file, commands.otherFile, format, streams);
     }
+    if (commands.convert->parsed())
+        return RunConvert(commands, streams);
     if (commands.value->parsed())
         return RunValue(commands, streams);
     if (commands.programId->parsed())
@@ -376,7 +404,7 @@ std::string ParserFault(const CLI::Error& error) {
     const std::string option = text.substr(0, text.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr && option.starts_with("--"))
         return "option '" + option + "' needs a value";
-    return "the options --help, --version, --bytes and --certified take no value";
+    return "the options --help, --version, --bytes, --certified and --strict take no value";
 }
 
 }  // namespace

@@ -21,6 +21,13 @@ std::string JsonText(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
+Json WrittenJson(const std::vector<std::string>& files) {
+    Json written = Json::array();
+    for (const std::string& file : files)
+        written.push_back({{"file", SystemPath(file)}, {"bytes", StampOf(file).size}});
+    return written;
+}
+
 Json ContextJson(const ErrorContext& context) {
     Json json = Json::object();
     const auto put = [&json](const char* key, const std::string& value) {

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Error.h"
 #include "inspect/ByteListing.h"
@@ -29,6 +30,9 @@ Json ValueJson(const InspectNode::Value& value);
 
 // A tree as one JSON value: objects and lists as what they are, names of list items left out.
 Json NodeJson(const InspectNode& node);
+
+// Files that were written, with their sizes, as a list.
+Json WrittenJson(const std::vector<std::string>& files);
 
 // An object as a JSON document that begins with its version, with a line end behind it.
 std::string JsonDocument(const InspectNode& tree);

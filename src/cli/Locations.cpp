@@ -60,4 +60,12 @@ std::string BesideFile(const std::string& file, const std::string& path) {
     return path.empty() || folder.empty() || named.has_root_path() ? path : TextOf(folder / named);
 }
 
+std::string FromFolderOf(const std::string& file, const std::string& path) {
+    std::error_code ignored;
+    const fs::path target = fs::absolute(PathOf(SystemPath(path)), ignored);
+    const fs::path folder = fs::absolute(PathOf(SystemPath(file)), ignored).parent_path();
+    const fs::path relative = target.lexically_proximate(folder);
+    return TextOf(relative.empty() ? target : relative);
+}
+
 }  // namespace tovarek

@@ -20,4 +20,7 @@ std::string ExampleFolder();
 // as they are.
 std::string BesideFile(const std::string& file, const std::string& path);
 
+// The inverse: `path` as it is written in `file`. What has no way from one to the other stays absolute.
+std::string FromFolderOf(const std::string& file, const std::string& path);
+
 }  // namespace tovarek

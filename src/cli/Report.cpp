@@ -27,18 +27,6 @@ void WriteContext(const ErrorContext& context, std::ostream& out) {
         out << "  why:   " << OneLine(context.reason) << '\n';
 }
 
-Json WrittenJson(const std::vector<std::string>& files) {
-    Json written = Json::array();
-    for (const std::string& file : files)
-        written.push_back({{"file", SystemPath(file)}, {"bytes", StampOf(file).size}});
-    return written;
-}
-
-void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
-    for (const std::string& file : files)
-        out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
-}
-
 Json ErrorJson(const Error& error) {
     return {{"error", error.Number()},           {"code", ErrorNumberText(error.Number())},
             {"name", ErrorName(error.Number())}, {"description", error.Description()},
@@ -74,6 +62,11 @@ void WriteFault(const char* name, const std::string& message, const std::string&
 }
 
 }  // namespace
+
+void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
+    for (const std::string& file : files)
+        out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
+}
 
 int ReportError(const Error& error, OutputFormat format, Streams streams) {
     if (format == OutputFormat::json)

@@ -32,6 +32,9 @@ int ReportFailedRun(const Error& error, const RunReport& report);
 // What was written, with sizes, on standard output, and the warnings on standard error. Answers kDone.
 int ReportRun(const RunReport& report);
 
+// What was written, with sizes, one line a file.
+void WriteWritten(const std::vector<std::string>& files, std::ostream& out);
+
 // A fault of the command line itself. Text: on standard error; JSON: an object like that of an error, without
 // a number, on standard output. Answers kWrongUse.
 int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams);

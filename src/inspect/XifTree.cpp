@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "inspect/XifProperties.h"
+#include "formats/xif/XifProperties.h"
 #include "profile/ProfileFields.h"
 
 namespace tovarek {

@@ -1,4 +1,4 @@
-#include "inspect/XifProperties.h"
+#include "formats/xif/XifProperties.h"
 
 #include <algorithm>
 #include <charconv>

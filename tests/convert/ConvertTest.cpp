@@ -1,0 +1,317 @@
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "../Samples.h"
+#include "../component/Device.h"
+#include "base/Text.h"
+#include "cli/CommandLine.h"
+#include "formats/xif/XifProperties.h"
+
+namespace tovarek::test {
+namespace {
+
+struct Answer {
+    int status = 0;
+    std::string out;
+    std::string error;
+};
+
+Answer Call(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "tovarek");
+    std::ostringstream out;
+    std::ostringstream error;
+    Answer run;
+    run.status = RunCommandLine(arguments, {out, error});
+    run.out = out.str();
+    run.error = error.str();
+    return run;
+}
+
+std::string BehindDate(const std::string& xif) {
+    return xif.substr(std::min(xif.size(), xif.find("\r\n\r\n")));
+}
+
+class Convert : public testing::Test {
+  protected:
+    // Generates the XIF file `name` of a profile and a template.
+    Answer Generate(const std::string& profile, const std::string& deviceTemplate, const std::string& name,
+                    const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> arguments = {
+            "generate",          "--iniProfileFile",    profile,        "--iniTemplateFile",
+            deviceTemplate,      "--mustGenerateTypes", "false",        "--outputXIFfile",
+            scratch_.Path(name), "--catalogDir",        TOVAREK_CATALOG};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Call(arguments);
+    }
+
+    Answer Converted(const std::string& input, const std::string& form,
+                     const std::vector<std::string>& more = {}) const {
+        std::vector<std::string> arguments = {"convert",    input,
+                                              "--profile",  scratch_.Path("p." + form),
+                                              "--template", scratch_.Path("t." + form),
+                                              "--job",      scratch_.Path("j.json")};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Call(arguments);
+    }
+
+    // Generates with the job that converting has written.
+    std::string Again() const {
+        const Answer run = Call(
+            {"generate", "--job", scratch_.Path("j.json"), "--outputXIFfile", scratch_.Path("again.xif")});
+        EXPECT_EQ(run.status, 0) << run.error;
+        return run.status == 0 ? ReadFile(scratch_.Path("again.xif")) : "";
+    }
+
+    Scratch scratch_;
+};
+
+TEST_F(Convert, AnXifComesBackFromBothForms) {
+    const std::string xif = scratch_.Path("node.xif");
+    // Without what an XIF file does not tell apart: a name in a declaration, small letters of values.
+    std::string device = kTemplateIni;
+    device.replace(device.find("0A1b"), 4, "0A1B");
+    device.erase(device.find("gain"), 4);
+    ASSERT_EQ(
+        Generate(scratch_.File("profile.ini", kProfileIni), scratch_.File("template.ini", device), "node.xif")
+            .status,
+        0);
+    for (const char* form : {"ini", "xml"}) {
+        const Answer run = Converted(xif, form, {"--strict"});
+        EXPECT_EQ(run.status, 0) << run.error;
+        EXPECT_EQ(run.error, "");
+        EXPECT_EQ(BehindDate(Again()), BehindDate(ReadFile(xif))) << form;
+    }
+    const std::string xml = ReadFile(scratch_.Path("t.xml"));
+    EXPECT_TRUE(xml.starts_with("\xEF\xBB\xBF<?xml")) << "a mark";
+    EXPECT_EQ(std::count(xml.begin(), xml.end(), '\n'), std::count(xml.begin(), xml.end(), '\r'));
+    EXPECT_NE(xml.find("<!-- SNVT_temp_p -->"), std::string::npos) << "types are told by name";
+    EXPECT_EQ(xml.find("<POLLED>0<"), std::string::npos) << "defaults are left out";
+    EXPECT_NE(xml.find("<!-- SCPTmaxSendTime: 258.7 seconds -->"), std::string::npos) << xml;
+
+    // From form to form and back.
+    const std::string ini = scratch_.Path("i.ini");
+    const std::string back = scratch_.Path("b.xml");
+    EXPECT_EQ(Call({"convert", scratch_.Path("t.xml"), "--template", ini}).status, 0);
+    EXPECT_EQ(Call({"convert", ini, "--template", back}).status, 0);
+    EXPECT_EQ(ReadFile(back), xml);
+    EXPECT_EQ(Call({"convert", scratch_.Path("p.xml"), "--profile", ini}).status, 0);
+    EXPECT_EQ(Call({"convert", ini + "", "--profile", back}).status, 0);
+    EXPECT_EQ(ReadFile(back), ReadFile(scratch_.Path("p.xml")));
+}
+
+TEST_F(Convert, NamesInDeclarationsAreKeptByXmlAlone) {
+    const std::string profile = scratch_.File("profile.ini", kProfileIni);
+    const std::string device = scratch_.File(
+        "t.xml",
+        "<D><PROGRAMID>9000010a0b040100</PROGRAMID><FILETYPEIIVERSION>1.0</FILETYPEIIVERSION><CPS><cpGain>"
+        "<SISD>1,0,0\\x80,49,2</SISD></cpGain><cpPlace><SISD>0,,0\\x80,17,31</SISD></cpPlace></CPS></D>");
+    ASSERT_EQ(Call({"generate", "--iniProfileFile", profile, "--xmlTemplateFile", device,
+                    "--xmlTemplateNodeName", "D", "--mustGenerateTypes", "false", "--addNameInCpString",
+                    "true", "--catalogDir", TOVAREK_CATALOG, "--outputXIFfile", scratch_.Path("node.xif")})
+                  .status,
+              0);
+    const std::string xif = ReadFile(scratch_.Path("node.xif"));
+    ASSERT_NE(xif.find(";cpGain\""), std::string::npos);
+    const std::string input = scratch_.File("in.xif", xif);
+    EXPECT_EQ(Converted(input, "xml", {"--strict"}).error, "");
+    EXPECT_EQ(BehindDate(Again()), BehindDate(xif));
+    const Answer run = Converted(input, "ini", {"--strict"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(
+        run.error.find("property 2 (cpPlace), name \"cpPlace\": properties of an INI template have no names"),
+        std::string::npos)
+        << run.error;
+    // One without a name: none is kept.
+    std::string partly = xif;
+    partly.erase(partly.find("cpGain"), 6);
+    const Answer some = Converted(scratch_.File("partly.xif", partly), "xml");
+    EXPECT_NE(some.error.find("name \"cpPlace\": not all properties"), std::string::npos) << some.error;
+    EXPECT_EQ(Again().find("cpPlace"), std::string::npos);
+}
+
+TEST_F(Convert, WhatAFormCannotHoldIsListed) {
+    const std::string longText(1000, 'x');
+    const std::string device = scratch_.File("t.xml",
+                                             "<D><PROGRAMID>9000010a0b040100</PROGRAMID><SDSTRING> "
+                                             "a&#10;b</SDSTRING><NVS><nviA><DIRECTION>input</DIRECTION>"
+                                             "<SNVTTYPE>8</SNVTTYPE><SISD>" +
+                                                 longText +
+                                                 "</SISD></nviA><nviB><SNVTTYPE>8</SNVTTYPE><SISD>'b'</SISD>"
+                                                 "</nviB></NVS></D>");
+    const std::string ini = scratch_.Path("out.ini");
+    const Answer run = Call({"convert", device, "--template", ini, "--format", "json"});
+    const auto losses = nlohmann::json::parse(run.out)["losses"];
+    ASSERT_EQ(losses.size(), 2U) << run.out;
+    EXPECT_EQ(losses[0]["field"], "selfDoc");
+    EXPECT_NE(losses[0]["reason"].get<std::string>().find("line breaks"), std::string::npos);
+    EXPECT_EQ(losses[1]["record"], "network variable 1 (nviA)");
+    EXPECT_NE(losses[1]["reason"].get<std::string>().find("999"), std::string::npos);
+    EXPECT_NE(ReadFile(ini).find("selfdoc=\"'b'\""), std::string::npos) << "quotes are kept by quotes";
+    EXPECT_EQ(Call({"convert", device, "--template", ini, "--strict"}).status, 1);
+
+    const std::string names = scratch_.File(
+        "n.ini",
+        "[general]\nprogramID=9000010a0b040100\n[nvs]\nnumberOfStaticNvs=2\nmaximumNumberOfNvs=2\n"
+        "[nv1]\nname=2 nvi<A\ntype=8\ndirection=0\n[nv2]\ntype=8\ndirection=1\nname=ok\n");
+    const Answer xml = Call({"convert", names, "--template", scratch_.Path("out.xml")});
+    EXPECT_EQ(std::count(xml.error.begin(), xml.error.end(), '\n'), 1) << xml.error;
+    EXPECT_NE(xml.error.find("name \"2 nvi<A\": no XML element can have this name; it became '_2_nvi_A'"),
+              std::string::npos)
+        << xml.error;
+}
+
+// What neither a profile nor a template has a place for, and what a generation would write otherwise.
+TEST_F(Convert, WhatAnXifHasBeyondItsInputsIsListed) {
+    ASSERT_EQ(Generate(scratch_.File("profile.ini", kProfileIni), scratch_.File("template.ini", kTemplateIni),
+                       "node.xif")
+                  .status,
+              0);
+    const std::string xif = ReadFile(scratch_.Path("node.xif"));
+    const struct {
+        std::string old;
+        std::string changed;
+        std::string loss;  // a part of the only new line
+    } rows[] = {
+        {"1 7 1 -1", "1 7 0 -1", "line 8, transceiverType \"0\": the generator writes 1"},
+        {"2 15 0 3 2", "2 15 0 4 2", "line 6, numberOfStaticNvs \"4\": the generator writes 3"},
+        {"11 5\r\n", "11 5 33 34\r\n", "line 6, numbers from the 24th on \"33 34\""},
+        {"0 5 7 13", "* 5 7 13", "line 7, typeNeuron \"*\""},
+        {" 284 4\r\n", " 284\r\n", "line 7, aliasTableEntrySize: the file has no such number"},
+        {"VAR nciMode 5", "VAR nciMode 6", "(nciMode), index \"6\": the generator writes 5"},
+        {"VAR nciMode 5 0 0 0\r\n0 1 63", "VAR nciMode 5 0 0 0\r\n0 1 62",
+         "(nciMode), third attribute \"62\""},
+        {"108 * 1", "254 * 1", "(nciMode), type \"254\": the catalog has no such type"},
+        {"TAG myTag 0 0 0 0\r\n0 1 63 1 0 1 0 1 0 1", "TAG myTag 0 0 0 0\r\n0 1 63 1 0 1 0 1 0 0",
+         "(myTag), priority can be changed \"0\""},
+        {"\\x00 \\x00 \\x00\r\n", "\\x00\r\n", "FILE value \"3 bytes\""},
+        {"\\x00 \\x00 \\x00\r\n", "\\x00 \\x00 \\x00\r\n\r\nNVVAL\r\n\\x01\r\n",
+         "NVVAL, default values \"01\""},
+        {"\\x00 \\x00 \\x00\r\n", "\\x00 \\x00 \\x00\r\n\r\nNEW x\r\n",
+         "record \"NEW x\": a record of an unknown kind"},
+        {"\r\n*\r\n", "\r\n# hello\r\n*\r\n", "comments \"1 line\""},
+    };
+    const std::string plain = Converted(scratch_.Path("node.xif"), "xml").error;
+    const auto lines = [](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); };
+    for (const auto& row : rows) {
+        std::string changed = xif;
+        ASSERT_NE(changed.find(row.old), std::string::npos) << row.old;
+        changed.replace(changed.find(row.old), row.old.size(), row.changed);
+        const Answer run = Converted(scratch_.File("changed.xif", changed), "xml");
+        EXPECT_EQ(run.status, 0) << run.error;
+        EXPECT_NE(run.error.find(row.loss), std::string::npos) << row.changed << '\n' << run.error;
+        EXPECT_EQ(lines(run.error), lines(plain) + 1) << run.error;
+    }
+}
+
+TEST_F(Convert, WrongUseTellsWhatIsPossible) {
+    const std::string profile = scratch_.File("profile.ini", kProfileIni);
+    const std::string device = scratch_.File("template.ini", kTemplateIni);
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        const char* message;
+    } rows[] = {
+        {{}, 2, "needs an input"},
+        {{profile}, 2, "--profile FILE"},
+        {{profile, "--template", scratch_.Path("a.xml")}, 2, "these inputs give --profile"},
+        {{profile, "--profile", scratch_.Path("a.txt")}, 2, "call the file .ini or .xml"},
+        {{profile, "--profile", profile}, 2, "would overwrite the input"},
+        {{profile, device, profile, "--profile", scratch_.Path("a.xml")}, 2, "two inputs hold a profile"},
+        {{scratch_.Path("none.ini"), "--profile", scratch_.Path("a.xml")}, 1, "File not found"},
+        {{scratch_.File("other.ini", "[x]\na=1\n"), "--profile", scratch_.Path("a.xml")},
+         2,
+         "neither a profile nor"},
+        {{scratch_.File("points.xif", "1,2,3\n"), "--profile", scratch_.Path("a.xml")}, 1, "line 1"},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {"convert"};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const Answer run = Call(arguments);
+        EXPECT_EQ(run.status, row.status) << row.message;
+        EXPECT_NE(run.error.find(row.message), std::string::npos) << run.error;
+    }
+    EXPECT_FALSE(FileExists(scratch_.Path("a.xml"))) << "nothing is written";
+}
+
+// ---- files of other tools ----
+
+// What has to be the same in a file of another tool and in the one that its converted inputs generate.
+std::string Essence(const XifFile& file) {
+    std::ostringstream text;
+    text << file.programId << '\n' << file.documentation << '\n';
+    for (const XifTag& tag : file.tags) {
+        text << tag.name;
+        for (std::size_t i = 0; i < 3; ++i)
+            text << ' ' << tag.numbers.at(i).value_or(-1);
+        text << ' ' << tag.attributes.at(1).value_or(-1) << '\n';
+    }
+    for (const XifVariable& variable : file.variables) {
+        text << variable.name;
+        for (std::size_t i = 0; i < 4; ++i)
+            text << ' ' << variable.Number(i).value_or(-1);
+        for (std::size_t i = 0; i < 13; ++i)
+            text << ' ' << variable.Attribute(i).value_or(-1);
+        text << ' ' << variable.standardType.value_or(-1) << ' ' << variable.Size() << ' '
+             << variable.documentation << '\n';
+    }
+    const XifPropertyTemplate found = ReadXifTemplate(file);
+    text << found.version << '\n';
+    for (const XifProperty& property : found.properties) {
+        text << property.record << ' ';
+        for (const XifSection& section : file.sections)
+            for (const XifPropertyValue& value : XifPropertyValues(file, section, found.properties))
+                if (value.property == &property)
+                    text << HexText(value.bytes);
+        text << '\n';
+    }
+    return text.str();
+}
+
+TEST_F(Convert, FilesOfOtherToolsGenerateTheSameInterface) {
+    const std::string profile = scratch_.File("profile.ini", kProfileIni);
+    int compared = 0;
+    int ownProfiles = 0;
+    for (const std::string& path : SampleFiles("xif")) {
+        XifFile given;
+        if (!ReadXifFile(ReadFile(path), given).Ok())
+            continue;
+        SCOPED_TRACE(path);
+        const bool isOld = given.version < "4.401";
+        for (const char* form : {"ini", "xml"}) {
+            const Answer run = Converted(path, form, {"--format", "json"});
+            ASSERT_EQ(run.status, 0) << run.error;
+            for (const auto& loss : nlohmann::json::parse(run.out)["losses"]) {
+                const auto reason = loss["reason"].get<std::string>();
+                const bool isExpected = !loss["counts"].get<bool>() ||
+                                        reason.find("XIF 4.0 has no such numbers") != std::string::npos ||
+                                        loss["field"] == "transceiverType";
+                EXPECT_TRUE(isExpected) << loss.dump();
+            }
+            // The chips of later versions are none that this version knows.
+            std::vector<std::string> arguments = {"generate", "--job", scratch_.Path("j.json"),
+                                                  "--outputXIFfile", scratch_.Path("again.xif")};
+            if (!isOld)
+                arguments.insert(arguments.end(), {"--iniProfileFile", profile});
+            const Answer again = Call(arguments);
+            ASSERT_EQ(again.status, 0) << again.error;
+            XifFile made;
+            ASSERT_TRUE(ReadXifFile(ReadFile(scratch_.Path("again.xif")), made).Ok());
+            EXPECT_EQ(Essence(made), Essence(given));
+            for (std::size_t line = 0; isOld && line < 5; ++line)
+                for (std::size_t i = 0; i < std::min(made.parameters[line].numbers.size(),
+                                                     given.parameters[line].numbers.size());
+                     ++i)
+                    EXPECT_EQ(made.parameters[line].numbers[i], given.parameters[line].numbers[i])
+                        << line + 6 << '/' << i + 1;
+            ++compared;
+            ownProfiles += isOld ? 1 : 0;
+        }
+    }
+    if (compared == 0)
+        GTEST_SKIP() << "no samples";
+    EXPECT_GT(ownProfiles, 20);
+}
+
+}  // namespace
+}  // namespace tovarek::test
