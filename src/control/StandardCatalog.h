@@ -31,14 +31,14 @@ struct CatalogEntry {
     std::uint16_t size = 0;   // bytes
 };
 
-// One value inside a type, at the end of all references, members and elements: what a display format can
-// show.
+// A single value of a type, as display formats show it: what is left when references are followed, and
+// structures, unions and arrays are taken apart.
 struct CatalogField {
     std::string path;        // e.g. "time_value[2].hour"; empty when the type is one value
     std::string conversion;  // "%d" integers, "%f" scaled numbers and floats, "%m" enumerations, "%s" texts
     std::string unit;        // text; empty when none is known
-    TypeDescription
-        type;  // a number, a float, a bit field, an enumeration, or a text (an array of characters)
+    // A number, a float, a bit field, an enumeration, or a text (an array of characters).
+    TypeDescription type;
 };
 
 class StandardCatalog {
