@@ -2,10 +2,10 @@
 // facts.
 #include <algorithm>
 
-#include "Fixtures.h"
 #include "control/StandardCatalog.h"
+#include "formats/Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 const std::string kFolder = TOVAREK_CATALOG;
@@ -70,9 +70,8 @@ TEST(Catalog, FormatWithSeveralParametersGivesThoseOfTheFirst) {
 
 TEST(Catalog, NumbersWithoutATypeAreNotInIt) {
     const auto catalog = OpenBuilt();
-    for (const int index : {-1, 0, 140, 141, 142, 167, 216, 225, 226, 65535, 65536}) {
+    for (const int index : {-1, 0, 140, 141, 142, 167, 216, 225, 226, 65535, 65536})
         EXPECT_FALSE(catalog->HasNv(index)) << index;
-    }
     EXPECT_EQ(catalog->Cp(381), nullptr);
     EXPECT_NE(catalog->Cp(384), nullptr);
     EXPECT_EQ(catalog->NvTypes().size(), 214U);
@@ -90,9 +89,8 @@ TEST(Catalog, TypesAreDescribedCompletely) {
         EXPECT_EQ(catalog->NvIndex(entry.name), entry.index);
         EXPECT_FALSE(catalog->NvFields(entry.index).empty()) << entry.name;
     }
-    for (const CatalogEntry& entry : catalog->CpTypes()) {
+    for (const CatalogEntry& entry : catalog->CpTypes())
         ASSERT_NE(catalog->Cp(entry.index), nullptr) << entry.name;
-    }
     const NvType& temperature = *catalog->Nv(105);
     EXPECT_EQ(temperature.type.kind, TypeKind::signedLong);
     EXPECT_EQ(temperature.type.minimum, -27317);
@@ -108,9 +106,8 @@ TEST(Catalog, TypesAreDescribedCompletely) {
 
 std::string Shown(const std::vector<FormatParameter>& parameters) {
     std::string text;
-    for (const FormatParameter& parameter : parameters) {
+    for (const FormatParameter& parameter : parameters)
         text += parameter.conversion + ' ' + parameter.expression + ';';
-    }
     return text;
 }
 
@@ -226,9 +223,8 @@ TEST(Catalog, TypesThatReferToThemselvesEnd) {
     TypeDescription self;
     self.kind = TypeKind::reference;
     self.target = {0, 1};
-    for (const char* name : {"a", "b", "c"}) {
+    for (const char* name : {"a", "b", "c"})
         circle.members.push_back({name, {}, {}, {}, self});
-    }
     types.nvTypes.emplace_back(NvType{"_circle", 3, {}, {}, {}, circle});
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
@@ -241,4 +237,4 @@ TEST(Catalog, TypesThatReferToThemselvesEnd) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test
