@@ -36,7 +36,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    fuzz::RunProfile(&CProfile::iniFile, file.Path());
+    CProfile profile;
+    profile.iniFile = file.Path();
+    fuzz::RunProfile(profile);
     cIni ini;
     ini.iniFile(file.Path());
     Accepts([&] {

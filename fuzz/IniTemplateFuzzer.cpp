@@ -20,6 +20,9 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    fuzz::RunTemplate(&CTemplate::iniFile, fuzz::View(data, size));
+    const fuzz::InputFile file(fuzz::View(data, size));
+    CTemplate source;
+    source.iniFile = file.Path();
+    fuzz::RunTemplate(source);
     return 0;
 }

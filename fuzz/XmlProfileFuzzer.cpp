@@ -15,6 +15,10 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    fuzz::RunProfile(&CProfile::xmlFile, fuzz::InputFile(fuzz::View(data, size)).Path());
+    const fuzz::InputFile file(fuzz::View(data, size));
+    CProfile profile;
+    profile.xmlFile = file.Path();
+    profile.xmlNodeName = "P";
+    fuzz::RunProfile(profile);
     return 0;
 }

@@ -26,6 +26,10 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    fuzz::RunTemplate(&CTemplate::xmlFile, fuzz::View(data, size));
+    const fuzz::InputFile file(fuzz::View(data, size));
+    CTemplate source;
+    source.xmlFile = file.Path();
+    source.xmlNodeName = "T";
+    fuzz::RunTemplate(source);
     return 0;
 }

@@ -1,6 +1,6 @@
 #include "automation/TovarekObject.h"
 
-#include "automation/Module.h"
+#include "automation/TypeLibrary.h"
 
 namespace tovarek {
 namespace {

@@ -1,11 +1,15 @@
 #include "component/FilesList.h"
 
+#include <memory>
+#include <set>
 #include <string_view>
+#include <tuple>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Path.h"
+#include "base/Text.h"
 #include "support/TextWriter.h"
-#include "types/TypeFilesDriver.h"
 
 namespace tovarek {
 namespace {
@@ -34,47 +38,117 @@ void AddTypesOfScope(const CTypes::Types& types, std::int32_t scope, const std::
             ofScope.Add(keyPrefix + std::to_string(type->indexInScope), type.get());
 }
 
+// Of no device.
+constexpr std::string_view kNoProgramId = "0000000000000000";
+
 constexpr const char* kWithoutTypes = "a device without types of its own needs mustGenerateTypes false";
 
-// Adds what helps when the inputs of the types are not set. They were not opened when the context has no
-// record.
-void ExplainInputs(Error& error, const std::string& formatFile, const std::string& userTypeFile,
-                   const std::string& userTypeFilePath) {
-    if (error.Number() == eQVXIFerr_errorloadingxmlformatfile && formatFile.empty())
-        error.AddReason(std::string("typeFilesXMLFormat is not set; ") + kWithoutTypes);
-    if (error.Number() != eQVXIFerr_errorloadingusertypefile || !error.Context().record.empty())
-        return;
-    if (userTypeFile.empty())
-        error.AddReason(std::string("the template does not name a user type file (userTypeFile in [general], "
-                                    "USERCPFILE); ") +
-                        kWithoutTypes);
-    else if (userTypeFilePath.empty())
-        error.AddReason(
-            "userTypeFilePath is empty, which stands for the root folder; \".\" is the current one");
+// What helps when the inputs of the types are not set. They were not opened when the context has no record.
+std::string InputsReason(const TypeStep& step, std::int32_t error, const ErrorContext& context) {
+    if (error == eQVXIFerr_errorloadingxmlformatfile && step.formatFile.empty())
+        return std::string("typeFilesXMLFormat is not set; ") + kWithoutTypes;
+    if (error != eQVXIFerr_errorloadingusertypefile || !context.record.empty())
+        return {};
+    if (step.deviceTemplate.userTypeFile.empty())
+        return std::string(
+                   "the template does not name a user type file (userTypeFile in [general], "
+                   "USERCPFILE); ") +
+               kWithoutTypes;
+    if (step.userTypeFilePath.empty())
+        return "userTypeFilePath is empty, which stands for the root folder; \".\" is the current one";
+    return {};
 }
+
+// Adds a reason to what `operation` raises or tells the sink that it is given.
+template <class Reason, class Operation>
+void WithReason(FindingSink& findings, const Reason& reason, const Operation& operation) {
+    class Sink : public FindingSink {
+      public:
+        Sink(FindingSink& outer, const Reason& reason) : outer_(outer), reason_(reason) {}
+        void Take(Finding finding) override {
+            const std::string more = finding.warning == Warning::none && !Raises()
+                                         ? reason_(finding.error, finding.context)
+                                         : std::string();
+            if (!more.empty())
+                finding.context.reason += (finding.context.reason.empty() ? "" : "; ") + more;
+            outer_.Take(std::move(finding));
+        }
+        bool WantsWarnings() const override { return outer_.WantsWarnings(); }
+        bool Raises() const override { return outer_.Raises(); }
+
+      private:
+        FindingSink& outer_;
+        const Reason& reason_;
+    };
+    Sink sink(findings, reason);
+    try {
+        operation(sink);
+    } catch (Error& error) {
+        if (const std::string more = reason(error.Number(), error.Context()); !more.empty())
+            error.AddReason(more);
+        throw;
+    }
+}
+
+// A fault of a type element comes up with every type that is made of it: it is told once.
+class OnceSink : public FindingSink {
+  public:
+    explicit OnceSink(FindingSink& outer) : outer_(outer) {}
+    void Take(Finding finding) override {
+        const ErrorContext& at = finding.context;
+        const bool isKnown =
+            at.line > 0 &&
+            !told_.insert({finding.error, finding.warning, at.file, at.line, at.field, at.value, at.reason})
+                 .second;
+        if (!isKnown)
+            outer_.Take(std::move(finding));
+    }
+    bool WantsWarnings() const override { return outer_.WantsWarnings(); }
+    bool Raises() const override { return outer_.Raises(); }
+
+  private:
+    FindingSink& outer_;
+    std::set<std::tuple<std::int32_t, Warning, std::string, int, std::string, std::string, std::string>>
+        told_;
+};
+
+// Tries out a run of the control.
+class Trial {
+  public:
+    Trial(QVxTypes& control, TrialOutput* output) : control_(control) { control_.SetTrial(output); }
+    ~Trial() { control_.SetTrial(nullptr); }
+    Trial(const Trial&) = delete;
+    Trial& operator=(const Trial&) = delete;
+
+  private:
+    QVxTypes& control_;
+};
 
 std::string ListPath(const TypeFilesSettings& settings) {
     return WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
 }
 
-void WriteTypeFiles(const CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
-                    const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
-                    std::vector<std::string>& writtenFiles) {
+void WriteTypeFiles(const CTypes& types, const TypeStep& step, const TypeFilesRun& run) {
     std::vector<CResFile> files;
+    TypeFilesSettings settings = step.settings;
+    std::string programID = step.deviceTemplate.programID;
+    // That it is none was told; the types can be judged nevertheless.
+    if (run.trial != nullptr && (programID.size() != kNoProgramId.size() || !FromHex(programID)))
+        programID = kNoProgramId;
     for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
         ScopeTypes ofScope;
         AddTypesOfScope(types.unvtTypes, scope, "NV_", ofScope);
         AddTypesOfScope(types.ucptTypes, scope, "CP_", ofScope);
         if (!ofScope.empty())
-            GenerateTypeFiles(ofScope, scope, settings, deviceTemplate.programID, catalog, errorHandler,
-                              files, writtenFiles);
+            GenerateTypeFiles(ofScope, scope, settings, programID, step.catalog, step.errorHandler, files,
+                              run);
     }
 
     const std::string path = ListPath(settings);
-    OutputFile list(path);
-    WriteFilesListText(list, files);
-    list.Close();
-    writtenFiles.push_back(path);
+    const std::unique_ptr<FileSink> list = OpenOutput(path, run.trial);
+    WriteFilesListText(*list, files);
+    list->Close();
+    run.writtenFiles.push_back(path);
 }
 
 }  // namespace
@@ -109,27 +183,30 @@ void WriteFilesListText(FileSink& sink, const std::vector<CResFile>& files) {
     }
 }
 
-void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
-                              const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
-                              const std::string& formatFile, const std::string& userTypeFilePath,
-                              std::vector<std::string>& writtenFiles) {
-    types.deviceTemplate = &deviceTemplate;
-    types.errorHandler = &errorHandler;
-    types.catalog = &catalog;
-    try {
-        types.LoadTypes(formatFile, UserTypeFile(deviceTemplate, userTypeFilePath));
-    } catch (Error& error) {
-        ExplainInputs(error, formatFile, deviceTemplate.userTypeFile, userTypeFilePath);
-        throw;
-    }
-    try {
-        WriteTypeFiles(types, deviceTemplate, catalog, errorHandler, settings, writtenFiles);
-    } catch (Error& error) {
-        if (settings.typeFilesDirectory.empty())
-            error.AddReason(
-                "typeFilesDirectory is empty, which stands for the root folder; \".\" is the current one");
-        throw;
-    }
+void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFilesRun& run) {
+    types.deviceTemplate = &step.deviceTemplate;
+    types.errorHandler = &step.errorHandler;
+    types.catalog = &step.catalog;
+    OnceSink once(run.findings);
+    const auto inputsReason = [&](std::int32_t error, const ErrorContext& context) {
+        return InputsReason(step, error, context);
+    };
+    WithReason(once, inputsReason, [&](FindingSink& findings) {
+        types.LoadTypes(step.formatFile, UserTypeFile(step.deviceTemplate, step.userTypeFilePath), findings);
+    });
+    const auto folderReason = [&](std::int32_t /*error*/, const ErrorContext& /*context*/) {
+        return std::string(
+            step.settings.typeFilesDirectory.empty()
+                ? "typeFilesDirectory is empty, which stands for the root folder; \".\" is the "
+                  "current one"
+                : "");
+    };
+    const Trial trial(step.catalog.types, run.trial);
+    WithReason(once, folderReason, [&](FindingSink& findings) {
+        TellingErrors(findings, [&] {
+            WriteTypeFiles(types, step, {findings, run.writtenFiles, run.trial});
+        });
+    });
 }
 
 }  // namespace tovarek

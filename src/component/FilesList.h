@@ -10,6 +10,7 @@
 #include "template/CTemplate.h"
 #include "types/CResFile.h"
 #include "types/CTypes.h"
+#include "types/TypeFilesDriver.h"
 #include "types/TypeFilesSettings.h"
 #include "types/catalog/CCatalog.h"
 
@@ -21,14 +22,20 @@ std::vector<std::string> PossibleTypeFiles(const TypeFilesSettings& settings);
 // Path of the template's user type file, which is looked for in `userTypeFilePath`.
 std::string UserTypeFile(const CTemplate& deviceTemplate, const std::string& userTypeFilePath);
 
-// `formatFile` defines the types; the template's user type file is looked for in `userTypeFilePath`. The
-// template is loaded and checked already. Paths of finished files are appended to `writtenFiles`, files.lst
-// last. Raises the errors of CTypes::LoadTypes and GenerateTypeFiles, and file errors for files.lst; files
-// that were finished before an error stay.
-void GenerateTypeFilesAndList(CTypes& types, const CTemplate& deviceTemplate, CCatalog& catalog,
-                              const CErrorHandler& errorHandler, const TypeFilesSettings& settings,
-                              const std::string& formatFile, const std::string& userTypeFilePath,
-                              std::vector<std::string>& writtenFiles);
+// The inputs of the type step; the template is loaded and checked already.
+struct TypeStep {
+    const CTemplate& deviceTemplate;
+    CCatalog& catalog;
+    const CErrorHandler& errorHandler;
+    const TypeFilesSettings& settings;
+    const std::string& formatFile;        // defines the types
+    const std::string& userTypeFilePath;  // the folder of the template's user type file
+};
+
+// Paths of finished files are appended to the written files, files.lst last. Tells the errors of
+// CTypes::LoadTypes and GenerateTypeFiles, and file errors for files.lst; one place of an input is told the
+// same once. Files that were finished before an error stay.
+void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFilesRun& run);
 
 // The text of files.lst into any sink, which is not closed.
 void WriteFilesListText(FileSink& sink, const std::vector<CResFile>& files);

@@ -1,12 +1,14 @@
 #include "component/Tovarek.h"
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
 #include "component/FilesList.h"
 #include "component/XifWriter.h"
 #include "support/Readings.h"
+#include "system/TrialOutput.h"
 
 namespace tovarek {
 namespace {
@@ -107,6 +109,10 @@ void Tovarek::Run(FindingSink& findings, Purpose purpose) {
     writtenFiles_.clear();
     try {
         Readings readings(findings);
+        std::optional<TrialOutput> trial;
+        if (purpose == Purpose::check)
+            trial.emplace(mustGenerateTypes_ ? typeFiles_.typeFilesDirectory : "");
+        TrialOutput* const output = trial ? &*trial : nullptr;
         bool isTemplateRead = false;
         TellingErrors(findings, [&] {
             ReadTemplate(readings);
@@ -115,9 +121,9 @@ void Tovarek::Run(FindingSink& findings, Purpose purpose) {
         if (guard_ && purpose == Purpose::generation)
             guard_(Files());
         if (mustGenerateTypes_ && isTemplateRead)
-            TellingErrors(findings, [&] { DoTypeFiles(readings, purpose); });
+            TellingErrors(findings, [&] { DoTypeFiles(readings, output); });
         if (mustGenerateXif_)
-            TellingErrors(findings, [&] { DoXif(readings, purpose); });
+            TellingErrors(findings, [&] { DoXif(readings, output); });
         if (findings.WantsWarnings())
             readings.TellUnread();
     } catch (const std::bad_alloc&) {
@@ -139,27 +145,29 @@ void Tovarek::ReadTemplate(Readings& readings) {
         template_.AddNameInCp();
 }
 
-void Tovarek::DoTypeFiles(Readings& /*readings*/, Purpose purpose) {
-    if (purpose == Purpose::check)
-        return;
-    GenerateTypeFilesAndList(types_, template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_,
-                             userTypeFilePath_, writtenFiles_);
+void Tovarek::DoTypeFiles(Readings& readings, TrialOutput* trial) {
+    std::vector<std::string> tried;
+    GenerateTypeFilesAndList(
+        types_, {template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_, userTypeFilePath_},
+        {readings.Findings(), trial != nullptr ? tried : writtenFiles_, trial});
 }
 
-void Tovarek::DoXif(Readings& readings, Purpose purpose) {
+void Tovarek::DoXif(Readings& readings, TrialOutput* trial) {
     FindingSink& findings = readings.Findings();
     profile_.errorHandler = &errorHandler_;
     NamingTheElement("xmlProfileNodeName", profile_.xmlNodeName, [&] { profile_.Load(findings); });
     if (findings.WantsWarnings())
         profile_.TellReadings(readings);
     profile_.VerifyData(findings);
-    if (purpose == Purpose::check)
-        return;
     if (outputXIFfile_.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound,
                           {.field = "outputXIFfile",
                            .reason = "the name of the output file is empty; set outputXIFfile, or "
                                      "mustGenerateXif to false"});
+    if (trial != nullptr) {
+        trial->Open(outputXIFfile_);
+        return;
+    }
     WriteXif(outputXIFfile_, profile_, template_, resources_, *clock_);
     writtenFiles_.push_back(outputXIFfile_);
 }

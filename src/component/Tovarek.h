@@ -32,7 +32,8 @@
 
 namespace tovarek {
 
-class Readings;  // support/Readings.h
+class Readings;     // support/Readings.h
+class TrialOutput;  // system/TrialOutput.h
 
 class Tovarek {
   public:
@@ -153,8 +154,8 @@ class Tovarek {
     void RaiseWhenCatalogFailed() const;
     void Run(FindingSink& findings, Purpose purpose);
     void ReadTemplate(Readings& readings);
-    void DoTypeFiles(Readings& readings, Purpose purpose);
-    void DoXif(Readings& readings, Purpose purpose);
+    void DoTypeFiles(Readings& readings, TrialOutput* trial);
+    void DoXif(Readings& readings, TrialOutput* trial);
 
     CProfile profile_;
     CTemplate template_;

@@ -201,6 +201,13 @@ void QVxTypes::SetClock(std::shared_ptr<const Clock> clock) {
 void QVxTypes::SetFileOpener(std::function<std::unique_ptr<FileSink>(const std::string&)> opener) {
     impl_->creator.SetFileOpener(std::move(opener));
 }
+void QVxTypes::SetTrial(TrialOutput* trial) {
+    impl_->creator.SetTrial(trial);
+}
+void QVxTypes::SkipType(bool isUnvt) {
+    if (impl_->creator.Editing(ResourceKind::type).Ok())
+        impl_->creator.SkipType(isUnvt);
+}
 
 void QVxTypes::GetResourceSetHandle(std::int32_t& handle) {
     handle = impl_->creator.BeginSet();

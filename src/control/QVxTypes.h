@@ -1,7 +1,7 @@
 // The resource-file control: opens the standard type catalog, answers type lookups, and creates and saves
 // LonMark resource files. It knows nothing of the component's errors: every operation answers with a result
-// code, 0 on success, and throws nothing but std::bad_alloc. One instance holds one open catalog and one open
-// file.
+// code, 0 on success, and never throws but for want of memory. One instance holds one open catalog and one
+// open file.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +14,7 @@
 #include "formats/records/Outcome.h"
 #include "system/Clock.h"
 #include "system/Files.h"
+#include "system/TrialOutput.h"
 
 namespace tovarek {
 
@@ -77,6 +78,13 @@ class QVxTypes {
     // What SaveResourceFile writes through, given a path; a plain OutputFile by default. It may raise the
     // runtime errors of a FileSink, which become code 27.
     void SetFileOpener(std::function<std::unique_ptr<FileSink>(const std::string&)> opener);
+
+    // From now on files are only tried out: what is written goes to `trial`, which also tells whether a
+    // folder is there. It lives until the next call; null ends the trial.
+    void SetTrial(TrialOutput* trial);
+    // In a trial a refused type does not hold up those behind it: it is dropped and its number counts as
+    // used.
+    void SkipType(bool isUnvt);
 
     // First call of a set; the control writes the handle that the creation calls take. A file that an earlier
     // set left unsaved is forgotten.

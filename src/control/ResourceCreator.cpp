@@ -17,13 +17,13 @@ constexpr std::size_t kLongestHeaderText = 255;
 
 // Why no file can be created at `path`, empty when one can: the folder must be there already, and the path
 // must not be a folder itself.
-std::string PathFault(const std::string& path) {
+std::string PathFault(const std::string& path, TrialOutput* trial) {
     const std::string folder = FolderOf(path);
     if (path.empty() || folder == path)
         return "the path \"" + SystemPath(path) + "\" does not name a file";
     if (FolderExists(path))
         return "\"" + SystemPath(path) + "\" is a folder, and a file of this name is to be written";
-    if (!folder.empty() && !FolderExists(folder))
+    if (!folder.empty() && !(trial != nullptr ? trial->HasFolder(folder) : FolderExists(folder)))
         return "there is no folder \"" + SystemPath(folder) + "\"; create it or choose another one";
     return {};
 }
@@ -77,7 +77,7 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
         return Failure(resultBadScope, "no scope of 0 to 6 is set");
     if (request.programId.size() != 16 || !FromHex(request.programId))
         return Failure(resultBadProgramId, "a program ID has 16 hexadecimal digits");
-    if (std::string fault = PathFault(request.path); !fault.empty())
+    if (std::string fault = PathFault(request.path, trial_); !fault.empty())
         return Failure(resultErrorOpenFile, std::move(fault));
     if (request.majorVersion < 0 || request.majorVersion > 65535 || request.minorVersion < 0 ||
         request.minorVersion > 255)
@@ -296,6 +296,14 @@ Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, co
     return {};
 }
 
+void ResourceCreator::SkipType(bool isUnvt) {
+    builder_ = {};
+    if (isUnvt)
+        file_->types.nvTypes.emplace_back();
+    else
+        file_->types.cpTypes.emplace_back();
+}
+
 Outcome ResourceCreator::EndEdits() {
     if (!file_)
         return Failure(resultFileIsNotOpened, "no resource file is open");
@@ -319,7 +327,8 @@ Outcome ResourceCreator::Bytes(std::string& bytes) const {
 
 Outcome ResourceCreator::WriteOut(const std::string& bytes) {
     try {
-        const std::unique_ptr<FileSink> sink = opener_(file_->path);
+        const std::unique_ptr<FileSink> sink =
+            trial_ != nullptr ? trial_->Open(file_->path) : opener_(file_->path);
         sink->Append(bytes);
         sink->Close();
         lastRuntimeError_ = 0;

@@ -15,6 +15,7 @@
 #include "formats/type/TypeFile.h"
 #include "system/Clock.h"
 #include "system/Files.h"
+#include "system/TrialOutput.h"
 
 namespace tovarek {
 
@@ -45,6 +46,9 @@ class ResourceCreator {
         opener_ = std::move(opener);
     }
 
+    // From now on it is only tried whether files could be written; null for files again.
+    void SetTrial(TrialOutput* trial) { trial_ = trial; }
+
     // Begins a new set: an unsaved file of an earlier one, left by a failure, is forgotten, and so is the
     // scope.
     std::int32_t BeginSet();
@@ -66,6 +70,9 @@ class ResourceCreator {
     Outcome RegisterNv(std::int32_t number);
     Outcome RegisterCp(std::int32_t number, std::int32_t length, const std::string& rawInitial,
                        const std::string& rawMinimum, const std::string& rawMaximum);
+
+    // In a trial: drops the type that is being described, and lets its number pass.
+    void SkipType(bool isUnvt);
 
     Outcome EndEdits();
     Outcome Save();
@@ -92,6 +99,7 @@ class ResourceCreator {
 
     std::shared_ptr<const Clock> clock_;
     std::function<std::unique_ptr<FileSink>(const std::string&)> opener_;
+    TrialOutput* trial_ = nullptr;
     std::int32_t handle_ = 0;
     std::int32_t scope_ = -1;  // none chosen
     std::unique_ptr<OpenFile> file_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 
 #include "support/CErrorHandler.h"
@@ -43,10 +44,16 @@ class FindingSink {
     virtual void Take(Finding finding) = 0;
 
     // An error that was raised where no rule could go on; called while it is handled.
-    virtual void TakeRaised(const Error& error) { Take({error.Number(), error.Context()}); }
+    void TakeRaised(const Error& error) {
+        if (Raises())
+            throw;
+        Take({error.Number(), error.Context()});
+    }
 
     // Whether warnings are wanted; looking for them takes time.
     virtual bool WantsWarnings() const { return false; }
+    // Whether Take raises errors: they gather their context on their way out then.
+    virtual bool Raises() const { return false; }
 };
 
 // An error that leaves `operation` goes to `findings`.
@@ -75,8 +82,8 @@ class RaisingSink : public FindingSink {
             RaiseRuntimeError(static_cast<RuntimeError>(finding.error), std::move(finding.context));
         errorHandler_.RaiseError(finding.error, std::move(finding.context));
     }
-    [[noreturn]] void TakeRaised(const Error& /*error*/) override { throw; }
     bool WantsWarnings() const override { return listener_ != nullptr; }
+    bool Raises() const override { return true; }
 
   private:
     const CErrorHandler& errorHandler_;
@@ -97,6 +104,54 @@ class PlacingSink : public FindingSink {
   private:
     FindingSink& outer_;
     ErrorContext place_;
+};
+
+// What `operation` raises or tells the sink that it is given gets the context that `place` answers. It is
+// asked only then, with the error where it takes one.
+template <class Place, class Operation>
+void WithPlace(FindingSink& findings, const Place& place, const Operation& operation) {
+    class Sink : public FindingSink {
+      public:
+        Sink(FindingSink& outer, const Place& place) : outer_(outer), place_(place) {}
+        void Take(Finding finding) override {
+            if (finding.warning != Warning::none || !Raises())
+                finding.context.FillFrom(PlaceOf(finding));
+            outer_.Take(std::move(finding));
+        }
+        bool WantsWarnings() const override { return outer_.WantsWarnings(); }
+        bool Raises() const override { return outer_.Raises(); }
+
+      private:
+        ErrorContext PlaceOf(const Finding& finding) const {
+            if constexpr (std::is_invocable_v<const Place&, const Error&>)
+                return place_(Error(finding.error, {}, finding.context));
+            else
+                return place_();
+        }
+
+        FindingSink& outer_;
+        const Place& place_;
+    };
+    Sink placed(findings, place);
+    WithContext(place, [&] { operation(placed); });
+}
+
+// Knows whether it was told an error.
+class MarkingSink : public FindingSink {
+  public:
+    explicit MarkingSink(FindingSink& outer) : outer_(outer) {}
+
+    void Take(Finding finding) override {
+        hasError_ = hasError_ || finding.warning == Warning::none;
+        outer_.Take(std::move(finding));
+    }
+    bool WantsWarnings() const override { return outer_.WantsWarnings(); }
+    bool Raises() const override { return outer_.Raises(); }
+    bool HasError() const { return hasError_; }
+
+  private:
+    FindingSink& outer_;
+    bool hasError_ = false;
 };
 
 }  // namespace tovarek

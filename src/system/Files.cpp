@@ -53,7 +53,7 @@ std::string HintForDenied(std::string_view path, bool isOutput) {
 
 // What `open` answers. An error tells what helps, beside the system's reason.
 template <class Open>
-SystemFile OpenWithHint(std::string_view path, bool isOutput, const Open& open) {
+decltype(auto) OpenWithHint(std::string_view path, bool isOutput, const Open& open) {
     try {
         return open(path);
     } catch (Error& error) {
@@ -112,13 +112,22 @@ std::string ReadFile(std::string_view path, std::uint64_t limit) {
 
 namespace {
 
-SystemFile CreateOutput(std::string_view path) {
+void RefuseNoName(std::string_view path) {
     if (path.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the name of the output file is empty"});
+}
+
+SystemFile CreateOutput(std::string_view path) {
+    RefuseNoName(path);
     return OpenWithHint(path, true, SystemFile::Create);
 }
 
 }  // namespace
+
+void ProbeOutput(std::string_view path) {
+    RefuseNoName(path);
+    OpenWithHint(path, true, SystemFile::TryCreate);
+}
 
 OutputFile::OutputFile(std::string_view path) : file_(CreateOutput(path)) {
     buffer_.reserve(kPiece);

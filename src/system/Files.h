@@ -59,7 +59,7 @@ std::vector<std::string> DirectoryEntries(std::string_view path);
 // Creates one directory. False when it could not be created.
 bool MakeDirectory(std::string_view path);
 
-// Takes the bytes that a writer makes, in order: a file, or memory.
+// Where bytes are written to.
 class FileSink {
   public:
     virtual ~FileSink() = default;
@@ -90,6 +90,10 @@ class OutputFile : public FileSink {
     std::string buffer_;
     bool failed_ = false;
 };
+
+// Raises what OutputFile raises for `path`, as far as that shows beforehand: the folder, what stands there,
+// and what is permitted. Creates and changes nothing.
+void ProbeOutput(std::string_view path);
 
 // Writes a file that consists of `bytes`. Raises as OutputFile does.
 void WriteFile(std::string_view path, std::string_view bytes);

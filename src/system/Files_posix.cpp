@@ -90,6 +90,27 @@ SystemFile SystemFile::Create(std::string_view path) {
     return {path, OpenOrRaise(path, O_WRONLY | O_CREAT | O_TRUNC)};
 }
 
+void SystemFile::TryCreate(std::string_view path) {
+    const std::string system = SystemPath(path);
+    const auto refuse = [&](const std::string& name, int rights) {
+        if (faccessat(AT_FDCWD, name.c_str(), rights, AT_EACCESS) != 0)
+            RaiseFileError(path, errno);
+    };
+    struct stat status {};
+    if (stat(system.c_str(), &status) == 0) {
+        if (S_ISDIR(status.st_mode))
+            RaiseFileError(path, EISDIR);
+        return refuse(system, W_OK);
+    }
+    if (errno != ENOENT)
+        RaiseFileError(path, errno);
+    const std::size_t slash = system.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : system.substr(0, slash + 1);
+    refuse(folder, W_OK | X_OK);
+    if (slash + 1 == system.size())
+        RaiseFileError(path, EISDIR);
+}
+
 SystemFile::~SystemFile() {
     if (IsOpen())
         close(static_cast<int>(handle_));

@@ -4,6 +4,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/Path.h"
 #include "system/Files.h"
 #include "system/Wide.h"
 
@@ -117,6 +118,26 @@ SystemFile SystemFile::Create(std::string_view path) {
     return {path, OpenOrRaise(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS)};
 }
 
+void SystemFile::TryCreate(std::string_view path) {
+    if (FolderExists(path))
+        RaiseFileError(path, ERROR_ACCESS_DENIED);
+    const DWORD attributes = AttributesOf(path);
+    const DWORD error = GetLastError();
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
+        CloseHandle(Handle(OpenOrRaise(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING)));
+        return;
+    }
+    if (error != ERROR_FILE_NOT_FOUND)
+        RaiseFileError(path, error);
+    const std::string folder = FolderOf(path);
+    HANDLE parent = CreateFileW(ToWide(folder.empty() ? "." : folder).c_str(), FILE_ADD_FILE,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (parent == INVALID_HANDLE_VALUE)
+        RaiseFileError(path, GetLastError());
+    CloseHandle(parent);
+}
+
 SystemFile::~SystemFile() {
     if (IsOpen())
         CloseHandle(Handle(handle_));
@@ -173,7 +194,7 @@ bool FolderExists(std::string_view path) {
 }
 
 FileStamp StampOf(std::string_view path) {
-    // Opened for its attributes alone, which the system tells even of a file that this user may not read.
+    // Attributes alone can be asked of a file that nobody may read.
     HANDLE file = CreateFileW(ToWide(path).c_str(), FILE_READ_ATTRIBUTES,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr);

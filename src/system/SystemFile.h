@@ -16,6 +16,8 @@ class SystemFile {
     static SystemFile OpenToRead(std::string_view path);
     // Creates the file, or truncates it. Raises as OpenToRead, and 61 for a full disk.
     static SystemFile Create(std::string_view path);
+    // Raises as Create where that shows without creating or truncating anything.
+    static void TryCreate(std::string_view path);
 
     // Closes the file when it is still open and says nothing about failures.
     ~SystemFile();

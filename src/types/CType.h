@@ -31,8 +31,7 @@ enum ElementType : std::int32_t {
     elementStruct = 6,
     elementUnion = 7,
     elementFloat = 8,
-    // Deliberate: has the name of a bit field and none of its rules; those are elementBits'.
-    elementBitfield = 9,
+    elementBitfield = 9,  // deliberate: has the name of a bit field and none of its rules; see elementBits
 };
 
 // Format numbers from 1 to this one are the indexes of standard types.
@@ -81,9 +80,10 @@ struct ElementLines {
 // shared between them, and the operations that descend keep their frames small.
 class CType {
   public:
-    bool isUnvt = false;   // a network-variable type; else a configuration-property type
-    bool isField = false;  // a member of a structure or union
-    bool hasMin = false;   // whether minValue and maxValue count
+    bool isUnvt = false;     // a network-variable type; else a configuration-property type
+    bool isField = false;    // a member of a structure or union
+    bool isRefused = false;  // a fault of it was told: it is not judged further, nor written
+    bool hasMin = false;     // whether minValue and maxValue count
     bool hasMax = false;
     bool inheritable = false;
     bool bitfieldSigned = false;
@@ -116,10 +116,12 @@ class CType {
     std::shared_ptr<const TypeInputPlace> inputPlace;  // of a type of its own; none: not known
     std::shared_ptr<const ElementLines> lines;  // shared by all types of one type element; none: not known
     std::string enumName;
-    std::shared_ptr<std::vector<CEnumValue>> enumValues;  // shared likewise; none: no values
-    std::shared_ptr<const CFormats> availableFormats;     // shared likewise; none until the first one
-    std::vector<CType> elements;                          // members of a structure or union
-    std::vector<std::string> formats;  // names of its and its members' display formats, by AnalyseFormat
+    std::shared_ptr<std::vector<CEnumValue>>
+        enumValues;  // shared by all types of one type element; none: no values
+    std::shared_ptr<const CFormats> availableFormats;  // shared likewise; none until the first one
+    std::vector<CType> elements;                       // members of a structure or union
+    std::vector<std::string>
+        formats;  // names of the display formats of the type and its members, by AnalyseFormat
 
     // Whether the type stands for a standard one.
     bool isReference() const { return typeIndex > 0 && typeIndex <= kLargestStandardIndex; }
@@ -134,8 +136,8 @@ class CType {
     // Sets elementType from the word of a type element; letter case does not matter. Raises error 91.
     void ConvertType(std::string_view t, const CErrorHandler& errorHandler);
 
-    // Tells `findings` every fault of the type and its members. The context names the field, not the type:
-    // the caller knows what the type is called.
+    // Tells `findings` every fault of the type and its members; of those that are refused already nothing
+    // more. The context names the field, not the type: the caller knows what the type is called.
     void VerifyData(FindingSink& findings) const;
 
     // The limits as raw integers, halves to even. Runtime error 6 when one does not fit 32 bits.

@@ -36,18 +36,31 @@ std::string Key(std::int32_t scope, std::int32_t indexInScope) {
 }  // namespace
 
 void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile) {
+    RaisingSink raise(*errorHandler);
+    LoadTypes(xmlFileFormat, userTypeFile, raise);
+}
+
+void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile,
+                       FindingSink& findings) {
     catalog->types.ClearTypeSelection();
     unvtTypes = {};
     ucptTypes = {};
-    FormatDefinitions definitions(xmlFileFormat, prefixTypes, *errorHandler);
     nextIndex_.fill(1);
     zeros_ = 0;
-    AddTemplateTypes(definitions);
-    ReadUserTypeFile(userTypeFile, deviceTemplate->programID, *errorHandler,
-                     [&](const TypeRequest& request) { AddType(definitions, request); });
+    std::unique_ptr<FormatDefinitions> definitions;
+    TellingErrors(findings, [&] {
+        definitions = std::make_unique<FormatDefinitions>(xmlFileFormat, prefixTypes, *errorHandler);
+    });
+    AddTemplateTypes(definitions.get(), findings);
+    TellingErrors(findings, [&] {
+        ReadUserTypeFile(userTypeFile, deviceTemplate->programID, *errorHandler, findings,
+                         [&](const TypeRequest& request, FindingSink& ofType) {
+                             AddType(definitions.get(), request, ofType);
+                         });
+    });
 }
 
-void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
+void CTypes::AddTemplateTypes(FormatDefinitions* definitions, FindingSink& findings) {
     const auto add = [&](TypeRequest request, const auto& record, std::size_t position) {
         request.origin = RecordTitle(record, position);
         const auto place = [&](const Error& error) {
@@ -55,12 +68,13 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
             // Of a number without a definition the template tells where it stands.
             if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty()) {
                 context = request.inputPlace(TypeInput::definition);
-                context.FillFrom({.value = std::to_string(request.formatNumber), .file = definitions.Path()});
+                context.FillFrom(
+                    {.value = std::to_string(request.formatNumber), .file = definitions->Path()});
             }
             context.record = request.origin;
             return context;
         };
-        WithContext(place, [&] { AddType(definitions, request); });
+        WithPlace(findings, place, [&](FindingSink& placed) { AddType(definitions, request, placed); });
     };
     for (std::size_t i = 0; i < deviceTemplate->nvs.size(); ++i) {
         const CNv& nv = deviceTemplate->nvs[i];
@@ -91,34 +105,58 @@ void CTypes::AddTemplateTypes(FormatDefinitions& definitions) {
     }
 }
 
-void CTypes::AddType(FormatDefinitions& definitions, const TypeRequest& request) {
+void CTypes::AddType(FormatDefinitions* definitions, const TypeRequest& request, FindingSink& findings) {
     // The first definition of a property type wins.
     if (!request.isUnvt && FindType(false, request.typeNumber, request.scope) != nullptr)
         return;
+    const TypeDefinition* definition = nullptr;
     // Only a network-variable type of the template may choose its scope.
-    const TypeDefinition& definition =
-        definitions.Get(request.formatNumber, request.isUnvt && !request.fromUserTypeFile);
+    TellingErrors(findings, [&] {
+        if (definitions != nullptr && !request.isRefused)
+            definition = &definitions->Get(request.formatNumber, request.isUnvt && !request.fromUserTypeFile,
+                                           findings);
+    });
+    if (definition == nullptr)
+        return AddRefused(request);
     auto type = std::make_unique<CType>();
-    definition.Instantiate(*type, request.isUnvt, request.scope);
+    definition->Instantiate(*type, request.isUnvt, request.scope);
     type->name = request.name;
-    if (type->name.empty() && definition.name)
-        type->name = (request.isUnvt ? "UNVT__" : "UCPT__") + *definition.name;
-    ErrorContext place{.record = "type element " + definitions.ElementName(request.formatNumber) +
+    if (type->name.empty() && definition->name)
+        type->name = (request.isUnvt ? "UNVT__" : "UCPT__") + *definition->name;
+    ErrorContext place{.record = "type element " + definitions->ElementName(request.formatNumber) +
                                  (type->name.empty() ? "" : " '" + type->name + "'"),
-                       .file = definitions.Path(),
-                       .line = definition.content.LineOf()};
+                       .file = definitions->Path(),
+                       .line = definition->content.LineOf()};
     place.FillFrom({.record = request.origin});
     type->place = std::make_shared<const ErrorContext>(std::move(place));
     type->inputPlace = std::make_shared<const TypeInputPlace>(request.inputPlace);
-    const bool isWanted = WithContext([&] { return *type->place; }, [&] { return Complete(*type, request); });
+    bool isWanted = false;
+    TellingErrors(findings, [&] {
+        WithPlace(
+            findings, [&] { return *type->place; },
+            [&](FindingSink& placed) { isWanted = Complete(*type, request, placed); });
+    });
     if (!isWanted)
         return;
     const std::string key = Key(type->scope, type->indexInScope);
     ListOf(request.isUnvt).Add(key, std::move(type));
 }
 
+// Keeps the number of a property type without a definition, so that its absence is no gap. Those of
+// network-variable types follow each other anyway.
+void CTypes::AddRefused(const TypeRequest& request) {
+    if (request.isUnvt)
+        return;
+    auto type = std::make_unique<CType>();
+    type->scope = request.scope;
+    type->indexInScope = request.typeNumber;
+    type->isRefused = true;
+    const std::string key = Key(type->scope, type->indexInScope);
+    ucptTypes.Add(key, std::move(type));
+}
+
 // Numbers, measures, checks and fills a new type. False when it is not wanted after all.
-bool CTypes::Complete(CType& type, const TypeRequest& request) {
+bool CTypes::Complete(CType& type, const TypeRequest& request, FindingSink& findings) {
     if (type.isUnvt && (type.scope < 0 || type.scope >= static_cast<std::int32_t>(nextIndex_.size())))
         RaiseRuntimeError(RuntimeError::subscriptOutOfRange, {.field = "SCOPE",
                                                               .value = std::to_string(type.scope),
@@ -133,13 +171,16 @@ bool CTypes::Complete(CType& type, const TypeRequest& request) {
     type.ComputeReferenceLength(*catalog);
     if (useReferenceUnits)
         type.VerifyReferenceFormats(type, *catalog);
-    type.AnalyseLength();
+    MarkingSink marking(findings);
+    TellingErrors(marking, [&] { type.AnalyseLength(); });
+    type.isRefused = type.isRefused || marking.HasError();
     if (next != nullptr)
         ++*next;
-    RaisingSink raise(*errorHandler);
-    type.VerifyData(raise);
-    if (!type.isUnvt)
-        FillRawValues(type, request);
+    type.VerifyData(marking);
+    type.isRefused = type.isRefused || marking.HasError();
+    if (!type.isUnvt && !type.isRefused)
+        TellingErrors(marking, [&] { FillRawValues(type, request); });
+    type.isRefused = type.isRefused || marking.HasError();
     return true;
 }
 

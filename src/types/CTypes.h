@@ -8,6 +8,7 @@
 
 #include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "template/CTemplate.h"
 #include "types/CType.h"
 #include "types/UserTypeFile.h"
@@ -17,7 +18,6 @@ namespace tovarek {
 
 class FormatDefinitions;  // types/FormatDefinitions.h
 
-// After LoadTypes every type is numbered, measured in bytes and checked, and has all its raw values.
 class CTypes {
   public:
     using Types = KeyedList<std::unique_ptr<CType>>;
@@ -40,11 +40,16 @@ class CTypes {
     // file that cannot be loaded, those of FormatDefinitions::Get and CType::VerifyData, and runtime errors:
     // 6 for a size beyond 32 bits, 7 for absent raw values beyond measure, 9 for a scope outside 0 to 6.
     void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile);
+    // The same, with all of that told to `findings`. A type with a fault is refused and keeps its number, so
+    // that those behind it are judged as they will be.
+    void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile, FindingSink& findings);
 
   private:
-    void AddTemplateTypes(FormatDefinitions& definitions);
-    void AddType(FormatDefinitions& definitions, const TypeRequest& request);
-    bool Complete(CType& type, const TypeRequest& request);
+    // `definitions`: null for a file that cannot be loaded.
+    void AddTemplateTypes(FormatDefinitions* definitions, FindingSink& findings);
+    void AddType(FormatDefinitions* definitions, const TypeRequest& request, FindingSink& findings);
+    void AddRefused(const TypeRequest& request);
+    bool Complete(CType& type, const TypeRequest& request, FindingSink& findings);
     void FillRawValues(CType& type, const TypeRequest& request);
 
     Types& ListOf(bool isUnvt) { return isUnvt ? unvtTypes : ucptTypes; }

@@ -12,9 +12,9 @@
 namespace tovarek {
 namespace {
 
-// Prefixes that are taken off what NAME says; any other one stays part of the name.
+// Prefixes of type names that NAME may carry; another one stands in the name that is made of it.
 constexpr std::string_view kNamePrefixes[] = {"UNVT", "UCPT", "SNVT", "SCPT"};
-// Prefixes that are taken off the name of a type element, where an enumeration is called after it.
+// Those that the short name of a type element goes without.
 constexpr std::string_view kElementPrefixes[] = {"SNVT", "SCPT"};
 
 // `name` without the first of `prefixes` that it begins with, and without one "_" behind it. Any letter case.
@@ -40,7 +40,7 @@ XmlNode FirstElement(XmlNode node) {
     return node;
 }
 
-// A value of an enumeration is a signed byte. Deliberate: 256 is taken off every larger value, once.
+// A value of an enumeration is a signed byte.
 constexpr std::int32_t kLargestEnumValue = 127;
 std::int32_t AsSignedByte(std::int32_t value) {
     return value > kLargestEnumValue ? value - 256 : value;
@@ -91,10 +91,10 @@ const TypeDefinition& DefinitionReader::Read(std::int32_t number) {
     while (!levels_.empty()) {
         Level& level = Top();
         if (level.member) {
-            ReadMember();
+            Telling([&] { ReadMember(); });
         } else if (level.child) {
             const XmlNode node = std::exchange(level.child, FirstElement(level.child.NextSibling()));
-            ReadChild(node);
+            Telling([&] { ReadChild(node); });
         } else {
             Leave();
         }
@@ -148,6 +148,18 @@ std::string DefinitionReader::MissingReason(std::int32_t number) const {
            ">; add it or correct the number";
 }
 
+// A part of the type element at the top of the stack. What it raises is told; the type lacks that part then.
+template <class Operation>
+void DefinitionReader::Telling(const Operation& operation) {
+    CType& type = Content();
+    bool isDone = false;
+    TellingErrors(findings_, [&] {
+        operation();
+        isDone = true;
+    });
+    type.isRefused = type.isRefused || !isDone;
+}
+
 void DefinitionReader::ReadMember() {
     Level& level = Top();
     const XmlNode node = std::exchange(level.member, FirstElement(level.member.NextSibling()));
@@ -155,8 +167,8 @@ void DefinitionReader::ReadMember() {
     const auto& known = file_.definitions[readsScope_ ? 1 : 0];
     const auto found = known.find(number);
     if (found == known.end()) {
-        pendingMembers_.push_back(node);
         Enter(number, node);
+        pendingMembers_.push_back(node);
         return;
     }
     const TypeDefinition& definition = *found->second;
@@ -169,12 +181,14 @@ void DefinitionReader::ReadMember() {
 
 void DefinitionReader::AddMember(const XmlNode& node, const TypeDefinition& definition) {
     TypeDefinition& owner = *Top().definition;
+    if (owner.memberCount + 1 + definition.memberCount > kMostMembers)
+        RefuseNesting({}, definition.content.typeIndex,
+                      "the type has more than 1000000 members at all levels");
     owner.members.push_back({node.Name(), &definition, owner.scope, node.Line()});
     owner.memberCount += 1 + definition.memberCount;
     owner.memberDepth = std::max(owner.memberDepth, 1 + definition.memberDepth);
-    if (owner.memberCount > kMostMembers)
-        RefuseNesting({}, definition.content.typeIndex,
-                      "the type has more than 1000000 members at all levels");
+    // What is made of it cannot be measured either.
+    owner.content.isRefused = owner.content.isRefused || definition.content.isRefused;
 }
 
 void DefinitionReader::Leave() {
@@ -185,7 +199,7 @@ void DefinitionReader::Leave() {
         return;
     const XmlNode member = std::move(pendingMembers_.back());
     pendingMembers_.pop_back();
-    AddMember(member, finished);
+    Telling([&] { AddMember(member, finished); });
 }
 
 void DefinitionReader::RefuseNesting(const XmlNode& origin, std::int32_t next,
@@ -245,7 +259,7 @@ void DefinitionReader::ReadType(const XmlNode& node) {
 void DefinitionReader::ReadName(const XmlNode& node) {
     const std::string cleaned = tools_.ReplaceBadCharInType(tools_.nodeTextValue(node));
     const std::string_view name = WithoutPrefix(cleaned, kNamePrefixes);
-    // Deliberate: of several, the first NAME names the type and the latest one its enumeration.
+    // The first NAME names the type, the latest one its enumeration.
     if (!Top().definition->name)
         Top().definition->name = name;
     Top().enumName = Top().shortName + "_";
@@ -294,7 +308,7 @@ void DefinitionReader::ReadEnums(const XmlNode& node) {
         CEnumValue& value = type.enumValues->emplace_back();
         value.name = child.Name();
         value.line = child.Line();
-        value.value = AsSignedByte(Integer(child));
+        Telling([&] { value.value = AsSignedByte(Integer(child)); });
         smallest = std::min(smallest, value.value);
         largest = std::max(largest, value.value);
     }
@@ -312,14 +326,14 @@ void DefinitionReader::ReadUnits(const XmlNode& node) {
         Content().availableFormats = Top().formats;
     }
     for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling())) {
-        CFormat format = ReadFormat(child);
+        CFormat format{.name = child.Name()};
+        Telling([&] { ReadFormat(child, format); });
         const std::string name = format.name;
         Top().formats->Add(name, std::move(format));
     }
 }
 
-CFormat DefinitionReader::ReadFormat(const XmlNode& node) const {
-    CFormat format{.name = node.Name()};
+void DefinitionReader::ReadFormat(const XmlNode& node, CFormat& format) const {
     for (XmlNode child = FirstElement(node.FirstChild()); child; child = FirstElement(child.NextSibling()))
         if (UpperCase(child.Name()) == "UNIT")
             format.unit = tools_.nodeTextValue(child);
@@ -330,7 +344,6 @@ CFormat DefinitionReader::ReadFormat(const XmlNode& node) const {
         else if (name == "C_COEF")
             format.format_c_coef = Number(node, value);
     }
-    return format;
 }
 
 std::int32_t DefinitionReader::Integer(const XmlNode& node) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/CTools.h"
+#include "support/Findings.h"
 #include "types/TypeDefinition.h"
 
 namespace tovarek {
@@ -15,9 +16,11 @@ namespace tovarek {
 // of: however deep a file nests, the program's own stack stays as it is.
 class DefinitionReader {
   public:
-    DefinitionReader(DefinitionTable& table, bool readsScope) : file_(table), readsScope_(readsScope) {}
+    DefinitionReader(DefinitionTable& table, bool readsScope, FindingSink& findings)
+        : file_(table), readsScope_(readsScope), findings_(findings) {}
 
-    // Reads the definition with this format number and all that it needs.
+    // Reads the definition with this format number and all that it needs. What is refused is told and left
+    // out, and the definition says so.
     const TypeDefinition& Read(std::int32_t number);
 
   private:
@@ -37,6 +40,8 @@ class DefinitionReader {
 
     void Enter(std::int32_t number, const XmlNode& origin);
     std::string MissingReason(std::int32_t number) const;
+    template <class Operation>
+    void Telling(const Operation& operation);
     void ReadMember();
     void AddMember(const XmlNode& node, const TypeDefinition& definition);
     void Leave();
@@ -55,7 +60,7 @@ class DefinitionReader {
     void ReadFields(const XmlNode& node);
     void ReadEnums(const XmlNode& node);
     void ReadUnits(const XmlNode& node);
-    CFormat ReadFormat(const XmlNode& node) const;
+    void ReadFormat(const XmlNode& node, CFormat& format) const;
 
     std::int32_t Integer(const XmlNode& node) const;
     double Number(const XmlNode& node, const std::string& text) const;
@@ -67,6 +72,7 @@ class DefinitionReader {
 
     DefinitionTable& file_;
     bool readsScope_;
+    FindingSink& findings_;
     CTools tools_;
     std::vector<Level> levels_;
     std::vector<XmlNode> pendingMembers_;  // the members that the levels above the first are read for

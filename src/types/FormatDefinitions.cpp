@@ -18,12 +18,12 @@ FormatDefinitions::FormatDefinitions(const std::string& path, std::string prefix
             table_.elements.try_emplace(UpperCase(child.Name()), child);
 }
 
-const TypeDefinition& FormatDefinitions::Get(std::int32_t number, bool readsScope) {
+const TypeDefinition& FormatDefinitions::Get(std::int32_t number, bool readsScope, FindingSink& findings) {
     const auto& known = table_.definitions[readsScope ? 1 : 0];
     const auto found = known.find(number);
     if (found != known.end() && found->second->complete)
         return *found->second;
-    return DefinitionReader(table_, readsScope).Read(number);
+    return DefinitionReader(table_, readsScope, findings).Read(number);
 }
 
 }  // namespace tovarek

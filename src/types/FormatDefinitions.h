@@ -5,21 +5,21 @@
 #include <string>
 
 #include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "types/TypeDefinition.h"
 
 namespace tovarek {
 
-// Reads each definition once, when it is asked for; what it has answered stays valid as long as it lives.
 class FormatDefinitions {
   public:
     // Loads the file. Raises error 89. Type elements are called `prefix` and a number.
     FormatDefinitions(const std::string& path, std::string prefix, const CErrorHandler& errorHandler);
 
     // The definition with this format number; read on first use. `readsScope` tells whether SCOPE elements
-    // count. Raises error 90 when there is none, 91 for an unknown kind, runtime error 6 for a number beyond
-    // its range and runtime error 28 for a type that contains itself or has too many or too deeply nested
-    // members.
-    const TypeDefinition& Get(std::int32_t number, bool readsScope);
+    // count. Raises error 90 when there is none. Tells `findings`, when it is read: error 90 for a member, 91
+    // for an unknown kind, runtime error 6 for a number beyond its range and runtime error 28 for a type that
+    // contains itself or has too many or too deeply nested members. Its content is refused then.
+    const TypeDefinition& Get(std::int32_t number, bool readsScope, FindingSink& findings);
 
     const std::string& Path() const { return table_.path; }
     // What the type element with this number is called.

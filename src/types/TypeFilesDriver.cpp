@@ -50,9 +50,9 @@ std::string ProgramIdLine(std::string_view programID) {
 
 class TypeFilesDriver {
   public:
-    TypeFilesDriver(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
+    TypeFilesDriver(const ScopeTypes& types, std::int32_t scope, TypeFilesSettings& settings,
                     const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
-                    std::vector<CResFile>& result, std::vector<std::string>& writtenFiles)
+                    std::vector<CResFile>& result, const TypeFilesRun& run)
         : types_(types),
           scope_(scope),
           settings_(settings),
@@ -61,10 +61,12 @@ class TypeFilesDriver {
           control_(catalog.types),
           errorHandler_(errorHandler),
           result_(result),
-          writtenFiles_(writtenFiles) {}
+          run_(run),
+          findings_(&run.findings) {}
 
     void Generate() {
-        CTools().CreateDirectory(settings_.typeFilesDirectory);
+        if (run_.trial == nullptr)
+            CTools().CreateDirectory(settings_.typeFilesDirectory);
         folder_ = WithFinalBackslash(settings_.typeFilesDirectory);
         control_.GetResourceSetHandle(handle_);
         // The creation calls carry no scope.
@@ -78,15 +80,21 @@ class TypeFilesDriver {
     void WriteFile(ResourceFileKind kind) {
         const std::string name = ResourceFileName(settings_, scope_, kind);
         result_.push_back({name, kind, scope_, programID_, kind == fileLanguage ? settings_.localeID : 0});
-        path_ = folder_ + name;
+        const std::string path = folder_ + name;
+        path_ = path;
         // Of a type or a property the input tells, not the output.
         const auto place = [&](const Error& error) -> ErrorContext {
             if (error.Context().field == "localeID")
                 return {.record = "property localeID", .value = std::to_string(settings_.localeID)};
-            return {.record = error.Context().record.empty() ? name : "", .file = path_};
+            return {.record = error.Context().record.empty() ? name : "", .file = path};
         };
-        WithContext(place, [&] { WriteContent(kind); });
-        writtenFiles_.push_back(path_);
+        TellingErrors(run_.findings, [&] {
+            WithPlace(run_.findings, place, [&](FindingSink& findings) {
+                findings_ = &findings;
+                WriteContent(kind);
+            });
+            run_.writtenFiles.push_back(path);
+        });
     }
 
     void WriteContent(ResourceFileKind kind) {
@@ -102,42 +110,82 @@ class TypeFilesDriver {
         }
     }
 
+    // Has the control begin a file.
+    template <class Operation>
+    void Create(const Operation& create) {
+        constexpr int kMostTries = 8;
+        for (int i = 0; i < kMostTries; ++i) {
+            const std::int32_t code = create();
+            if (code == resultOk)
+                return;
+            Telling([&] { Check(code, code == resultErrorSettingLocale ? "localeID" : ""); });
+            Replace(code);
+        }
+    }
+
+    // Puts a setting that the control takes in the place of the one that it answered with `code`.
+    void Replace(std::int32_t code) {
+        const TypeFilesSettings usual;
+        switch (code) {
+            case resultErrorSettingVersion:
+                settings_.majorVersion = usual.majorVersion;
+                settings_.minorVersion = usual.minorVersion;
+                return;
+            case resultErrorSettingLocale:
+                settings_.localeID = usual.localeID;
+                return;
+            case resultErrorSettingInformation:
+            case resultErrorSettingHeader:
+                settings_.creator = usual.creator;
+                settings_.webPage = settings_.email = settings_.phone = "";
+                return;
+            default:
+                // A folder has the name of the file.
+                path_ += '~';
+        }
+    }
+
     void LanguageFile() {
         const TypeFilesSettings& s = settings_;
-        const std::int32_t created = control_.CreateLanguageFile(
-            path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.localeID,
-            s.majorVersion, s.minorVersion, RowOf(ResourceKind::language).descriptionText, kCreatorText);
-        Check(created, created == resultErrorSettingLocale ? "localeID" : "");
+        Create([&] {
+            return control_.CreateLanguageFile(path_, kReserved, handle_, programID_, s.creator, s.phone,
+                                               s.email, s.webPage, s.localeID, s.majorVersion, s.minorVersion,
+                                               RowOf(ResourceKind::language).descriptionText, kCreatorText);
+        });
         std::int32_t strings = 1;
         // The other files name these four by their numbers, so their order is fixed.
         for (const std::string* text :
              {&s.langFileDescription, &s.creatorDescription, &s.fptFileDescription, &s.typeFileDescription}) {
             std::int32_t number = 0;
             std::int32_t stringScope = 0;
-            Check(control_.AddLanguageString(*text, 0, number, stringScope), "description");
+            Telling([&] { Check(control_.AddLanguageString(*text, 0, number, stringScope), "description"); });
             ++strings;
         }
         for (CType* type : types_)
-            OfType(*type, [&] { type->AddToLangFile(catalog_, strings, errorHandler_); });
+            WriteType(*type, [&] { type->AddToLangFile(catalog_, strings, errorHandler_); });
         Save();
     }
 
     void ProfileFile() {
         const TypeFilesSettings& s = settings_;
-        Check(control_.CreateFunctionalProfileFile(
-            path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.majorVersion,
-            s.minorVersion, RowOf(ResourceKind::profile).descriptionText, kCreatorText));
+        Create([&] {
+            return control_.CreateFunctionalProfileFile(
+                path_, kReserved, handle_, programID_, s.creator, s.phone, s.email, s.webPage, s.majorVersion,
+                s.minorVersion, RowOf(ResourceKind::profile).descriptionText, kCreatorText);
+        });
         Save();
     }
 
     void TypeFile() {
         const TypeFilesSettings& s = settings_;
-        Check(control_.CreateTypeFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
-                                      s.webPage, s.majorVersion, s.minorVersion,
-                                      RowOf(ResourceKind::type).descriptionText, kCreatorText));
+        Create([&] {
+            return control_.CreateTypeFile(path_, kReserved, handle_, programID_, s.creator, s.phone, s.email,
+                                           s.webPage, s.majorVersion, s.minorVersion,
+                                           RowOf(ResourceKind::type).descriptionText, kCreatorText);
+        });
         CreatedEnums enums;
         for (CType* type : types_)
-            OfType(*type, [&] { type->CreateEnums(catalog_, errorHandler_, enums); });
+            WriteType(*type, [&] { type->CreateEnums(catalog_, errorHandler_, enums); });
         CreateTypes(kNetworkVariables);
         CreateTypes(kProperties);
         Save();
@@ -149,12 +197,15 @@ class TypeFilesDriver {
         for (std::int32_t index = 1; index <= kLastIndex; ++index) {
             CType* const* const type = next;
             next = Find(kind, index + 1);
+            bool isWritten = false;
             if (type != nullptr)
-                OfType(**type, [&] { (*type)->CreateType(catalog_, errorHandler_, true); });
+                isWritten = WriteType(**type, [&] { (*type)->CreateType(catalog_, errorHandler_, true); });
             else if (next == nullptr)
                 return;
             else
-                OfType(**next, [&] { RefuseGap(kind, **next, index); });
+                Telling([&] { OfType(**next, [&] { RefuseGap(kind, **next, index); }); });
+            if (!isWritten)
+                control_.SkipType(&kind == &kNetworkVariables);
         }
     }
 
@@ -180,25 +231,46 @@ class TypeFilesDriver {
     }
 
     void FormatFile() {
-        OutputFile file(path_);
-        TextWriter out(file);
+        const std::unique_ptr<FileSink> file = OpenOutput(path_, run_.trial);
+        TextWriter out(*file);
         out.Line(ProgramIdLine(programID_));
         const auto scope = static_cast<std::size_t>(scope_);
         if (scope < std::size(kSelectors) && !kSelectors[scope].empty())
             out.Line(kSelectors[scope]);
         out.Line();
         control_.ClearTypeSelection();
-        FormatLines lines(file, control_.Catalog());
+        FormatLines lines(*file, control_.Catalog());
         for (CType* type : types_) {
+            if (type->isRefused)
+                continue;
             type->AnalyseFormat(*type);
             type->AddToFormatFile(lines);
         }
-        file.Close();
+        file->Close();
     }
 
     void Save() {
         control_.CloseResourceFile();
         Check(control_.SaveResourceFile(0, 0));
+    }
+
+    // True when nothing was raised.
+    template <class Operation>
+    bool Telling(const Operation& operation) {
+        bool isDone = false;
+        TellingErrors(*findings_, [&] {
+            operation();
+            isDone = true;
+        });
+        return isDone;
+    }
+
+    // A part of the writing of a type that was not refused; false when it is refused now.
+    template <class Operation>
+    bool WriteType(CType& type, const Operation& operation) {
+        if (!type.isRefused)
+            type.isRefused = !Telling([&] { OfType(type, operation); });
+        return !type.isRefused;
     }
 
     void Check(std::int32_t code, std::string_view field = {}) {
@@ -219,13 +291,14 @@ class TypeFilesDriver {
 
     const ScopeTypes& types_;
     std::int32_t scope_;
-    const TypeFilesSettings& settings_;
+    TypeFilesSettings& settings_;
     const std::string& programID_;
     CCatalog& catalog_;
     QVxTypes& control_;
     const CErrorHandler& errorHandler_;
     std::vector<CResFile>& result_;
-    std::vector<std::string>& writtenFiles_;
+    const TypeFilesRun& run_;
+    FindingSink* findings_;  // about the file that is being written
     std::string folder_;
     std::string path_;  // of the file that is being written
     std::int32_t handle_ = 0;
@@ -251,11 +324,10 @@ std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t sco
     return settings.typeFilesBaseName + '_' + std::to_string(scope) + '.' + Ending(settings, kind);
 }
 
-void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
+void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, TypeFilesSettings& settings,
                        const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
-                       std::vector<CResFile>& result, std::vector<std::string>& writtenFiles) {
-    TypeFilesDriver(types, scope, settings, programID, catalog, errorHandler, result, writtenFiles)
-        .Generate();
+                       std::vector<CResFile>& result, const TypeFilesRun& run) {
+    TypeFilesDriver(types, scope, settings, programID, catalog, errorHandler, result, run).Generate();
 }
 
 }  // namespace tovarek

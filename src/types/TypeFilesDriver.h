@@ -7,6 +7,8 @@
 
 #include "base/KeyedList.h"
 #include "support/CErrorHandler.h"
+#include "support/Findings.h"
+#include "system/TrialOutput.h"
 #include "types/CResFile.h"
 #include "types/CType.h"
 #include "types/TypeFilesSettings.h"
@@ -23,12 +25,20 @@ inline constexpr ResourceFileKind kResourceFileKinds[] = {fileLanguage, fileProf
 // The name of one of them, without folder.
 std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t scope, ResourceFileKind kind);
 
+// Where the files of a run go and who hears of it.
+struct TypeFilesRun {
+    FindingSink& findings;
+    std::vector<std::string>& writtenFiles;  // paths of finished files
+    TrialOutput* trial = nullptr;            // set: nothing is written
+};
+
 // Writes the files in the folder of the settings, which is created when its parent exists. Appends a record
-// for each file to `result` before it is begun, and its path to `writtenFiles` when it is finished. Raises
+// for each file to `result` before it is begun, and its path to the written files when it is finished. Tells
 // error 134 or 135 for a gap in the indexes, the errors of the control's result codes, and file errors for
-// the format file. Files that were finished before an error stay.
-void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, const TypeFilesSettings& settings,
+// the format file. Files that were finished before an error stay. In a trial that goes on behind an error,
+// settings that were refused become others that are not, so that each is told once.
+void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, TypeFilesSettings& settings,
                        const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
-                       std::vector<CResFile>& result, std::vector<std::string>& writtenFiles);
+                       std::vector<CResFile>& result, const TypeFilesRun& run);
 
 }  // namespace tovarek

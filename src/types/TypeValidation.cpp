@@ -19,17 +19,21 @@ void Tell(FindingSink& findings, eErrors error, const CType& type, std::string_v
 }  // namespace
 
 void CType::VerifyData(FindingSink& findings) const {
-    VerifyIdentity(findings);
+    if (!isRefused)
+        VerifyIdentity(findings);
     // What a standard type looks like is settled by the standard; without TYPE nothing more is known.
     if (isReference() || elementType == elementNone)
         return;
-    VerifyDefinition(findings);
+    if (!isRefused)
+        VerifyDefinition(findings);
     if (HasMembers()) {
         for (const CType& member : elements) {
             PlacingSink placed(findings, MemberContext(member));
             member.VerifyData(placed);
         }
     }
+    if (isRefused)
+        return;
     VerifyNumber(findings);
     if (elementType == elementBits)
         VerifyBitField(findings);
@@ -52,9 +56,11 @@ void CType::VerifyIdentity(FindingSink& findings) const {
 }
 
 void CType::VerifyDefinition(FindingSink& findings) const {
-    const bool isEmptyEnum = elementType == elementEnum && enumValues && enumValues->empty();
-    if (hasMin && hasMax && !(minValue <= maxValue)) {
-        if (isEmptyEnum)
+    // What is told of a type once is not told in other words as well.
+    const bool isBadRange = hasMin && hasMax && !(minValue <= maxValue);
+    const bool isEmptyTold = isBadRange && elementType == elementEnum && enumValues && enumValues->empty();
+    if (isBadRange) {
+        if (isEmptyTold)
             Tell(findings, eQVXIFerr_typeelementwithmaxlesserthanmin, *this, "ENUMS", "",
                  "ENUMS is empty; give it a value or more");
         else
@@ -62,28 +68,30 @@ void CType::VerifyDefinition(FindingSink& findings) const {
                  CTools().doubleToStringWithPoint(minValue),
                  "MIN may not exceed MAX, which is " + CTools().doubleToStringWithPoint(maxValue));
     }
+    const bool isShort = HasMembers() ? !isField && length < 1 : length < 1;
     // The length of a member with members is that of its members.
-    if (!isField && HasMembers() && length < 1)
+    if (isShort && HasMembers())
         Tell(findings, eQVXIFerr_typeelementwithnolength, *this, "FIELDS", "",
              "FIELDS behind TYPE has to list members that have a length");
-    else if (!HasMembers() && length < 1)
+    else if (isShort)
         Tell(findings, eQVXIFerr_typeelementwithnolength, *this, "LENGTH", std::to_string(length),
              "give LENGTH in bytes, 1 or more");
-    if (elementType == elementEnum && (!enumValues || enumValues->empty()))
+    const bool hasValues = enumValues && !enumValues->empty();
+    if (elementType == elementEnum && !hasValues && !isEmptyTold)
         Tell(findings, eQVXIFerr_typeenumwithnoenums, *this, "ENUMS", "",
              "ENUMS with a value or more has to follow TYPE");
-    if (elementType == elementEnum && enumName.empty())
+    if (elementType == elementEnum && hasValues && enumName.empty())
         Tell(findings, eQVXIFerr_enumwithoutname, *this, "ENUMS", "", "the enumeration has no name");
-    if (HasMembers() && elements.empty())
+    if (HasMembers() && elements.empty() && !isShort)
         Tell(findings, eQVXIFerr_structunionwithnofields, *this, "FIELDS", "",
              "FIELDS with a member or more has to follow TYPE");
 }
 
 void CType::VerifyNumber(FindingSink& findings) const {
-    if (elementType == elementSigned && length != 1 && length != 2 && length != 4)
+    if (elementType == elementSigned && length > 0 && length != 1 && length != 2 && length != 4)
         Tell(findings, eQVXIFerr_lengthsignednumeric, *this, "LENGTH", std::to_string(length),
              "accepted: 1, 2 and 4");
-    if (elementType == elementUnsigned && length != 1 && length != 2)
+    if (elementType == elementUnsigned && length > 0 && length != 1 && length != 2)
         Tell(findings, eQVXIFerr_lengthunsignednumeric, *this, "LENGTH", std::to_string(length),
              "accepted: 1 and 2");
     if (arraySize > 0 && (HasMembers() || elementType == elementTextual || elementType == elementBits))

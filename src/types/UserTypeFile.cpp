@@ -79,9 +79,9 @@ ErrorContext PlaceInType(const XmlNode& node, TypeInput which) {
 
 class UserTypeFileReader {
   public:
-    UserTypeFileReader(const std::string& programID, const CErrorHandler& errorHandler,
-                       const std::function<void(const TypeRequest&)>& add)
-        : programID_(programID), errorHandler_(errorHandler), add_(add) {}
+    UserTypeFileReader(const std::string& programID, const CErrorHandler& errorHandler, FindingSink& findings,
+                       const AddTypeRequest& add)
+        : programID_(programID), errorHandler_(errorHandler), findings_(findings), add_(add) {}
 
     void ReadTypes(const XmlNode& root, bool isUnvt) {
         ForEachElement(root, [&](const XmlNode& scope) {
@@ -98,19 +98,25 @@ class UserTypeFileReader {
         ForEachElement(scope, [&](const XmlNode& device) {
             const std::string name = device.Name();
             if (Part(WithoutUnderscore(name), rule) == wanted)
-                ForEachElement(device, [&](const XmlNode& type) { ReadType(type, rule.scope, isUnvt); });
+                ForEachElement(device, [&](const XmlNode& type) {
+                    TellingErrors(findings_, [&] { ReadType(type, rule.scope, isUnvt); });
+                });
         });
     }
 
     void ReadType(const XmlNode& node, std::int32_t scope, bool isUnvt) {
         const std::string name = node.Name();
-        // Deliberate: the first four letters may be any; the list that a type stands in tells its kind.
+        // What the first four letters are does not matter: the list that a type stands in tells its kind.
         const std::int32_t number =
             IntegerOfElement(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
         if (number <= 0)
             return;
         TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
-        ReadChildren(node, request);
+        TellingErrors(findings_, [&] {
+            request.isRefused = true;
+            ReadChildren(node, request);
+            request.isRefused = false;
+        });
         request.inputPlace = [node](TypeInput which) { return PlaceInType(node, which); };
         request.origin = "type <" + name + ">";
         request.name = (isUnvt ? "UNVT_" : "UCPT_") + std::to_string(number) + '_' + request.name;
@@ -122,7 +128,7 @@ class UserTypeFileReader {
             context.FillFrom({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
             return context;
         };
-        WithContext(place, [&] { add_(request); });
+        WithPlace(findings_, place, [&](FindingSink& findings) { add_(request, findings); });
     }
 
     void ReadChildren(const XmlNode& node, TypeRequest& request) {
@@ -150,16 +156,17 @@ class UserTypeFileReader {
 
     const std::string& programID_;
     const CErrorHandler& errorHandler_;
-    const std::function<void(const TypeRequest&)>& add_;
+    FindingSink& findings_;
+    const AddTypeRequest& add_;
     CTools tools_;
 };
 
 }  // namespace
 
 void ReadUserTypeFile(const std::string& path, const std::string& programID,
-                      const CErrorHandler& errorHandler, const std::function<void(const TypeRequest&)>& add) {
+                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add) {
     const XmlNode first = FirstNodeOf(path, eQVXIFerr_errorloadingusertypefile, errorHandler);
-    UserTypeFileReader reader(programID, errorHandler, add);
+    UserTypeFileReader reader(programID, errorHandler, findings, add);
     for (XmlNode node = first; node; node = node.NextSibling()) {
         const std::string name = UpperCase(node.Name());
         if (name == "UNVTS" || name == "UCPTS")

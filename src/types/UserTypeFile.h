@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/CErrorHandler.h"
+#include "support/Findings.h"
 #include "types/CType.h"
 
 namespace tovarek {
@@ -21,15 +22,19 @@ struct TypeRequest {
     std::string rawMaxValue;
     std::string rawInitValue;
     TypeInputPlace inputPlace;
-    bool onlyScope6 = false;  // deliberate: dropped in silence when its definition names another scope
+    bool onlyScope6 = false;  // dropped when its definition puts it into another scope
     bool fromUserTypeFile = false;
-    std::string origin;  // who wants it, for messages
+    bool isRefused = false;  // what it lacks was told; its number is taken nevertheless
+    std::string origin;      // who wants it, for messages
 };
 
+// Takes a type; findings about it go to the sink.
+using AddTypeRequest = std::function<void(const TypeRequest&, FindingSink&)>;
+
 // Reads the file and gives `add` each type that applies to the device with this program ID, in the order of
-// the file. Raises error 128 when the file cannot be loaded or a type lacks its name or definition, and what
-// `add` raises.
+// the file. Raises error 128 when the file cannot be loaded. Tells `findings` error 128 for a type that lacks
+// its name or definition, runtime error 6 for a number beyond 32 bits, and what `add` raises.
 void ReadUserTypeFile(const std::string& path, const std::string& programID,
-                      const CErrorHandler& errorHandler, const std::function<void(const TypeRequest&)>& add);
+                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add);
 
 }  // namespace tovarek

@@ -118,8 +118,9 @@ OwnTypes ReadOwnTypes(const std::string& path) {
 OwnTypes ReadDefinedType(const std::string& path, const std::string& prefix, std::int32_t number,
                          CCatalog& catalog) {
     const CErrorHandler errorHandler;
+    RaisingSink raise(errorHandler);
     FormatDefinitions definitions(path, prefix, errorHandler);
-    const TypeDefinition& definition = definitions.Get(number, false);
+    const TypeDefinition& definition = definitions.Get(number, false, raise);
     CType type;
     definition.Instantiate(type, true, kOwnScope);
     type.indexInScope = 1;
@@ -127,7 +128,6 @@ OwnTypes ReadDefinedType(const std::string& path, const std::string& prefix, std
     try {
         type.ComputeReferenceLength(catalog);
         type.AnalyseLength();
-        RaisingSink raise(errorHandler);
         type.VerifyData(raise);
         return Describer(catalog).Describe(type);
     } catch (Error& error) {

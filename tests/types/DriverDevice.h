@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Device.h"
+#include "check/Check.h"
 #include "component/FilesList.h"
 #include "formats/type/TypeFile.h"
 
@@ -41,8 +42,22 @@ class DriverDevice : public Device {
 
     void Generate() {
         written.clear();
-        GenerateTypeFilesAndList(types, deviceTemplate, catalog, errorHandler, settings,
-                                 scratch.Path("format.xml"), scratch.Folder(), written);
+        RaisingSink raise(errorHandler);
+        Run(raise, nullptr);
+    }
+    // What a check of the same device tells; nothing is written.
+    std::vector<Finding> Check() {
+        written.clear();
+        FindingList findings;
+        TrialOutput trial(settings.typeFilesDirectory);
+        TellingErrors(findings, [&] { Run(findings, &trial); });
+        return findings.TakeAll();
+    }
+    void Run(FindingSink& findings, TrialOutput* trial) {
+        const std::string format = scratch.Path("format.xml");
+        const std::string folder = scratch.Folder();
+        GenerateTypeFilesAndList(types, {deviceTemplate, catalog, errorHandler, settings, format, folder},
+                                 {findings, written, trial});
     }
     std::string Output(const std::string& name) const { return ReadFile(scratch.Path("out/" + name)); }
     // The same, empty where there is no such file.

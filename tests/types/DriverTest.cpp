@@ -225,9 +225,10 @@ TEST(Driver, GapsInTheIndexes) {
             }
         }
         std::vector<CResFile> records;
+        RaisingSink raise(device.errorHandler);
         EXPECT_EQ(RaisedNumber([&] {
                       GenerateTypeFiles(keyed, 3, device.settings, "9000010A0B040100", device.catalog,
-                                        device.errorHandler, records, device.written);
+                                        device.errorHandler, records, {raise, device.written});
                   }),
                   c.error);
         if (c.error != 0) {
@@ -252,8 +253,9 @@ TEST(Driver, SelectorOfTheScope) {
     for (std::size_t scope = 0; scope < selectors.size(); ++scope) {
         DriverDevice device;
         std::vector<CResFile> records;
+        RaisingSink raise(device.errorHandler);
         GenerateTypeFiles({}, static_cast<std::int32_t>(scope), device.settings, "9000010A0B040100",
-                          device.catalog, device.errorHandler, records, device.written);
+                          device.catalog, device.errorHandler, records, {raise, device.written});
         EXPECT_EQ(device.Output("node_" + std::to_string(scope) + ".fmt"),
                   "set program_id 90:00:01:0A:0B:04:01:00;\r\n" + selectors[scope] + "\r\n");
         EXPECT_EQ(records.size(), 4U);

@@ -56,7 +56,8 @@ class ResourceFileView {
     std::size_t dataEnd_ = 0;
 };
 
-// ---- records: number (two bytes, of strings three), length (two bytes), content ----
+// ---- records: number and length, two bytes each, then the content; strings have a number of three bytes
+// ----
 
 inline constexpr std::size_t kMostRecords = 0xFFFF;  // of one table
 inline constexpr std::size_t kRecordHead = 4;        // positions inside a record count from the number

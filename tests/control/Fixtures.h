@@ -1,4 +1,4 @@
-// What the tests of the formats and of the control share: the sample sets, bytes written as hexadecimal.
+// What the tests of the control share: the sample sets, bytes written as hexadecimal.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,17 +17,30 @@
 #include "formats/type/TypeFile.h"
 #include "system/Files.h"
 
-namespace tovarek::test {
+namespace tovarek {
+
+using test::Scratch;
 
 inline std::string Bytes(std::string_view hex) {
-    std::string digits(hex);
-    std::erase_if(digits, [](char c) { return !IsHexDigit(c); });
-    return FromHex(digits).value();
+    std::string bytes;
+    int digits = 0;
+    int value = 0;
+    for (const char c : hex) {
+        if (c == ' ' || c == '\n') {
+            continue;
+        }
+        value = value * 16 + (c <= '9' ? c - '0' : c - 'A' + 10);
+        if (++digits % 2 == 0) {
+            bytes.push_back(static_cast<char>(value));
+            value = 0;
+        }
+    }
+    return bytes;
 }
 
 // Paths of all sample files with this extension, in either letter case.
 inline std::vector<std::string> Samples(const std::string& extension) {
-    std::vector<std::string> paths = SampleFiles("resources");
+    std::vector<std::string> paths = test::SampleFiles("resources");
     std::erase_if(paths,
                   [&](const std::string& path) { return !UpperCase(path).ends_with(UpperCase(extension)); });
     return paths;
@@ -57,4 +70,4 @@ class ExampleControl {
     std::int32_t handle = 0;
 };
 
-}  // namespace tovarek::test
+}  // namespace tovarek

@@ -1,0 +1,227 @@
+// What a check of the type step tells: all that is wrong, each once, the first as a generation raises it.
+#include <filesystem>
+#include <functional>
+
+#include "DriverDevice.h"
+#include "check/WarningNames.h"
+
+namespace tovarek::test {
+namespace {
+
+// "90@2 type; not-a-number@3 LENGTH": numbers of errors and names of warnings, with line and field.
+std::string Told(const std::vector<Finding>& findings) {
+    std::string text;
+    for (const Finding& finding : findings) {
+        text += text.empty() ? "" : "; ";
+        text += finding.warning == Warning::none ? std::to_string(ShortNumber(finding.error))
+                                                 : std::string(RowOf(finding.warning).name);
+        text += "@" + std::to_string(finding.context.line);
+        if (!finding.context.field.empty())
+            text += " " + finding.context.field;
+    }
+    return text;
+}
+
+// The type element `number`; each stands in a line of its own, 300 in line 2.
+std::string Element(int number, const std::string& content) {
+    const std::string name = "SNVT_" + std::to_string(number);
+    return "\n<" + name + "><NAME>n</NAME>" + content + "</" + name + ">";
+}
+std::string Byte(const std::string& more) {
+    return "<TYPE>USER</TYPE><LENGTH>1</LENGTH>" + more;
+}
+std::string Users(const std::string& types) {
+    return UserTypes("UCPTS", "_3", "_9000010A0B040100", types);
+}
+std::string Ucpt(int number, int definition, const std::string& more = {}) {
+    const std::string name = "UCPT_" + std::to_string(number);
+    return "\n<" + name + "><NAME>u</NAME><SNVTTYPE>" + std::to_string(definition) + "</SNVTTYPE>" + more +
+           "</" + name + ">";
+}
+
+struct Row {
+    const char* what;
+    std::string elements;
+    std::string told;
+    std::vector<int> nvs{300, 301, 302};
+    std::string users = "<UNVTS/>";
+    std::function<void(DriverDevice&)> change{};
+};
+
+void Prepare(DriverDevice& device, const Row& row) {
+    for (const int type : row.nvs)
+        device.AddNv(type);
+    device.WriteFiles(row.elements, row.users);
+    if (row.change)
+        row.change(device);
+}
+
+// Between two faulty types one in order: it is judged, and nothing is told of it.
+TEST(TypeCheck, TellsEveryFaultOnceAndFirstWhatAGenerationRaises) {
+    const std::string good = Element(301, Byte(""));
+    const std::string longName(300, 'x');
+    const Row rows[] = {
+        {"nothing", Element(300, Byte("")) + good, "", {300, 301, 300}},
+        {"two definitions missing", good, "90@0; 90@0"},
+        {"two kinds unknown", Element(300, "<TYPE>BYTE</TYPE>") + good + Element(302, "<TYPE>X</TYPE>"),
+         "91@2 TYPE; 91@4 TYPE"},
+        {"one definition of three variables",
+         Element(300, "<TYPE>USER</TYPE>"),
+         "95@2 LENGTH",
+         {300, 300, 300}},
+        {"a refused number, then a rule",
+         Element(300, "<TYPE>USER</TYPE><LENGTH>9999999999</LENGTH><MAX>1</MAX>") + good +
+             Element(302, "<TYPE>SIGNEDNUMERIC</TYPE><LENGTH>3</LENGTH>"),
+         "6@2 LENGTH; 121@4 LENGTH"},
+        {"two numbers of one type",
+         Element(300, "<TYPE>USER</TYPE><LENGTH>9999999999</LENGTH><ARRAY>1e99</ARRAY>") + good,
+         "6@2 LENGTH; 6@2 ARRAY",
+         {300, 301}},
+        {"two values of an enumeration",
+         Element(300, "<TYPE>ENUM</TYPE><ENUMS><A>1e99</A><B>1</B><C>1e99</C></ENUMS>") + good,
+         "6@2 A; 6@2 C",
+         {300, 301}},
+        {"two members and one in order",
+         Element(300, "<TYPE>STRUCT</TYPE><FIELDS><a>400</a><b>301</b><c>401</c></FIELDS>") + good,
+         "90@2 a; 90@2 c",
+         {300, 301}},
+        {"a type that contains itself",
+         Element(300, "<TYPE>STRUCT</TYPE><FIELDS><a>301</a><b>300</b></FIELDS>") + good,
+         "28@2 FIELDS",
+         {300, 301, 300}},
+        {"a member's rule",
+         Element(300, "<TYPE>STRUCT</TYPE><FIELDS><a>301</a><b>302</b></FIELDS>") + good +
+             Element(302, "<TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>9</BFSIZE>"),
+         "124@4 BFSIZE"},
+        {"no values, no members",
+         Element(300, "<TYPE>ENUM</TYPE><ENUMS/>") + Element(301, "<TYPE>ENUM</TYPE>") +
+             Element(302, "<TYPE>STRUCT</TYPE>"),
+         "94@2 ENUMS; 96@3 ENUMS; 95@4 FIELDS"},
+        {"a scope",
+         Element(300, "<SCOPE>7</SCOPE>" + Byte("")) + Element(301, "<TYPE>USER</TYPE>"),
+         "9@2 SCOPE; 95@3 LENGTH",
+         {300, 301}},
+        {"refused by the control, twice",
+         Element(300, Byte("<MIN>-1</MIN>")) + good + Element(302, Byte("<MAX>256</MAX>")),
+         "131@2 MIN; 132@4 MAX"},
+        {"a text and a name that do not fit",
+         Element(300, Byte("<DESC>" + std::string(70000, 'd') + "</DESC>")) + good + "\n<SNVT_302>" +
+             Byte("<NAME>" + longName + "</NAME>") + "</SNVT_302>",
+         "109@2 DESC; 116@4 NAME"},
+        {"values of an enumeration that two types share",
+         Element(300, "<TYPE>ENUM</TYPE><ENUMS><A>-129</A></ENUMS>") + good,
+         "111@2 ENUMS, value A",
+         {300, 301, 300}},
+        {"raw values",
+         Element(300, Byte("")),
+         "132@2 MAXRAWVAL; 133@4 INITRAWVAL",
+         {},
+         Users(Ucpt(1, 300, "<MINRAWVAL>0000</MINRAWVAL><MAXRAWVAL>0G</MAXRAWVAL>") + Ucpt(2, 300) +
+               Ucpt(3, 300, "<INITRAWVAL>1</INITRAWVAL>"))},
+        {"user types: a name, a definition, a number",
+         Element(300, Byte("")),
+         "128@2 SNVTTYPE; 90@3 SNVTTYPE; 6@5 SNVTTYPE",
+         {},
+         Users("\n<UCPT_1><NAME>x</NAME></UCPT_1>" + Ucpt(2, 400) + Ucpt(3, 300) +
+               "\n<UCPT_4><NAME>x</NAME><SNVTTYPE>1e99</SNVTTYPE></UCPT_4>")},
+        {"a refused type is no gap",
+         Element(300, Byte("")),
+         "90@2 SNVTTYPE",
+         {},
+         Users(Ucpt(1, 400) + Ucpt(2, 300) + Ucpt(3, 300))},
+        {"two gaps",
+         Element(300, Byte("")),
+         "135@3 index in scope; 135@4 index in scope",
+         {},
+         Users(Ucpt(1, 300) + Ucpt(3, 300) + Ucpt(5, 300))},
+        {"both files are missing",
+         "",
+         "89@0; 128@0",
+         {300},
+         "",
+         [](DriverDevice& d) {
+             std::filesystem::remove(StandardPath(d.scratch.Path("format.xml")));
+             std::filesystem::remove(StandardPath(d.scratch.Path("user.xml")));
+         }},
+        {"settings that the control refuses",
+         Element(300, Byte("")) + good,
+         "103@0; 104@0 localeID; 102@0",
+         {300, 301},
+         "<UNVTS/>",
+         [](DriverDevice& d) {
+             d.settings.majorVersion = 65536;
+             d.settings.localeID = 1;
+             d.settings.creator.assign(300, 'c');
+         }},
+        {"a folder that cannot be made",
+         Element(300, Byte("<MIN>-1</MIN>")),
+         "101@0; 131@2 MIN",
+         {300},
+         "<UNVTS/>",
+         [](DriverDevice& d) { d.settings.typeFilesDirectory += "/a/b"; }},
+        {"a folder in the place of a file",
+         Element(300, Byte("")),
+         "101@0",
+         {300},
+         "<UNVTS/>",
+         [](DriverDevice& d) { std::filesystem::create_directories(d.scratch.Path("out/node_6.typ")); }},
+        {"no types and no folder",
+         "",
+         "76@0",
+         {},
+         "<UNVTS/>",
+         [](DriverDevice& d) { d.settings.typeFilesDirectory += "/a/b"; }},
+    };
+    for (const Row& row : rows) {
+        DriverDevice device;
+        Prepare(device, row);
+        const std::vector<Finding> told = device.Check();
+        EXPECT_EQ(Told(told), row.told) << row.what;
+        // No file, no folder: but those that the row made.
+        EXPECT_EQ(FileExists(device.scratch.Path("out/files.lst")), false) << row.what;
+        const auto raised = Raised([&] { device.Generate(); });
+        ASSERT_EQ(raised.has_value(), !told.empty()) << row.what;
+        if (!raised)
+            continue;
+        EXPECT_EQ(raised->Number(), told.front().error) << row.what;
+        EXPECT_EQ(raised->Context().Sentence(), told.front().context.Sentence()) << row.what;
+    }
+}
+
+// A run would make the last level of the folder itself.
+TEST(TypeCheck, WritesNothingAndCreatesNoFolder) {
+    DriverDevice device;
+    device.AddNv(300);
+    device.WriteFiles(Element(300, Byte("")));
+    EXPECT_EQ(Told(device.Check()), "");
+    EXPECT_FALSE(FolderExists(device.scratch.Path("out")));
+    device.Generate();
+    const std::string before = device.Output("node_6.typ");
+    device.AddNv(300);
+    EXPECT_EQ(Told(device.Check()), "");
+    EXPECT_EQ(device.Output("node_6.typ"), before);
+}
+
+// What nobody may write: found before anything is written.
+TEST(TypeCheck, FindsAFolderAndAFileThatMayNotBeWritten) {
+    namespace fs = std::filesystem;
+    for (const char* name : {"out", "out/node_6.fpt"}) {
+        DriverDevice device;
+        device.AddNv(300);
+        device.WriteFiles(Element(300, Byte("")));
+        device.Generate();
+        if (std::string(name) == "out")
+            fs::remove(device.scratch.Path("out/node_6.fpt"));
+        fs::permissions(device.scratch.Path(name), fs::perms::owner_write, fs::perm_options::remove);
+        const auto told = device.Check();
+        const auto raised = Raised([&] { device.Generate(); });
+        fs::permissions(device.scratch.Path(name), fs::perms::owner_write, fs::perm_options::add);
+        if (!raised)
+            GTEST_SKIP() << "this user may write everywhere";
+        EXPECT_EQ(Told(told), "119@0") << name;
+        EXPECT_EQ(raised->Context().Sentence(), told.front().context.Sentence()) << name;
+    }
+}
+
+}  // namespace
+}  // namespace tovarek::test
