@@ -1,6 +1,6 @@
 // What the fuzz targets share. A target is one file with LLVMFuzzerTestOneInput and Seeds. Refusing an input
-// by an exception of class Error is right; any other exception, a crash, a hang or a broken promise
-// (Require) is a fault.
+// by an exception of class Error is right; any other exception, a crash, a hang or a broken promise (Require)
+// is a fault.
 #pragma once
 
 #include <cstddef>

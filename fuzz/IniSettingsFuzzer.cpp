@@ -36,9 +36,7 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    CProfile profile;
-    profile.iniFile = file.Path();
-    fuzz::RunProfile(profile);
+    fuzz::RunProfile(&CProfile::iniFile, file.Path());
     cIni ini;
     ini.iniFile(file.Path());
     Accepts([&] {

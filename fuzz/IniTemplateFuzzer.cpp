@@ -20,9 +20,6 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    const fuzz::InputFile file(fuzz::View(data, size));
-    CTemplate source;
-    source.iniFile = file.Path();
-    fuzz::RunTemplate(source);
+    fuzz::RunTemplate(&CTemplate::iniFile, fuzz::View(data, size));
     return 0;
 }

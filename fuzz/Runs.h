@@ -1,6 +1,8 @@
 // What several targets do with what they have read.
 #pragma once
 
+#include <optional>
+
 #include "Fuzzing.h"
 #include "component/XifWriter.h"
 #include "formats/records/Outcome.h"
@@ -54,18 +56,26 @@ void RunCheck(Input& input) {
     Require(findings.first == raised, "a check finds first what a generation raises");
 }
 
-// Loads `profile` from its source and checks it. True when it could be loaded.
-inline bool RunProfile(CProfile& profile) {
+// The profile that `file` at `path` holds, loaded and checked; in XML the element P. Nothing when it could
+// not be loaded.
+inline std::optional<CProfile> RunProfile(std::string CProfile::*file, const std::string& path) {
+    CProfile profile;
+    profile.*file = path;
+    profile.xmlNodeName = "P";
     profile.errorHandler = &SharedErrors();
     RunCheck(profile);
     if (!Accepts([&] { profile.Load(); }))
-        return false;
+        return std::nullopt;
     Accepts([&] { profile.VerifyData(); });
-    return true;
+    return profile;
 }
 
-// Runs a template through everything that Generate does with it.
-inline void RunTemplate(CTemplate& source) {
+// Runs the template that `file` holds, in XML the element T, through everything that Generate does with it.
+inline void RunTemplate(std::string CTemplate::*file, std::string_view input) {
+    const InputFile written(input);
+    CTemplate source;
+    source.*file = written.Path();
+    source.xmlNodeName = "T";
     source.errorHandler = &SharedErrors();
     source.catalog = &SharedCatalog();
     RunCheck(source);

@@ -33,17 +33,15 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
     const fuzz::InputFile file(fuzz::View(data, size));
-    CProfile profile;
-    profile.xifFile = file.Path();
-    if (!fuzz::RunProfile(profile))
+    const std::optional<CProfile> profile = fuzz::RunProfile(&CProfile::xifFile, file.Path());
+    if (!profile)
         return 0;
 
     // What the writer makes of a profile is a source of the same profile.
-    const fuzz::InputFile written(XifOf(profile));
-    CProfile again;
-    again.xifFile = written.Path();
-    fuzz::Require(fuzz::RunProfile(again), "a written file is a profile");
+    const fuzz::InputFile written(XifOf(*profile));
+    const std::optional<CProfile> again = fuzz::RunProfile(&CProfile::xifFile, written.Path());
+    fuzz::Require(again.has_value(), "a written file is a profile");
     for (const ProfileField& field : kProfileFields)
-        fuzz::Require(again.*field.value == profile.*field.value, "a written profile is read back");
+        fuzz::Require((*again).*field.value == (*profile).*field.value, "a written profile is read back");
     return 0;
 }

@@ -15,10 +15,6 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    const fuzz::InputFile file(fuzz::View(data, size));
-    CProfile profile;
-    profile.xmlFile = file.Path();
-    profile.xmlNodeName = "P";
-    fuzz::RunProfile(profile);
+    fuzz::RunProfile(&CProfile::xmlFile, fuzz::InputFile(fuzz::View(data, size)).Path());
     return 0;
 }

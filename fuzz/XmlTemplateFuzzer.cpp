@@ -26,10 +26,6 @@ std::vector<std::string> tovarek::fuzz::Seeds() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tovarek;
-    const fuzz::InputFile file(fuzz::View(data, size));
-    CTemplate source;
-    source.xmlFile = file.Path();
-    source.xmlNodeName = "T";
-    fuzz::RunTemplate(source);
+    fuzz::RunTemplate(&CTemplate::xmlFile, fuzz::View(data, size));
     return 0;
 }

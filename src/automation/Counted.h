@@ -7,8 +7,8 @@
 
 namespace tovarek {
 
-// The base of `Object`, which has the interfaces `Interfaces`: born with one reference, for the one that made
-// it, and ended by the last Release alone. It keeps the server in memory.
+// The base of `Object`, which implements `Interfaces`. An object begins with one reference, its maker's, and
+// is deleted when the last one is released, and only then. While it lives the server stays in memory.
 template <class Object, class... Interfaces>
 class Counted : public Interfaces... {
   public:

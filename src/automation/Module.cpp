@@ -24,6 +24,15 @@ std::wstring ModulePath() {
     return path;
 }
 
+ComPtr<ITypeLib> LoadOwnTypeLibrary(REGKIND kind) {
+    ComPtr<ITypeLib> library;
+    const HRESULT status = LoadTypeLibEx(ModulePath().c_str(), kind, library.Out());
+    if (FAILED(status))
+        throw StatusError(status, kind == REGKIND_REGISTER ? "The type library cannot be registered"
+                                                           : "The type library cannot be loaded");
+    return library;
+}
+
 void LockModule() {
     ++users;
 }

@@ -1,9 +1,11 @@
-// The loaded server: where it lies, and whether anybody still uses it.
+// The loaded server: where it lies, the type library in it, and whether anybody still uses it.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
+
+#include "system/ComPtr.h"
 
 namespace tovarek {
 
@@ -12,6 +14,10 @@ void SetModule(HINSTANCE module);
 
 // The path of the server's file. Throws a StatusError when the system does not tell.
 std::wstring ModulePath();
+
+// Loads the type library that lies in this file; with `kind` REGKIND_REGISTER it is registered as well.
+// Throws a StatusError.
+ComPtr<ITypeLib> LoadOwnTypeLibrary(REGKIND kind);
 
 // Counts what keeps the server in memory: objects, class factories, locks of hosts.
 void LockModule();

@@ -8,7 +8,6 @@
 
 #include "automation/Module.h"
 #include "automation/Status.h"
-#include "automation/TypeLibrary.h"
 #include "system/Bstr.h"
 #include "system/ComPtr.h"
 

@@ -16,7 +16,7 @@ HRESULT StatusOf(std::int32_t number) {
 }
 
 HRESULT Fail(HRESULT status, std::string_view description) noexcept {
-    // Without memory for the description the status must do.
+    // When there is no memory for the description, the status alone has to do.
     try {
         ComPtr<ICreateErrorInfo> made;
         ComPtr<IErrorInfo> information;

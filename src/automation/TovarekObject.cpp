@@ -1,6 +1,6 @@
 #include "automation/TovarekObject.h"
 
-#include "automation/TypeLibrary.h"
+#include "automation/Module.h"
 
 namespace tovarek {
 namespace {

@@ -44,10 +44,6 @@ std::string Chained(const std::string& outer, const std::string& inner) {
 
 }  // namespace
 
-bool ErrorContext::IsEmpty() const {
-    return record.empty() && field.empty() && value.empty() && file.empty() && line == 0 && reason.empty();
-}
-
 void ErrorContext::FillFrom(const ErrorContext& outer) {
     const auto fill = [](std::string& mine, const std::string& theirs) {
         if (mine.empty())

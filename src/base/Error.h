@@ -53,7 +53,6 @@ struct ErrorContext {
     int line = 0;        // 1-based line in that file
     std::string reason;  // a sentence that explains, e.g. which values are accepted
 
-    bool IsEmpty() const;
     // Takes over what `outer` knows and this context does not: the innermost statement wins. Records make a
     // chain, the outer one in front: "type element SNVT_320 > member 'mode'"; a long chain is shown by its
     // ends. The line belongs to the file, so it is taken over only together with it or where the file is the

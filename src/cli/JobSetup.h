@@ -28,8 +28,8 @@ std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& s
 // Places the findings about properties in the job files that have set them.
 void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings);
 
-// A catalog property that was set, even in vain, is the user's word; only without one the shipped catalog
-// stands in.
+// Opens the shipped catalog where the user has set neither of the catalog's properties. One that is set
+// counts, even if no catalog is found with it.
 void UseShippedCatalog(Tovarek& component);
 
 // Adds what helps where the program knows more than the component.

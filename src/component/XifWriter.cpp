@@ -79,7 +79,7 @@ class XifWriter {
         line_ += nv.name;
         Numbers({nv.index, nv.avgRate, nv.maxRate, nv.arraySize});
         EndLine();
-        // Always 1 and 63, whatever the variable: readers of the format expect these two constants.
+        // Deliberate: 1 and 63 for every variable; readers of the format expect these two constants.
         Numbers({nv.offline, 1, 63, nv.direction, nv.defaultService, nv.serviceCanBeChanged, nv.defaultAuth,
                  nv.authCanBeChanged, nv.defaultPriority, nv.priorityCanBeChanged, nv.polled, nv.synchronized,
                  nv.configuration});
@@ -109,7 +109,7 @@ class XifWriter {
         out_.Line();
         out_.Line("FILE value 1 1");
         for (const CCp& cp : template_.cps) {
-            // A lone last digit is no byte and is dropped.
+            // Deliberate: a lone last digit is no byte and is dropped.
             for (std::size_t digit = 0; digit + 1 < cp.defaultValue.size(); digit += 2) {
                 line_ += digit == 0 ? "\\x" : " \\x";
                 line_.append(cp.defaultValue, digit, 2);

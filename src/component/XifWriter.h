@@ -16,8 +16,7 @@ namespace tovarek {
 void WriteXif(const std::string& path, const CProfile& profile, const CTemplate& deviceTemplate,
               const CResources& resources, const Clock& clock);
 
-// The same into any sink; `fileName` is shown on the first line. The
-// sink is not closed.
+// The same into any sink; `fileName` is shown on the first line. The sink is not closed.
 void WriteXifText(FileSink& sink, const std::string& fileName, const CProfile& profile,
                   const CTemplate& deviceTemplate, const CResources& resources, const Clock& clock);
 

@@ -1,7 +1,7 @@
 // The resource-file control: opens the standard type catalog, answers type lookups, and creates and saves
 // LonMark resource files. It knows nothing of the component's errors: every operation answers with a result
-// code, 0 on success, and never throws but for want of memory. One instance holds one open catalog and one
-// open file.
+// code, 0 on success, and throws nothing but std::bad_alloc. One instance holds one open catalog and one open
+// file.
 #pragma once
 
 #include <cstdint>

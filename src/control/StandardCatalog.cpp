@@ -109,7 +109,7 @@ class StandardCatalog::Impl {
         return entry.exists ? &entry : nullptr;
     }
     static std::vector<CatalogEntry> List(const Entries& entries, const char* prefix);
-    static std::int32_t IndexOf(const Entries& entries, std::string_view prefix, std::string_view name,
+    static std::int32_t IndexOf(const Entries& entries, const char* prefix, std::string_view name,
                                 std::unordered_map<std::string, std::int32_t>& names);
 
     std::string catalogPath;
@@ -117,8 +117,6 @@ class StandardCatalog::Impl {
     TypeFileView view;
     std::unordered_map<std::string, std::int32_t> nvNames;
     std::unordered_map<std::string, std::int32_t> cpNames;
-    std::string textProblem;
-    std::string formatProblem;
 
   private:
     // The decoded type, remembered; a damaged one is remembered as nothing.
@@ -181,10 +179,8 @@ const LanguageFile& StandardCatalog::Impl::Texts() {
     Outcome read = ReadWhole(Companion("standard.enu"), bytes);
     if (read.Ok())
         read = ReadLanguageFile(bytes, *texts_);
-    if (!read.Ok()) {
+    if (!read.Ok())
         *texts_ = {};
-        textProblem = read.reason;
-    }
     return *texts_;
 }
 
@@ -195,10 +191,8 @@ void StandardCatalog::Impl::LoadFormats() {
     Outcome read = ReadWhole(Companion("standard.fmt"), bytes);
     if (read.Ok())
         read = ReadFormatFile(bytes, formats);
-    if (!read.Ok()) {
-        formatProblem = read.reason;
+    if (!read.Ok())
         return;
-    }
     for (DisplayFormat& format : formats.formats) {
         for (FormatParameter& parameter : format.parameters) {
             if (parameter.unitText.number == 0)
@@ -231,18 +225,12 @@ std::vector<CatalogEntry> StandardCatalog::Impl::List(const Entries& entries, co
     return list;
 }
 
-std::int32_t StandardCatalog::Impl::IndexOf(const Entries& entries, std::string_view prefix,
-                                            std::string_view name,
+std::int32_t StandardCatalog::Impl::IndexOf(const Entries& entries, const char* prefix, std::string_view name,
                                             std::unordered_map<std::string, std::int32_t>& names) {
-    if (names.empty()) {
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (entries[i].exists)
-                names.try_emplace(FromCodePage(entries[i].name), static_cast<std::int32_t>(i + 1));
-        }
-    }
-    if (!name.starts_with(prefix))
-        return 0;
-    const auto found = names.find(std::string(name.substr(prefix.size())));
+    if (names.empty())
+        for (const CatalogEntry& entry : List(entries, prefix))
+            names.try_emplace(entry.name, entry.index);
+    const auto found = names.find(std::string(name));
     return found == names.end() ? 0 : found->second;
 }
 
@@ -272,15 +260,9 @@ Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardC
     return failure;
 }
 
-const std::string& StandardCatalog::TypeFilePath() const {
-    return impl_->path;
-}
 std::vector<std::string> StandardCatalog::Files() const {
     return {impl_->catalogPath, impl_->path, impl_->Companion("standard.enu"),
             impl_->Companion("standard.fmt")};
-}
-const ResourceHeader& StandardCatalog::Header() const {
-    return impl_->view.Header();
 }
 
 std::vector<CatalogEntry> StandardCatalog::NvTypes() const {
@@ -292,9 +274,6 @@ std::vector<CatalogEntry> StandardCatalog::CpTypes() const {
 
 bool StandardCatalog::HasNv(std::int32_t index) const {
     return Impl::Find(impl_->view.NvTypes(), index) != nullptr;
-}
-bool StandardCatalog::HasCp(std::int32_t index) const {
-    return Impl::Find(impl_->view.CpTypes(), index) != nullptr;
 }
 
 std::uint16_t StandardCatalog::NvSize(std::int32_t index) const {
@@ -412,13 +391,6 @@ std::vector<FormatParameter> StandardCatalog::DefaultParameters(std::int32_t nvI
     for (const CatalogField& field : NvFields(nvIndex))
         parameters.push_back({.conversion = field.conversion, .expression = field.path});
     return parameters;
-}
-
-const std::string& StandardCatalog::TextProblem() const {
-    return impl_->textProblem;
-}
-const std::string& StandardCatalog::FormatProblem() const {
-    return impl_->formatProblem;
 }
 
 }  // namespace tovarek

@@ -1,10 +1,10 @@
 // The standard resource set (scope 0) of an open catalog: every standard network-variable type (SNVT),
-// configuration- property type (SCPT), enumeration, text and display format that it knows.
+// configuration-property type (SCPT), enumeration, text and display format that it knows.
 //
 // Opening reads and verifies the type file alone. Descriptions, texts and formats are decoded on the first
 // call that needs them, also by const functions: an instance belongs to one thread at a time. Pointers and
 // references that are handed out live as long as the catalog. A text or format file that is missing or
-// damaged reads as an empty one; see TextProblem and FormatProblem.
+// damaged reads as an empty one.
 //
 //   std::unique_ptr<StandardCatalog> catalog;
 //   if (StandardCatalog::Open("share\\catalog\\ldrf.cat", catalog).Ok())
@@ -31,14 +31,14 @@ struct CatalogEntry {
     std::uint16_t size = 0;   // bytes
 };
 
-// One value inside a type, at the end of all references, members and elements: what a display format can
-// show.
+// A single value of a type, as display formats show it: what is left when references are followed, and
+// structures, unions and arrays are taken apart.
 struct CatalogField {
     std::string path;        // e.g. "time_value[2].hour"; empty when the type is one value
     std::string conversion;  // "%d" integers, "%f" scaled numbers and floats, "%m" enumerations, "%s" texts
     std::string unit;        // text; empty when none is known
-    TypeDescription
-        type;  // a number, a float, a bit field, an enumeration, or a text (an array of characters)
+    // A number, a float, a bit field, an enumeration, or a text (an array of characters).
+    TypeDescription type;
 };
 
 class StandardCatalog {
@@ -55,11 +55,8 @@ class StandardCatalog {
 
     // ---- what there is ----
 
-    // Path of the standard type file, and its header (version, date).
-    const std::string& TypeFilePath() const;
     // Paths of all files that the catalog is read from: the catalog file, then those of the standard set.
     std::vector<std::string> Files() const;
-    const ResourceHeader& Header() const;
     // All types by index; those that the set has deleted or lacks are left out.
     std::vector<CatalogEntry> NvTypes() const;
     std::vector<CatalogEntry> CpTypes() const;
@@ -67,7 +64,6 @@ class StandardCatalog {
     // ---- lookups, all in constant time; null or 0 when the set has no such type ----
 
     bool HasNv(std::int32_t index) const;
-    bool HasCp(std::int32_t index) const;
     // Size in bytes; cheap, nothing is decoded.
     std::uint16_t NvSize(std::int32_t index) const;
     std::uint16_t CpSize(std::int32_t index) const;
@@ -104,10 +100,6 @@ class StandardCatalog {
     // default format where the format file has one with parameters, else one parameter per field without
     // factor, offset and unit. "int" and "real" are one parameter without expression.
     std::vector<FormatParameter> DefaultParameters(std::int32_t nvIndex) const;
-
-    // Why texts or formats are missing; empty when they were read (or not asked for yet: asking loads them).
-    const std::string& TextProblem() const;
-    const std::string& FormatProblem() const;
 
   private:
     StandardCatalog();

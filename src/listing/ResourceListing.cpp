@@ -170,7 +170,7 @@ class ResourceLister {
             DataChecksum(static_cast<std::size_t>(start), static_cast<std::size_t>(end));
         for (auto record = records_.lower_bound(cursor_.Position());
              record != records_.end() && record->first < end; ++record) {
-            // An entry that points into a record is none that could be shown apart.
+            // An entry that points into the middle of a record cannot be shown as a record of its own.
             if (record->first < cursor_.Position())
                 continue;
             cursor_.UpTo(static_cast<std::size_t>(record->first), "unreferenced");

@@ -17,6 +17,8 @@ struct ProfileField;
 class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
 
+// Holds one load at a time. The values are whole numbers without a unit, encoded as the XIF format encodes
+// them; Load stores what it reads, VerifyData tells whether a device can have it.
 class CProfile : public ProfileValues {
   public:
     // ---- the source; Load takes the first that is set: INI, XIF, then node and XML file ----

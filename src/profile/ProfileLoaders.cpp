@@ -36,8 +36,8 @@ class LineReader {
     int lines_ = 0;
 };
 
-// `line` cut behind its first `count` fields: what follows them is never looked at, however long it is. A
-// mark stands for it, so that an empty last field is not trimmed away.
+// `line` without what follows its first `count` fields, which may be long and is never read. Where something
+// was cut off a "." takes its place: an empty last field would be trimmed away otherwise.
 std::string FirstFields(std::string_view line, int count) {
     line = TrimBlanks(line);
     std::size_t end = 0;
@@ -86,8 +86,7 @@ void CProfile::Load(FindingSink& findings) {
     elements_.fill({});
     if (xmlNode)
         LoadFromXmlNode(xmlNode.Current(), findings);
-    // Required in this order: an element alone is loaded and then refused, since a profile is named by its
-    // file.
+    // Deliberate: an element alone is loaded first and refused then, since a profile is named by its file.
     if (xmlFile.empty())
         errorHandler->RaiseError(
             eQVXIFerr_profilefilenotdefined,

@@ -6,9 +6,9 @@
 namespace tovarek {
 namespace {
 
-// Result codes of the resource-file control that have an error of their own. Code 22 has none and falls to
-// the generic error, as every code that is not listed: the control uses 22 for "type complete", no fault at
-// all.
+// Result codes of the resource-file control that have an error of their own; every other code becomes the
+// generic error. Deliberate: 22 is one of these, although its neighbours are listed. The control answers it
+// for a type that is complete, which is no fault.
 struct EditResult {
     std::int32_t code;
     eErrors error;

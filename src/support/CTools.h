@@ -22,9 +22,8 @@ std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text, std
 class CTools {
   public:
     // The name part of `path`: what follows the last "\" or ":" (on POSIX "/" counts as well), cut before its
-    // first
-    // "." when `removeExtension`. When that leaves nothing, or there is no separator, the whole path is
-    // answered unchanged, extension included. Deliberate; callers rely on it for bare file names.
+    // first "." when `removeExtension`. Deliberate: when that leaves nothing, or there is no separator, the
+    // whole path is answered unchanged, extension included. Callers rely on it for bare file names.
     std::string ExtractFile(std::string_view path, bool removeExtension = false) const;
 
     // The folder part of `path`, without its final separator; empty when there is none.
@@ -49,8 +48,8 @@ class CTools {
     // Every character but ASCII digits and letters replaced by "_", position for position.
     std::string ReplaceBadCharInType(std::string_view s) const;
 
-    // True when the text holds a character that is NOT a hexadecimal digit; false for the empty text. The
-    // sense is inverted with respect to the name; callers raise their error when it is true.
+    // Deliberate: true when the text holds a character that is NOT a hexadecimal digit, false for the empty
+    // text. The sense is inverted with respect to the name; callers raise their error when it is true.
     bool ValidateHexaString(std::string_view text) const;
 
     // Creates the last level of `path`, unless its parent holds an entry of that name (compared without

@@ -1,11 +1,10 @@
 // The text of one INI file, read once and indexed by section. How sections, keys and values are recognised:
-// - Lines end in CR LF, LF or CR. Blanks around a line count for nothing; ";" at its start makes it a
-// comment.
-// - "[name]" opens a section; its name ends at the last "]" of the line, blanks inside the brackets are
-// trimmed. Of
-//   sections with one name only the first exists, and in it only the first of keys with one name.
-// - A key is what stands before the first "=" of a line; a line without "=" is none, nor is one before any
-// section.
+// - Lines end in CR LF, LF or CR. Blanks around a line are dropped. A line that begins with ";" is a comment.
+// - "[name]" opens a section. Its name ends at the last "]" of the line, blanks inside the brackets are
+//   trimmed. Of several sections with one name only the first exists, and in it only the first of several
+//   keys with one name.
+// - A key is what stands before the first "=" of a line. A line without "=" is no key, nor is one that stands
+//   before the first section.
 // - Blanks around a value are trimmed, then one pair of equal quotes (" or '). A NUL ends a value.
 // - Names are compared without regard to case.
 #pragma once
@@ -19,8 +18,8 @@
 
 namespace tovarek {
 
-// How the bytes of a file stand for text: with a UTF-8 or UTF-16 mark as that says, else in the 8-bit code
-// page.
+// How a file's text is encoded. A UTF-8 or UTF-16 mark at its start decides; without one it is in the 8-bit
+// code page.
 enum class IniEncoding { codePage, utf8, utf16LittleEndian, utf16BigEndian };
 
 // The text of `bytes` in UTF-8, without a mark; `encoding` is told where wanted.
@@ -65,10 +64,12 @@ class IniSection {
     std::vector<Entry> entries_;
 };
 
+// The text of an INI file and where its sections stand in it. Lookups cannot fail: what the file lacks is
+// answered as missing.
 class IniText {
   public:
     IniText() = default;
-    // `text` is UTF-8 without a mark.
+    // `text` is UTF-8 without a mark. It is indexed here and kept.
     explicit IniText(std::string text);
     IniText(const IniText&) = delete;
     IniText& operator=(const IniText&) = delete;

@@ -59,7 +59,7 @@ std::vector<std::string> DirectoryEntries(std::string_view path);
 // Creates one directory. False when it could not be created.
 bool MakeDirectory(std::string_view path);
 
-// Where bytes are written to.
+// Takes the bytes that a writer makes, in order: a file, or memory.
 class FileSink {
   public:
     virtual ~FileSink() = default;

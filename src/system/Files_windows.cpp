@@ -194,7 +194,7 @@ bool FolderExists(std::string_view path) {
 }
 
 FileStamp StampOf(std::string_view path) {
-    // Attributes alone can be asked of a file that nobody may read.
+    // Opened for its attributes alone, which the system tells even of a file that this user may not read.
     HANDLE file = CreateFileW(ToWide(path).c_str(), FILE_READ_ATTRIBUTES,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr);

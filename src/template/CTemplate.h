@@ -20,6 +20,7 @@ class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
 class XmlReading;  // support/XmlReading.h
 
+// One message tag.
 struct CTag {
     std::string name;
     std::int32_t avgRate = 0;   // encoded rate, 0 = not given
@@ -29,6 +30,8 @@ struct CTag {
     int line = 0;               // of the XML element, for error messages; 0 = unknown
 };
 
+// Holds one load at a time. What Load stores is as the source has it; VerifyData tells whether a device can
+// have it, and completes it.
 class CTemplate {
   public:
     // ---- the source; Load takes the first that is set: INI, node, XML file ----

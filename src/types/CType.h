@@ -31,7 +31,8 @@ enum ElementType : std::int32_t {
     elementStruct = 6,
     elementUnion = 7,
     elementFloat = 8,
-    elementBitfield = 9,  // deliberate: has the name of a bit field and none of its rules; see elementBits
+    // Deliberate: has the name of a bit field and none of its rules; those are elementBits'.
+    elementBitfield = 9,
 };
 
 // Format numbers from 1 to this one are the indexes of standard types.
@@ -116,12 +117,10 @@ class CType {
     std::shared_ptr<const TypeInputPlace> inputPlace;  // of a type of its own; none: not known
     std::shared_ptr<const ElementLines> lines;  // shared by all types of one type element; none: not known
     std::string enumName;
-    std::shared_ptr<std::vector<CEnumValue>>
-        enumValues;  // shared by all types of one type element; none: no values
-    std::shared_ptr<const CFormats> availableFormats;  // shared likewise; none until the first one
-    std::vector<CType> elements;                       // members of a structure or union
-    std::vector<std::string>
-        formats;  // names of the display formats of the type and its members, by AnalyseFormat
+    std::shared_ptr<std::vector<CEnumValue>> enumValues;  // shared likewise; none: no values
+    std::shared_ptr<const CFormats> availableFormats;     // shared likewise; none until the first one
+    std::vector<CType> elements;                          // members of a structure or union
+    std::vector<std::string> formats;  // names of its and its members' display formats, by AnalyseFormat
 
     // Whether the type stands for a standard one.
     bool isReference() const { return typeIndex > 0 && typeIndex <= kLargestStandardIndex; }

@@ -18,6 +18,7 @@ namespace tovarek {
 
 class FormatDefinitions;  // types/FormatDefinitions.h
 
+// After LoadTypes every type is numbered, measured in bytes and checked, and has all its raw values.
 class CTypes {
   public:
     using Types = KeyedList<std::unique_ptr<CType>>;

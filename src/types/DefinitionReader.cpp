@@ -12,9 +12,9 @@
 namespace tovarek {
 namespace {
 
-// Prefixes of type names that NAME may carry; another one stands in the name that is made of it.
+// Prefixes that are taken off what NAME says; any other one stays part of the name.
 constexpr std::string_view kNamePrefixes[] = {"UNVT", "UCPT", "SNVT", "SCPT"};
-// Those that the short name of a type element goes without.
+// Prefixes that are taken off the name of a type element, where an enumeration is called after it.
 constexpr std::string_view kElementPrefixes[] = {"SNVT", "SCPT"};
 
 // `name` without the first of `prefixes` that it begins with, and without one "_" behind it. Any letter case.
@@ -40,7 +40,7 @@ XmlNode FirstElement(XmlNode node) {
     return node;
 }
 
-// A value of an enumeration is a signed byte.
+// A value of an enumeration is a signed byte. Deliberate: 256 is taken off every larger value, once.
 constexpr std::int32_t kLargestEnumValue = 127;
 std::int32_t AsSignedByte(std::int32_t value) {
     return value > kLargestEnumValue ? value - 256 : value;
@@ -259,7 +259,7 @@ void DefinitionReader::ReadType(const XmlNode& node) {
 void DefinitionReader::ReadName(const XmlNode& node) {
     const std::string cleaned = tools_.ReplaceBadCharInType(tools_.nodeTextValue(node));
     const std::string_view name = WithoutPrefix(cleaned, kNamePrefixes);
-    // The first NAME names the type, the latest one its enumeration.
+    // Deliberate: of several, the first NAME names the type and the latest one its enumeration.
     if (!Top().definition->name)
         Top().definition->name = name;
     Top().enumName = Top().shortName + "_";

@@ -10,6 +10,7 @@
 
 namespace tovarek {
 
+// Reads each definition once, when it is asked for; what it has answered stays valid as long as it lives.
 class FormatDefinitions {
   public:
     // Loads the file. Raises error 89. Type elements are called `prefix` and a number.

@@ -9,8 +9,8 @@
 namespace tovarek {
 namespace {
 
-// A raw limit of the number `type`, or none where the type element gives none: the limit of its kind. What
-// leads to no 32-bit number is told from the limit as it stands in the file.
+// The limit `raw` of the number `type` as a raw value; nothing where the type element gives none, so that the
+// limit of its kind holds. One beyond 32 bits is runtime error 6, told by the limit that the file has.
 std::optional<std::int32_t> RawLimit(const CType& type, bool isGiven, std::int32_t (CType::*raw)() const,
                                      double scaled, const char* field) {
     if (!isGiven)

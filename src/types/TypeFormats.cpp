@@ -111,7 +111,7 @@ void AppendStandard(const CType& type, const std::string& formatName, std::vecto
     std::string path(prefix);
     path += type.name;
     for (const FormatParameter& value : named != nullptr ? *named : catalog.Default(type.typeIndex)) {
-        // The main type's own name is part of a path only where it is all of it.
+        // Paths begin inside the main type; only one that is a single value is called by its own name.
         const bool isInside = isFirst && !value.expression.empty();
         params.push_back(StandardParameter(value, isInside ? std::string_view() : path, named != nullptr));
     }

@@ -106,7 +106,7 @@ class UserTypeFileReader {
 
     void ReadType(const XmlNode& node, std::int32_t scope, bool isUnvt) {
         const std::string name = node.Name();
-        // What the first four letters are does not matter: the list that a type stands in tells its kind.
+        // Deliberate: the first four letters may be any; the list that a type stands in tells its kind.
         const std::int32_t number =
             IntegerOfElement(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
         if (number <= 0)

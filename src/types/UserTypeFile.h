@@ -22,7 +22,7 @@ struct TypeRequest {
     std::string rawMaxValue;
     std::string rawInitValue;
     TypeInputPlace inputPlace;
-    bool onlyScope6 = false;  // dropped when its definition puts it into another scope
+    bool onlyScope6 = false;  // deliberate: dropped in silence when its definition names another scope
     bool fromUserTypeFile = false;
     bool isRefused = false;  // what it lacks was told; its number is taken nevertheless
     std::string origin;      // who wants it, for messages

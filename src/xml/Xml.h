@@ -92,6 +92,7 @@ class XmlNode {
     const void* node_ = nullptr;
 };
 
+// A document, or nothing. Loading raises no error.
 class XmlDocument {
   public:
     // Loads the document at `path`. When that fails in any way the document is empty and Reason and Line tell

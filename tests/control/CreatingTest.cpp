@@ -3,10 +3,10 @@
 #include <ctime>
 #include <limits>
 
-#include "Fixtures.h"
 #include "base/Error.h"
+#include "formats/Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 class Creating : public ::testing::Test {
@@ -58,9 +58,8 @@ TEST_F(Creating, BadScopeIsCode3) {
 
 TEST_F(Creating, BadProgramIdIsCode4) {
     for (const char* id :
-         {"", "900ABC010203040", "900ABC01020304000", "900ABC010203040G", "90:0A:BC:01:02:0"}) {
+         {"", "900ABC010203040", "900ABC01020304000", "900ABC010203040G", "90:0A:BC:01:02:0"})
         EXPECT_EQ(Create(id, "", ""), 4) << id;
-    }
 }
 
 TEST_F(Creating, UnusablePathIsCode5) {
@@ -76,18 +75,16 @@ TEST_F(Creating, HeaderTextsThatDoNotFitAreCode6AndControlCharactersCode9) {
     EXPECT_EQ(Create(kId, "two\nlines", ""), 9);
     EXPECT_EQ(Create(kId, std::string("nul\0", 4), ""), 9);
     std::string widest;  // characters count, not the bytes of UTF-8
-    for (int i = 0; i < 255; ++i) {
+    for (int i = 0; i < 255; ++i)
         widest += "\xC2\xB0";
-    }
     EXPECT_EQ(Create(kId, "", widest), 0);
     ASSERT_EQ(control.Save(), 0);
     EXPECT_EQ(ReadFile(folder.Path("set.typ")).substr(0x200, 256), std::string(255, '\xB0') + '\0');
 }
 
 TEST_F(Creating, BadVersionIsCode7AndUnknownLocaleCode8) {
-    for (const auto& [major, minor] : {std::pair{-1, 0}, {65536, 0}, {0, -1}, {0, 256}}) {
+    for (const auto& [major, minor] : {std::pair{-1, 0}, {65536, 0}, {0, -1}, {0, 256}})
         EXPECT_EQ(Create(kId, "", "", major, minor), 7);
-    }
     // None at all, a language without a country, one without an abbreviation.
     for (const int locale : {0, 0x0009, 0x0466, -1}) {
         EXPECT_EQ(control.CreateLanguage(folder.Path("set.enu"), locale), 8);
@@ -148,9 +145,8 @@ TEST_F(Creating, EnumerationFaultsAreCodes14And15) {
     ASSERT_EQ(types.CreateEnumeration(std::string(255, 'e'), number), 0);
     EXPECT_EQ(types.AddEnumerationValue(number, "v", -128, 0xFFFFFF), 0);
     EXPECT_EQ(types.AddEnumerationValue(number, "v", 127, 0), 0);
-    for (const auto& [set, value] : {std::pair{0, 1}, {2, 1}, {number, 128}, {number, -129}}) {
+    for (const auto& [set, value] : {std::pair{0, 1}, {2, 1}, {number, 128}, {number, -129}})
         EXPECT_EQ(types.AddEnumerationValue(set, "v", value, 0), 15);
-    }
     EXPECT_EQ(types.AddEnumerationValue(number, "", 1, 0), 15);
     EXPECT_EQ(types.AddEnumerationValue(number, std::string(256, 'v'), 1, 0), 15);
     EXPECT_EQ(types.AddEnumerationValue(number, "v", 1, -1), 15);
@@ -161,9 +157,8 @@ TEST_F(Creating, EnumerationTakesAsManyValuesAsItsRecord) {
     OpenTypes();
     ASSERT_EQ(types.CreateEnumeration("many", number), 0);
     int values = 0;
-    while (values < 70000 && types.AddEnumerationValue(number, "value", values % 100, 0) == 0) {
+    while (values < 70000 && types.AddEnumerationValue(number, "value", values % 100, 0) == 0)
         ++values;
-    }
     EXPECT_EQ(types.ResultCode(), 15);
     EXPECT_EQ(values, (65535 - 1 - 4 - 1 - 5 - 2) / 13);
     ASSERT_EQ(control.Save(), 0) << types.ResultReason();
@@ -199,9 +194,8 @@ TEST_F(Creating, ElementsThatTheKindDoesNotHaveAreCode16) {
         EXPECT_EQ(types.DescribeSigned({}, length, {}), 16);
         EXPECT_EQ(types.DescribeUnsigned({}, length, {}), 16);
     }
-    for (const auto& [bits, offset] : {std::pair{0, 0}, {9, 0}, {1, 8}, {1, -1}, {5, 4}}) {
+    for (const auto& [bits, offset] : {std::pair{0, 0}, {9, 0}, {1, 8}, {1, -1}, {5, 4}})
         EXPECT_EQ(types.DescribeBitField({}, bits, offset, false, {}), 16);
-    }
     EXPECT_EQ(types.DescribeReference({}, 0, 2), 16);
     EXPECT_EQ(types.DescribeReference({}, 65536, 2), 16);
     EXPECT_EQ(types.DescribeReference({}, 140, 0), 16) << "a type that the catalog lacks has size 0";
@@ -267,15 +261,13 @@ TEST_F(Creating, MembersAreCounted) {
 
 TEST_F(Creating, TypeFaultsAreCode20) {
     OpenTypes();
-    for (const char* name : {"", "UNVT"}) {
+    for (const char* name : {"", "UNVT"})
         EXPECT_EQ(types.StartType(name), 20);
-    }
     EXPECT_EQ(types.StartType("UNVT" + std::string(256, 'x')), 20);
     ASSERT_EQ(StartNumber("UNVT_x"), 22);
     EXPECT_EQ(types.StartType("UNVT_y"), 20) << "the first is not registered";
-    for (const int index : {0, 2, -1, 65536}) {
+    for (const int index : {0, 2, -1, 65536})
         EXPECT_EQ(types.RegisterNetworkVariableType(index), 20);
-    }
     ASSERT_EQ(types.RegisterNetworkVariableType(1), 0);
     ASSERT_EQ(StartNumber("UNVT_x"), 22);
     EXPECT_EQ(types.RegisterNetworkVariableType(2), 0) << "names may repeat";
@@ -323,9 +315,8 @@ TEST_F(Creating, NestingEndsWhereReadersStop) {
     OpenTypes();
     ASSERT_EQ(types.StartType("UNVT_deep"), 0);
     int depth = 0;
-    while (types.DescribeStructure({.name = "s"}, 1) == 0) {
+    while (types.DescribeStructure({.name = "s"}, 1) == 0)
         ++depth;
-    }
     EXPECT_EQ(types.ResultCode(), 18);
     EXPECT_GE(depth, 1000);
     EXPECT_EQ(types.DescribeText({.name = "t", .arraySize = 2}, 3), 0);
@@ -342,9 +333,8 @@ TEST_F(Creating, DescriptionThatGrowsBeyondARecordIsRefusedOnTheWay) {
     ASSERT_EQ(types.StartType("UNVT_wide"), 0);
     ASSERT_EQ(types.DescribeStructure({}, 65535), 0);
     int members = 0;
-    while (types.DescribeUnsigned({.name = "m"}, 1, {}) == 0) {
+    while (types.DescribeUnsigned({.name = "m"}, 1, {}) == 0)
         ++members;
-    }
     EXPECT_EQ(types.ResultCode(), 17);
     EXPECT_LT(members, 4100);
 }
@@ -382,9 +372,8 @@ class FailingSink : public FileSink {
 
   private:
     void Count() {
-        if (--calls_ < 0) {
+        if (--calls_ < 0)
             RaiseRuntimeError(RuntimeError::diskFull);
-        }
     }
     int& calls_;
     std::string& written_;
@@ -404,9 +393,9 @@ TEST_F(Creating, FailedWriteIsCode27WithTheRuntimeNumber) {
 }
 
 TEST_F(Creating, FullDiskIsCode27) {
-    if (!test::HasFullDisk())
+    if (!HasFullDisk())
         GTEST_SKIP() << "the system has no disk that is full";
-    ASSERT_EQ(control.CreateProfile(test::kFullDisk), 0);
+    ASSERT_EQ(control.CreateProfile(kFullDisk), 0);
     EXPECT_EQ(control.Save(), 27);
     EXPECT_EQ(types.LastRuntimeError(), 61);
 }
@@ -424,4 +413,4 @@ TEST_F(Creating, EqualInputsAndClockGiveEqualBytes) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -3,7 +3,7 @@
 
 #include "Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 // Where the rows leave a gap, overlap, or end too early or too late; the file's size when they do not.
@@ -31,7 +31,7 @@ std::string ValueOf(const ByteListing& listing, const std::string& record, const
 }
 
 TEST(Listing, NamesTheFieldsOfATypeFile) {
-    const std::string bytes = test::BytesOf(WriteTypeFile, test::SmallTypes());
+    const std::string bytes = BytesOf(WriteTypeFile, SmallTypes());
     const ByteListing listing = Listed(bytes, FileKind::type);
     for (const auto& [record, field, value] : std::vector<std::tuple<std::string, std::string, std::string>>{
              {"", "creator", "3-2"},
@@ -58,7 +58,7 @@ TEST(Listing, NamesTheFieldsOfATypeFile) {
 }
 
 TEST(Listing, ShowsWhatIsWrong) {
-    std::string bytes = test::BytesOf(WriteLanguageFile, test::SmallLanguage());
+    std::string bytes = BytesOf(WriteLanguageFile, SmallLanguage());
     const std::size_t text = bytes.find("Belt speed");
     bytes[text] = 'C';
     bytes[0x308] = 7;
@@ -71,7 +71,7 @@ TEST(Listing, ShowsWhatIsWrong) {
 }
 
 TEST(Listing, ShowsBytesThatNothingPointsTo) {
-    std::string bytes = test::BytesOf(WriteLanguageFile, test::SmallLanguage());
+    std::string bytes = BytesOf(WriteLanguageFile, SmallLanguage());
     for (int i = 0; i < 4; ++i)
         bytes[0x335 + 4 * 4 + static_cast<std::size_t>(i)] = 0;  // string 5
     bytes += "old bytes";
@@ -82,7 +82,7 @@ TEST(Listing, ShowsBytesThatNothingPointsTo) {
 }
 
 TEST(Listing, TextFilesLineByLine) {
-    const std::string xif = std::string(test::kSmallXif) + "\x1A" + std::string("\0\1", 2);
+    const std::string xif = std::string(kSmallXif) + "\x1A" + std::string("\0\1", 2);
     const ByteListing listing = Listed(xif, FileKind::xif);
     EXPECT_TRUE(listing.isText);
     EXPECT_EQ(ValueOf(listing, "", "VAR nciLimits"), "VAR nciLimits 1 0 0 2\\r\\n");
@@ -96,17 +96,17 @@ TEST(Listing, TextFilesLineByLine) {
 
 TEST(Listing, CoversDamagedFiles) {
     for (const auto& [bytes, kind] : std::vector<std::pair<std::string, FileKind>>{
-             {test::BytesOf(WriteTypeFile, test::SmallTypes()), FileKind::type},
-             {test::BytesOf(WriteLanguageFile, test::SmallLanguage()), FileKind::language},
-             {test::BytesOf(WriteProfileFile, test::SmallProfiles()), FileKind::profile},
-             {std::string(test::kSmallXif), FileKind::xif}})
-        test::ForDamaged(bytes, 1, 300, [kind = kind](const std::string& damaged) { Listed(damaged, kind); });
+             {BytesOf(WriteTypeFile, SmallTypes()), FileKind::type},
+             {BytesOf(WriteLanguageFile, SmallLanguage()), FileKind::language},
+             {BytesOf(WriteProfileFile, SmallProfiles()), FileKind::profile},
+             {std::string(kSmallXif), FileKind::xif}})
+        ForDamaged(bytes, 1, 300, [kind = kind](const std::string& damaged) { Listed(damaged, kind); });
 }
 
 TEST(Listing, UnderstandsAndCoversEverySample) {
     for (const char* folder : {"resources", "xif"}) {
-        for (const std::string& path : test::SampleFiles(folder)) {
-            if (test::IsNoXif(path))
+        for (const std::string& path : SampleFiles(folder)) {
+            if (IsNoXif(path))
                 continue;
             const FileListing file = ListFile(path);
             EXPECT_EQ(file.code, 0) << path << file.damage;
@@ -114,11 +114,11 @@ TEST(Listing, UnderstandsAndCoversEverySample) {
             for (const ByteRow& row : file.listing.rows)
                 EXPECT_FALSE(row.field.starts_with("not understood") || row.value.starts_with("wrong"))
                     << path << ' ' << row.offset;
-            test::ForDamaged(file.bytes, file.bytes.size() / 10 + 1, 10,
-                             [&file](const std::string& damaged) { Listed(damaged, file.kind); });
+            ForDamaged(file.bytes, file.bytes.size() / 10 + 1, 10,
+                       [&file](const std::string& damaged) { Listed(damaged, file.kind); });
         }
     }
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -5,17 +5,15 @@
 #include "formats/format/FormatFile.h"
 #include "inspect/InspectText.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
-
-using test::Scratch;
 
 template <class File>
 std::vector<Difference> Between(Outcome (*writer)(const File&, std::string&), const File& before,
                                 const File& after) {
     const Scratch scratch;
-    return Compare(InspectFile(scratch.File("a", test::BytesOf(writer, before)), nullptr).tree,
-                   InspectFile(scratch.File("b", test::BytesOf(writer, after)), nullptr).tree);
+    return Compare(InspectFile(scratch.File("a", BytesOf(writer, before)), nullptr).tree,
+                   InspectFile(scratch.File("b", BytesOf(writer, after)), nullptr).tree);
 }
 
 // Applies one change and expects it, and nothing else, at `path`.
@@ -44,7 +42,7 @@ void ExpectSingle(Outcome (*writer)(const File&, std::string&), const File& file
 
 TEST(CompareFiles, OneChangeOfATypeFileIsOneDifference) {
     ExpectSingle<TypeFile>(
-        WriteTypeFile, test::SmallTypes(),
+        WriteTypeFile, SmallTypes(),
         {{"header.version", "1.05", "2.05",
           [](TypeFile& file) {
               file.header.majorVersion = 2;
@@ -79,11 +77,11 @@ TEST(CompareFiles, OneChangeOfATypeFileIsOneDifference) {
 
 TEST(CompareFiles, OneChangeOfTheOtherFilesIsOneDifference) {
     ExpectSingle<LanguageFile>(
-        WriteLanguageFile, test::SmallLanguage(),
+        WriteLanguageFile, SmallLanguage(),
         {{"strings[5].text", "Belt speed", "Belt", [](LanguageFile& file) { file.strings[4] = "Belt"; }},
          {"language", "enu", "deu", [](LanguageFile& file) { file.language = "deu"; }}});
     ExpectSingle<ProfileFile>(
-        WriteProfileFile, test::SmallProfiles(),
+        WriteProfileFile, SmallProfiles(),
         {{"profiles[1].key", "20000", "20001", [](ProfileFile& file) { file.profiles[0]->key = 20001; }},
          {"profiles[1].networkVariables[1].direction", "input", "output",
           [](ProfileFile& file) { file.profiles[0]->nvs[0].isInput = false; }},
@@ -92,11 +90,11 @@ TEST(CompareFiles, OneChangeOfTheOtherFilesIsOneDifference) {
 }
 
 TEST(CompareFiles, DatesDoNotCount) {
-    TypeFile later = test::SmallTypes();
+    TypeFile later = SmallTypes();
     later.header.saved.year = 2030;
-    EXPECT_TRUE(Between(WriteTypeFile, test::SmallTypes(), later).empty());
+    EXPECT_TRUE(Between(WriteTypeFile, SmallTypes(), later).empty());
     const Scratch scratch;
-    std::string xif(test::kSmallXif);
+    std::string xif(kSmallXif);
     const std::string a = scratch.File("a", xif);
     xif.replace(xif.find("Tue Feb 29"), 10, "Wed Mar 01");
     xif.replace(xif.find("# a comment"), 11, "# remarks !");
@@ -118,15 +116,15 @@ std::vector<Difference> BetweenXifs(const std::string& before, const std::string
 
 // The name stands in the first line of an XIF file, and as that of the enumerations' file in a type file.
 TEST(CompareFiles, TheirOwnNamesDoNotCount) {
-    std::string xif(test::kSmallXif);
+    std::string xif(kSmallXif);
     xif.replace(xif.find("belt.xif"), 8, "pump.xif");
-    EXPECT_TRUE(BetweenXifs(std::string(test::kSmallXif), xif).empty());
+    EXPECT_TRUE(BetweenXifs(std::string(kSmallXif), xif).empty());
     const Scratch scratch;
     std::vector<Inspection> sets;
     for (const char* set : {"belt", "pump_3", "gear"}) {
-        TypeFile types = test::SmallTypes();
+        TypeFile types = SmallTypes();
         types.enumerations[0]->fileName = std::string(set).substr(0, 4) + ".h";
-        const std::string path = scratch.File(set + std::string(".typ"), test::BytesOf(WriteTypeFile, types));
+        const std::string path = scratch.File(set + std::string(".typ"), BytesOf(WriteTypeFile, types));
         sets.push_back(InspectFile(path, nullptr));
     }
     EXPECT_TRUE(Compare(sets[0].tree, sets[1].tree).empty());
@@ -143,16 +141,16 @@ TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
     const std::string longText(300, 'x');
     const auto tree = [](const std::vector<std::optional<std::string>>& strings, std::uint32_t unit) {
         const Scratch scratch;
-        LanguageFile language = test::SmallLanguage();
+        LanguageFile language = SmallLanguage();
         language.strings = strings;
-        scratch.File("belt.enu", test::BytesOf(WriteLanguageFile, language));
+        scratch.File("belt.enu", BytesOf(WriteLanguageFile, language));
         TypeFile types;
-        types.header = test::SmallHeader(ResourceKind::type);
+        types.header = SmallHeader(ResourceKind::type);
         types.header.description = {3, 1};
         types.header.creator = {0, 7};
         types.nvTypes = {NvType{.name = "_a", .size = 1, .nameText = {3, 1}, .unit = {3, unit}}};
         types.nvTypes[0]->type = NumberOfKind(TypeKind::unsignedShort);
-        return InspectFile(scratch.File("belt.typ", test::BytesOf(WriteTypeFile, types)), nullptr).tree;
+        return InspectFile(scratch.File("belt.typ", BytesOf(WriteTypeFile, types)), nullptr).tree;
     };
     const InspectNode before = tree({"Belt", "m/s", longText}, 2);
     EXPECT_TRUE(Compare(before, tree({"Belt", longText, "m/s"}, 3)).empty());
@@ -178,7 +176,7 @@ TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
 }
 
 TEST(CompareFiles, ValuesOfPropertiesAreComparedOneByOne) {
-    std::string before(test::kSmallXif);
+    std::string before(kSmallXif);
     const std::string old = "\"1,0,0\\x80,49,2,,0:600;\r\n";
     before.replace(before.find(old), old.size(),
                    "\"1,0,0\\x80,49,2;nciBeat\"\r\n\"1,1,6\\xA4,1,2,3;\"\r\n"
@@ -222,7 +220,7 @@ TEST(CompareFiles, ARewrittenSampleIsTheSame) {
         EXPECT_TRUE(writer(file, written).Ok());
         bytes = written;
     };
-    const std::vector<std::string> paths = test::SampleFiles("resources");
+    const std::vector<std::string> paths = SampleFiles("resources");
     if (paths.empty())
         GTEST_SKIP() << "no samples";
     for (const std::string& path : paths) {
@@ -261,4 +259,4 @@ TEST(CompareTrees, ItemsOfOneNameAreMatchedInTheirOrder) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

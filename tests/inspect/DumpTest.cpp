@@ -6,11 +6,8 @@
 #include "inspect/InspectText.h"
 #include "profile/ProfileFields.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
-
-using test::Raised;
-using test::Scratch;
 
 // The value at a path of child names, as text.
 std::string At(const InspectNode& tree, const std::vector<std::string>& path) {
@@ -26,9 +23,9 @@ std::string At(const InspectNode& tree, const std::vector<std::string>& path) {
 class DumpTest : public testing::Test {
   protected:
     DumpTest() {
-        scratch.File("Belt.ENU", test::BytesOf(WriteLanguageFile, test::SmallLanguage()));
-        types = scratch.File("belt.typ", test::BytesOf(WriteTypeFile, test::SmallTypes()));
-        profiles = scratch.File("bElt.fpt", test::BytesOf(WriteProfileFile, test::SmallProfiles()));
+        scratch.File("Belt.ENU", BytesOf(WriteLanguageFile, SmallLanguage()));
+        types = scratch.File("belt.typ", BytesOf(WriteTypeFile, SmallTypes()));
+        profiles = scratch.File("bElt.fpt", BytesOf(WriteProfileFile, SmallProfiles()));
     }
 
     Scratch scratch;
@@ -75,7 +72,7 @@ TEST_F(DumpTest, StandardNamesComeFromTheCatalog) {
         GTEST_SKIP() << "no standard catalog was built";
     const InspectNode tree = InspectFile(types, catalog.get()).tree;
     EXPECT_EQ(At(tree, {"nvTypes", "3", "type", "members", "temp", "targetName"}), "SNVT_temp_p");
-    const std::string xif = scratch.File("belt.xif", test::kSmallXif);
+    const std::string xif = scratch.File("belt.xif", kSmallXif);
     EXPECT_EQ(At(InspectFile(xif, catalog.get()).tree, {"networkVariables", "nviSpeed", "standardTypeName"}),
               "SNVT_temp_p");
 }
@@ -92,9 +89,9 @@ TEST_F(DumpTest, PublishedNumbersAloneHaveTextsOfTheShippedCatalog) {
                                                             {1409, "kiloJoules/kg"},
                                                             {1, ""},
                                                             {6, ""}}) {
-        TypeFile file = test::SmallTypes();
+        TypeFile file = SmallTypes();
         file.nvTypes[0]->unit = {0, number};
-        const std::string path = scratch.File("scope0.typ", test::BytesOf(WriteTypeFile, file));
+        const std::string path = scratch.File("scope0.typ", BytesOf(WriteTypeFile, file));
         const std::string own = catalog->Text({0, number});
         EXPECT_NE(own, "") << number;
         for (const auto& [texts, shown] :
@@ -113,7 +110,7 @@ TEST_F(DumpTest, DamagedNeighboursAreNamedAndLeftOut) {
 }
 
 TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
-    TypeFile file = test::SmallTypes();
+    TypeFile file = SmallTypes();
     file.nvTypes[0]->type.b = -32768;
     NvType floating{.name = "_float", .size = 4};
     floating.type = NumberOfKind(TypeKind::floatingPoint);
@@ -124,7 +121,7 @@ TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
     floating.type.floatMinimum = 0.1F;
     floating.type.floatMaximum = std::numeric_limits<float>::max();
     file.nvTypes.emplace_back(floating);
-    const std::string path = scratch.File("extreme.typ", test::BytesOf(WriteTypeFile, file));
+    const std::string path = scratch.File("extreme.typ", BytesOf(WriteTypeFile, file));
     const InspectNode tree = InspectFile(path, nullptr).tree;
     EXPECT_EQ(At(tree, {"nvTypes", "1", "type", "minimum"}), "-2500E-32768");
     EXPECT_EQ(At(tree, {"nvTypes", "2", "type", "minimum"}), "-infinite");
@@ -137,7 +134,7 @@ TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
 }
 
 TEST_F(DumpTest, AKindHasOneNameInContentAndListing) {
-    TypeFile file = test::SmallTypes();
+    TypeFile file = SmallTypes();
     file.nvTypes.clear();
     for (const TypeKind kind : {TypeKind::signedChar, TypeKind::unsignedChar, TypeKind::signedShort,
                                 TypeKind::unsignedShort, TypeKind::signedLong, TypeKind::unsignedLong,
@@ -147,7 +144,7 @@ TEST_F(DumpTest, AKindHasOneNameInContentAndListing) {
         type.size = static_cast<std::uint16_t>(SizeOf(type.type));
         file.nvTypes.emplace_back(type);
     }
-    const std::string path = scratch.File("kinds.typ", test::BytesOf(WriteTypeFile, file));
+    const std::string path = scratch.File("kinds.typ", BytesOf(WriteTypeFile, file));
     const InspectNode tree = InspectFile(path, nullptr).tree;
     std::size_t shown = 0;
     for (const ByteRow& row : ListFile(path).listing.rows)
@@ -170,7 +167,7 @@ TEST_F(DumpTest, TheLanguageFileMayHaveAnyExtension) {
 }
 
 TEST_F(DumpTest, ProfileValuesHaveTheNamesOfTheProfile) {
-    std::string xif(test::kSmallXif);
+    std::string xif(kSmallXif);
     xif.insert(xif.find("4\r\n# a comment") + 1, " 10000000");
     const InspectNode tree = InspectFile(scratch.File("belt.xif", xif), nullptr).tree;
     for (const ProfileField& field : kProfileFields)
@@ -191,7 +188,7 @@ TEST_F(DumpTest, ProfileValuesHaveTheNamesOfTheProfile) {
 
 // Names behind the declarations, records over several lines and several in one.
 TEST_F(DumpTest, EveryPropertyRecordIsFound) {
-    std::string xif(test::kSmallXif);
+    std::string xif(kSmallXif);
     const std::string old = "\"1,0,0\\x80,49,2,,0:600;\r\n";
     xif.replace(xif.find(old), old.size(),
                 "\"1,0,0\\x80,49,2;nciBeat\"\r\n\"1,1.2,6\\x84,1,2,3;\"\r\n\"2,0~3,0\\x80,5,\"\r\n"
@@ -214,12 +211,12 @@ TEST_F(DumpTest, EveryPropertyRecordIsFound) {
 
 // Deepest nesting that a file may have: no walk over the tree may run out of stack.
 TEST_F(DumpTest, DeepTypesAreShownWhole) {
-    TypeFile file = test::SmallTypes();
+    TypeFile file = SmallTypes();
     TypeDescription type = NumberOfKind(TypeKind::unsignedShort);
     for (int i = 0; i < kDeepestNesting - 1; ++i)
         type = ArrayOf(std::move(type), 1, 3);
     file.nvTypes[0]->type = std::move(type);
-    const std::string path = scratch.File("deep.typ", test::BytesOf(WriteTypeFile, file));
+    const std::string path = scratch.File("deep.typ", BytesOf(WriteTypeFile, file));
     const Inspection inspection = InspectFile(path, nullptr);
     EXPECT_NE(JsonText(NodeJson(inspection.tree)).find("unsigned short"), std::string::npos);
     EXPECT_NE(TreeText(inspection.tree).find("unsigned short"), std::string::npos);
@@ -233,9 +230,9 @@ TEST_F(DumpTest, KindsAreToldByContent) {
         FileKind kind;
     };
     for (const Case& each : std::vector<Case>{
-             {"a.dat", test::BytesOf(WriteTypeFile, test::SmallTypes()), FileKind::type},
-             {"b.xif", test::BytesOf(WriteLanguageFile, test::SmallLanguage()), FileKind::language},
-             {"c", std::string(test::kSmallXif), FileKind::xif},
+             {"a.dat", BytesOf(WriteTypeFile, SmallTypes()), FileKind::type},
+             {"b.xif", BytesOf(WriteLanguageFile, SmallLanguage()), FileKind::language},
+             {"c", std::string(kSmallXif), FileKind::xif},
              {"d.txt", "set selector MANUFACTURER;\r\nUNVT_a: int;\r\n", FileKind::format},
              {"e.fmt", "", FileKind::format},
              {"f", "# Tovarek resource catalog 1\r\n.\r\n", FileKind::catalog},
@@ -250,7 +247,7 @@ TEST_F(DumpTest, KindsAreToldByContent) {
         ASSERT_TRUE(error) << name;
         EXPECT_NE(error->Context().reason.find(reason), std::string::npos) << error->Context().reason;
     }
-    EXPECT_EQ(test::RaisedNumber([&] { InspectFile(scratch.Path("none.typ"), nullptr); }), 53);
+    EXPECT_EQ(RaisedNumber([&] { InspectFile(scratch.Path("none.typ"), nullptr); }), 53);
 }
 
 // The folders are shown as the catalog is opened, by the content and by the listing.
@@ -270,15 +267,15 @@ TEST_F(DumpTest, FoldersOfACatalogAreThoseThatOpen) {
 // Either everything or an error: never a crash, and no other exception.
 TEST_F(DumpTest, DamagedFilesRaiseErrors) {
     const std::vector<std::pair<std::string, std::string>> files = {
-        {"d.typ", test::BytesOf(WriteTypeFile, test::SmallTypes())},
-        {"d.enu", test::BytesOf(WriteLanguageFile, test::SmallLanguage())},
-        {"d.fpt", test::BytesOf(WriteProfileFile, test::SmallProfiles())},
-        {"d.xif", std::string(test::kSmallXif)},
+        {"d.typ", BytesOf(WriteTypeFile, SmallTypes())},
+        {"d.enu", BytesOf(WriteLanguageFile, SmallLanguage())},
+        {"d.fpt", BytesOf(WriteProfileFile, SmallProfiles())},
+        {"d.xif", std::string(kSmallXif)},
         {"d.fmt", "set a b;\r\nUNVT_a#US: text(\"%f\",*1.8+32(0:855)); ! degrees\r\n"}};
     for (const auto& [name, bytes] : files) {
         const bool isText = name == "d.xif" || name == "d.fmt";
         int survived = 0;
-        test::ForDamaged(bytes, 7, 150, [&, file = name](const std::string& damaged) {
+        ForDamaged(bytes, 7, 150, [&, file = name](const std::string& damaged) {
             const auto error = Raised([&] { InspectFile(scratch.File(file, damaged), nullptr); });
             survived += error ? 0 : 1;
             EXPECT_TRUE(!error || !error->Context().reason.empty());
@@ -291,13 +288,13 @@ TEST_F(DumpTest, DamagedFilesRaiseErrors) {
 }
 
 TEST(DumpSamples, EverySampleIsShownWhole) {
-    std::vector<std::string> paths = test::SampleFiles("resources");
-    for (std::string& path : test::SampleFiles("xif"))
+    std::vector<std::string> paths = SampleFiles("resources");
+    for (std::string& path : SampleFiles("xif"))
         paths.push_back(std::move(path));
     if (paths.empty())
         GTEST_SKIP() << "no samples";
     for (const std::string& path : paths) {
-        if (test::IsNoXif(path)) {
+        if (IsNoXif(path)) {
             const auto error = Raised([&] { InspectFile(path, nullptr); });
             ASSERT_TRUE(error);
             EXPECT_NE(error->Context().reason.find("comma-separated"), std::string::npos);
@@ -319,4 +316,4 @@ TEST(DumpSamples, EverySampleIsShownWhole) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

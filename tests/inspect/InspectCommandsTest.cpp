@@ -7,7 +7,7 @@
 #include "Fixtures.h"
 #include "cli/InspectCommands.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 using Json = nlohmann::json;
@@ -34,8 +34,8 @@ Result Diff(const std::string& before, const std::string& after, OutputFormat fo
 
 class InspectCommandsTest : public testing::Test {
   protected:
-    test::Scratch scratch;
-    std::string bytes = test::BytesOf(WriteTypeFile, test::SmallTypes());
+    Scratch scratch;
+    std::string bytes = BytesOf(WriteTypeFile, SmallTypes());
     std::string types = scratch.File("belt.typ", bytes);
 };
 
@@ -48,7 +48,7 @@ TEST_F(InspectCommandsTest, DumpsAsTextAndJson) {
     EXPECT_EQ(json["nvTypes"][0]["type"]["minimum"], -25.0);
     EXPECT_EQ(json.value("schema", 0), 2);
     const Json xif =
-        Json::parse(Dump(scratch.File("belt.xif", test::kSmallXif), {.format = OutputFormat::json}).out);
+        Json::parse(Dump(scratch.File("belt.xif", kSmallXif), {.format = OutputFormat::json}).out);
     EXPECT_EQ(xif["messageTags"][0]["otherAttributes"], Json({0, 63, 1, 0, 1, 0, 1, 0, 0, 0, 0, 0}));
     for (const char* number : {"scope", "type", "length"})
         EXPECT_TRUE(xif["files"][0]["properties"][0][number].is_number()) << number;
@@ -84,9 +84,9 @@ TEST_F(InspectCommandsTest, ADamagedFileIsAnErrorAndShowsNothing) {
 }
 
 TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
-    TypeFile changed = test::SmallTypes();
+    TypeFile changed = SmallTypes();
     changed.nvTypes[0]->size = 4;
-    const std::string other = scratch.File("other.typ", test::BytesOf(WriteTypeFile, changed));
+    const std::string other = scratch.File("other.typ", BytesOf(WriteTypeFile, changed));
     const Result same = Diff(types, types, OutputFormat::text);
     EXPECT_EQ(same.status, kDone);
     EXPECT_EQ(same.out, "");
@@ -100,17 +100,17 @@ TEST_F(InspectCommandsTest, DiffTellsByItsStatus) {
     scratch.File("belt.enu", "URES and nothing more");
     EXPECT_NE(Diff(types, other, OutputFormat::text).error.find("belt.enu\" is damaged"), std::string::npos);
     EXPECT_EQ(Json::parse(Diff(types, other, OutputFormat::json).out)["problems"].size(), 1U);
-    const std::string xif = scratch.File("belt.xif", test::kSmallXif);
+    const std::string xif = scratch.File("belt.xif", kSmallXif);
     const Result kinds = Diff(types, xif, OutputFormat::text);
     EXPECT_EQ(kinds.status, kWrongUse);
     EXPECT_EQ(kinds.out, "");
 }
 
 TEST_F(InspectCommandsTest, OnlyACatalogThatTheUserNamesHasItsOwnTexts) {
-    TypeFile file = test::SmallTypes();
+    TypeFile file = SmallTypes();
     file.nvTypes[0]->unit = {0, 6};
     file.nvTypes[2]->unit = {0, 854};
-    scratch.File("belt.typ", test::BytesOf(WriteTypeFile, file));
+    scratch.File("belt.typ", BytesOf(WriteTypeFile, file));
     const std::string shipped = Dump(types, {}).out;
     const std::string named = Dump(types, {.place = {.folder = TOVAREK_CATALOG}}).out;
     EXPECT_NE(shipped.find("    unitText: degrees C\n"), std::string::npos) << "no shipped catalog";
@@ -127,4 +127,4 @@ TEST_F(InspectCommandsTest, ACatalogThatTheUserNamesMustBeThere) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

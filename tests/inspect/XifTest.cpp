@@ -5,7 +5,7 @@
 #include "formats/xif/XifFile.h"
 #include "formats/xif/XifValues.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 XifFile Read(const std::string& text) {
@@ -16,14 +16,14 @@ XifFile Read(const std::string& text) {
 }
 
 std::string Replaced(std::string_view what, std::string_view by) {
-    std::string text(test::kSmallXif);
+    std::string text(kSmallXif);
     const std::size_t place = text.find(what);
     EXPECT_NE(place, std::string::npos) << what;
     return text.replace(place, what.size(), by);
 }
 
 TEST(XifReader, ReadsEveryRecord) {
-    const XifFile file = Read(std::string(test::kSmallXif));
+    const XifFile file = Read(std::string(kSmallXif));
     EXPECT_EQ(file.name, "belt.xif");
     EXPECT_EQ(file.tool, "Acme Builder 2.1");
     EXPECT_EQ(file.version, "4.0");
@@ -65,7 +65,7 @@ TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
 }
 
 TEST(XifReader, SurvivesWhatOldToolsLeave) {
-    const std::string text(test::kSmallXif);
+    const std::string text(kSmallXif);
     std::string unixLines = text;
     std::erase(unixLines, '\r');
     EXPECT_EQ(Read(unixLines).values->bytes, Read(text).values->bytes);
@@ -96,7 +96,7 @@ TEST(XifReader, NamesTheLineThatIsWrong) {
         std::string text;
         std::string reason;
     };
-    const std::string whole(test::kSmallXif);
+    const std::string whole(kSmallXif);
     for (const Case& each : std::vector<Case>{
              {Replaced("File:", "Fiel:"), "line 1: an XIF begins"},
              {Replaced("90:0A", "90-0A"), "line 5: "},
@@ -138,4 +138,4 @@ TEST(XifReader, ValuesInEveryNotation) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

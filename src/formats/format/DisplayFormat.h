@@ -11,10 +11,8 @@ namespace tovarek {
 
 // One value that a format shows: displayed = factor x scaled value + offset.
 struct FormatParameter {
-    std::string
-        conversion;  // "%d", "%f", "%m", "%s" or another one with its flags; empty in forms without text
-    std::string
-        expression;  // path of the value in the type, e.g. "time.hour" or "name[2]"; empty: the value itself
+    std::string conversion;  // "%d", "%f", "%m", "%s" or another, with its flags; empty in forms without text
+    std::string expression;  // path inside the type, e.g. "time.hour" or "name[2]"; empty: the type itself
     double factor = 1.0;
     double offset = 0.0;
     std::string unit;    // text of the unit, from a comment; empty when there is none

@@ -20,8 +20,7 @@ namespace tovarek {
 inline constexpr std::string_view kFormatExtension = "fmt";
 
 struct FormatFile {
-    std::vector<std::string>
-        settings;  // "set" lines in order, without "set" and ";", e.g. "selector MANUFACTURER"
+    std::vector<std::string> settings;   // "set" lines without "set" and ";", e.g. "selector MANUFACTURER"
     std::vector<DisplayFormat> formats;  // in the order of the file
 };
 

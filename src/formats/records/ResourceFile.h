@@ -56,8 +56,7 @@ class ResourceFileView {
     std::size_t dataEnd_ = 0;
 };
 
-// ---- records: number and length, two bytes each, then the content; strings have a number of three bytes
-// ----
+// ---- records: number (two bytes, of strings three), length (two bytes), content ----
 
 inline constexpr std::size_t kMostRecords = 0xFFFF;  // of one table
 inline constexpr std::size_t kRecordHead = 4;        // positions inside a record count from the number

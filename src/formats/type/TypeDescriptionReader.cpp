@@ -3,7 +3,6 @@
 
 #include "base/Text.h"
 #include "formats/type/TypeDescriptionCodec.h"
-#include "formats/type/TypeRange.h"
 #include "system/CodePage.h"
 
 namespace tovarek {

@@ -27,8 +27,8 @@ class CCatalog {
     const std::string& catalogFile() const { return types.CatalogFileName(); }
     void catalogFile(const std::string& value);
 
-    // True from the first reopening that failed, for the rest of the object's life: one wrong path marks the
-    // catalog as failed even when a later one is right. Deliberate; hosts rely on creating a new object.
+    // Deliberate: true from the first reopening that failed, for the rest of the object's life: one wrong
+    // path marks the catalog as failed even when a later one is right. Hosts rely on creating a new object.
     bool errorOpeningCatalog() const { return errorOpeningCatalog_; }
 
     // Which file could not be opened and why, for the context of an error.

@@ -5,7 +5,7 @@
 
 #include "Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 int Between(int low, int high) {
@@ -16,9 +16,8 @@ std::string AnyName(int shortest = 1) {
     const int length = Between(0, 9) == 0 ? 255 : Between(shortest, 12);
     const std::string letters = "abcXYZ_019~ ";
     std::string name;
-    for (int i = 0; i < length; ++i) {
+    for (int i = 0; i < length; ++i)
         name += letters[static_cast<std::size_t>(Between(0, 11))];
-    }
     return name;
 }
 
@@ -26,9 +25,8 @@ std::string AnyText() {
     const std::vector<std::string> pieces = {"a",        " ", "\r\n",    "\xC2\xB0", "\xE2\x82\xAC",
                                              "\xC2\x81", "Z", "\xC3\xBF"};
     std::string text;
-    for (int i = Between(0, 40); i > 0; --i) {
+    for (int i = Between(0, 40); i > 0; --i)
         text += pieces[static_cast<std::size_t>(Between(0, 7))];
-    }
     return text;
 }
 
@@ -61,27 +59,24 @@ void FillNumber(TypeDescription& type) {
     type.a = AnyCoefficient();
     type.b = AnyCoefficient();
     type.c = AnyCoefficient();
-    if (IsInteger(type.kind) && Between(0, 1) == 1) {
+    if (IsInteger(type.kind) && Between(0, 1) == 1)
         type.invalid = AnyRaw(type);
-    }
 }
 
 TypeDescription AnyDescription(int depth) {
     TypeDescription type;
     type.kind = static_cast<TypeKind>(Between(1, 15));
     const bool holds = type.kind == TypeKind::array || HasMembers(type.kind);
-    if (depth > 4 && holds) {
+    if (depth > 4 && holds)
         type.kind = TypeKind::unsignedQuad;
-    }
     switch (type.kind) {
         case TypeKind::array:
             type = ArrayOf(AnyDescription(depth + 1), static_cast<std::uint16_t>(Between(0, 65535)), 4);
             break;
         case TypeKind::structure:
         case TypeKind::unionKind:
-            for (int i = Between(0, 4); i > 0; --i) {
+            for (int i = Between(0, 4); i > 0; --i)
                 type.members.push_back(AnyMember(depth + 1));
-            }
             break;
         case TypeKind::reference:
             type.target = AnyType();
@@ -89,17 +84,14 @@ TypeDescription AnyDescription(int depth) {
             break;
         case TypeKind::floatingPoint:
             type = NumberOfKind(TypeKind::floatingPoint);
-            if (Between(0, 1) == 1) {
+            if (Between(0, 1) == 1)
                 type.floatMinimum = static_cast<float>(Between(-5, 5)) / 4;
-            }
-            if (Between(0, 3) == 1) {
+            if (Between(0, 3) == 1)
                 type.floatInvalid = 7.25F;
-            }
             break;
         default:
-            if (type.kind == TypeKind::enumeration) {
+            if (type.kind == TypeKind::enumeration)
                 type.target = AnyType();
-            }
             if (type.kind == TypeKind::bitField) {
                 type.bitOffset = static_cast<std::uint8_t>(Between(0, 7));
                 type.bitWidth = static_cast<std::uint8_t>(Between(1, 8));
@@ -119,9 +111,8 @@ void FillType(NvType& type) {
 }
 
 std::optional<std::string> MaybeRaw(std::size_t size) {
-    if (Between(0, 1) == 0) {
+    if (Between(0, 1) == 0)
         return std::nullopt;
-    }
     return std::string(size, static_cast<char>(Between(0, 127)));
 }
 
@@ -129,9 +120,8 @@ ResourceHeader AnyHeader() {
     ResourceHeader header;
     header.title = TitleText(ResourceKind::type, Between(0, 65535), Between(0, 255));
     header.contact = AnyName();
-    while (header.contact.ends_with(' ')) {  // blanks at the end fill the block
+    while (header.contact.ends_with(' '))  // blanks at the end fill the block
         header.contact.pop_back();
-    }
     header.scope = static_cast<std::uint8_t>(Between(0, 6));
     header.programId[7] = static_cast<std::uint8_t>(Between(0, 255));
     header.saved = {Between(0, 65535), 12, 31, 23, 59, 60};
@@ -142,10 +132,9 @@ TEST(RoundTrip, TypeFiles) {
     EXPECT_TRUE(rc::check([] {
         TypeFile file;
         file.header = AnyHeader();
-        for (int i = Between(0, 15); i > 0; --i) {
+        for (int i = Between(0, 15); i > 0; --i)
             if (auto& nv = file.nvTypes.emplace_back(); Between(0, 5) != 0)
                 FillType(nv.emplace());
-        }
         for (int i = Between(0, 5); i > 0; --i) {
             CpType& cp = file.cpTypes.emplace_back().emplace();
             FillType(cp);
@@ -156,9 +145,8 @@ TEST(RoundTrip, TypeFiles) {
         for (int i = Between(0, 5); i > 0; --i) {
             Enumeration& set =
                 file.enumerations.emplace_back().emplace(Enumeration{AnyName(), AnyName(), {}});
-            for (int value = Between(0, 20); value > 0; --value) {
+            for (int value = Between(0, 20); value > 0; --value)
                 set.values.push_back({static_cast<std::int8_t>(Between(-128, 127)), AnyName(), AnyString()});
-            }
         }
         std::string bytes;
         RC_ASSERT(WriteTypeFile(file, bytes).reason == "");
@@ -177,10 +165,9 @@ TEST(RoundTrip, LanguageFiles) {
     EXPECT_TRUE(rc::check([] {
         LanguageFile file;
         file.language = "fra";
-        for (int i = Between(0, 30); i > 0; --i) {
+        for (int i = Between(0, 30); i > 0; --i)
             if (auto& string = file.strings.emplace_back(); Between(0, 5) != 0)
                 string = AnyText();
-        }
         std::string bytes;
         file.header.title = TitleText(ResourceKind::language, 1, 0);
         RC_ASSERT(WriteLanguageFile(file, bytes).reason == "");
@@ -222,14 +209,12 @@ TEST(RoundTrip, ProfileFiles) {
             profile.key = static_cast<std::uint16_t>(Between(20000, 20005));
             profile.inherits = Between(0, 1) == 1;
             profile.principalNv = static_cast<std::uint8_t>(Between(0, 255));
-            for (int nv = Between(0, 4); nv > 0; --nv) {
+            for (int nv = Between(0, 4); nv > 0; --nv)
                 profile.nvs.push_back({AnyProfileMember(255), Between(0, 1) == 1, Between(0, 1) == 1,
                                        static_cast<std::uint8_t>(Between(0, 7))});
-            }
-            for (int cp = Between(0, 4); cp > 0; --cp) {
+            for (int cp = Between(0, 4); cp > 0; --cp)
                 profile.cps.push_back({AnyProfileMember(300), AnyWord(), AnyWord(), AnyWord(),
                                        static_cast<std::uint8_t>(Between(0, 255))});
-            }
         }
         std::string bytes;
         RC_ASSERT(WriteProfileFile(file, bytes).reason == "");
@@ -272,4 +257,4 @@ TEST(RoundTrip, FormatFiles) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -1,7 +1,7 @@
 // Files whose every byte is known: writers, the creating operations and readers against them.
 #include "Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 
 namespace {
 
@@ -239,10 +239,8 @@ TEST(WorkedExamples, TypesThroughTheCreatingOperations) {
     ASSERT_EQ(control.CreateType(folder.Path("belt.typ")), 0) << types.ResultReason();
     std::int32_t mode = 0;
     ASSERT_EQ(types.CreateEnumeration("belt_mode_t", mode), 0);
-    for (const auto& [name, value] :
-         {std::pair{"BM_NUL", -1}, {"BM_OFF", 0}, {"BM_SLOW", 1}, {"BM_FAST", 2}}) {
+    for (const auto& [name, value] : {std::pair{"BM_NUL", -1}, {"BM_OFF", 0}, {"BM_SLOW", 1}, {"BM_FAST", 2}})
         ASSERT_EQ(types.AddEnumerationValue(mode, name, value, 0), 0);
-    }
     ASSERT_EQ(types.StartType("UNVT_beltSpeed"), 0);
     const NumberRange speed{.minimum = -500, .maximum = 1200, .a = 5, .b = -2};
     ASSERT_EQ(types.DescribeSigned({.nameText = 5, .unitText = 6}, 2, speed), 0);
@@ -288,4 +286,4 @@ TEST(WorkedExamples, ReadersGiveWhatWasWritten) {
     EXPECT_EQ(types.enumerations, expected.types.enumerations);
 }
 
-}  // namespace tovarek
+}  // namespace tovarek::test

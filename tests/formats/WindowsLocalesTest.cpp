@@ -10,7 +10,7 @@
 #include "base/Text.h"
 #include "formats/language/LanguageFile.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 // By number; empty where the platform has no abbreviation. The enumeration takes no argument of ours.
@@ -42,4 +42,4 @@ TEST(WindowsLocales, HaveTheLanguagesOfThePlatform) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

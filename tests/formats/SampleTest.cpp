@@ -6,24 +6,22 @@
 #include "formats/records/ByteReader.h"
 #include "formats/type/TypeFileView.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 // Numbers of the records in the order of a sorted table. A record begins with its number of `size` bytes.
 std::vector<std::uint32_t> TableNumbers(const std::string& bytes, std::size_t table, std::size_t count) {
     std::vector<std::uint32_t> numbers;
     ByteReader entries(std::string_view(bytes).substr(table));
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i)
         numbers.push_back(ByteReader(std::string_view(bytes).substr(entries.U32())).U16());
-    }
     return numbers;
 }
 
 TEST(Samples, LanguageFilesReadAndRewrite) {
     const auto paths = Samples(".enu");
-    if (paths.empty()) {
+    if (paths.empty())
         GTEST_SKIP() << "no samples here";
-    }
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
         LanguageFile file;
@@ -40,9 +38,8 @@ TEST(Samples, LanguageFilesReadAndRewrite) {
 
 TEST(Samples, TypeFilesReadAndRewriteWithTheSameTables) {
     const auto paths = Samples(".typ");
-    if (paths.empty()) {
+    if (paths.empty())
         GTEST_SKIP() << "no samples here";
-    }
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
         const std::string original = ReadFile(path);
@@ -64,17 +61,15 @@ TEST(Samples, TypeFilesReadAndRewriteWithTheSameTables) {
             table += 4 * count;
             newTable += 4 * count;
         }
-        for (const auto& nv : file.nvTypes) {
+        for (const auto& nv : file.nvTypes)
             EXPECT_EQ(SizeOf(nv->type), nv->size) << nv->name;
-        }
     }
 }
 
 TEST(Samples, ProfileFilesReadAndRewrite) {
     const auto paths = Samples(".fpt");
-    if (paths.empty()) {
+    if (paths.empty())
         GTEST_SKIP() << "no samples here";
-    }
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
         ProfileFile file;
@@ -94,9 +89,8 @@ TEST(Samples, ProfileFilesReadAndRewrite) {
 
 TEST(Samples, FormatFilesReadAndRewrite) {
     const auto paths = Samples(".fmt");
-    if (paths.empty()) {
+    if (paths.empty())
         GTEST_SKIP() << "no samples here";
-    }
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
         FormatFile file;
@@ -114,9 +108,8 @@ TEST(Samples, FormatFilesReadAndRewrite) {
 
 TEST(Samples, AnyFileOfASetLeadsToTheOthers) {
     const auto paths = Samples(".typ");
-    if (paths.empty()) {
+    if (paths.empty())
         GTEST_SKIP() << "no samples here";
-    }
     for (const std::string& path : paths) {
         const ResourceSetFiles files = FindResourceSet(path);
         EXPECT_EQ(files.types, path);
@@ -128,4 +121,4 @@ TEST(Samples, AnyFileOfASetLeadsToTheOthers) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -7,7 +7,7 @@
 #include "formats/type/TypeFileView.h"
 #include "system/CodePage.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 std::int32_t ReadAs(std::size_t kind, std::string_view bytes) {
@@ -26,9 +26,8 @@ std::int32_t ReadAs(std::size_t kind, std::string_view bytes) {
 
 std::uint32_t Number(const std::string& bytes, std::size_t position) {
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i)
         value = value << 8U | static_cast<unsigned char>(bytes[position + i]);
-    }
     return value;
 }
 
@@ -47,9 +46,8 @@ void Repair(std::string& bytes) {
     const std::size_t headerEnd = Number(bytes, 0x314);
     const std::size_t data = Number(bytes, 0x31A);
     const std::size_t length = Number(bytes, 0x31E);
-    if (length > 2 && data < bytes.size() && length <= bytes.size() - data) {
+    if (length > 2 && data < bytes.size() && length <= bytes.size() - data)
         Put16(bytes, data, Crc16(std::string_view(bytes).substr(data + 2, length - 2)));
-    }
     if (headerEnd >= 0x31A && headerEnd <= bytes.size()) {
         Put16(bytes, 0x318,
               Crc16(std::string_view(bytes).substr(0x31A, headerEnd - 0x31A),
@@ -61,15 +59,12 @@ void Repair(std::string& bytes) {
 std::vector<std::pair<std::size_t, std::string>> AllFiles() {
     std::vector<std::pair<std::size_t, std::string>> files;
     const std::vector<std::string> own = ExampleBytes();
-    for (std::size_t kind = 0; kind < own.size(); ++kind) {
+    for (std::size_t kind = 0; kind < own.size(); ++kind)
         files.emplace_back(kind, own[kind]);
-    }
     const char* extensions[] = {".enu", ".typ", ".fpt"};
-    for (std::size_t kind = 0; kind < 3; ++kind) {
-        for (const std::string& path : Samples(extensions[kind])) {
+    for (std::size_t kind = 0; kind < 3; ++kind)
+        for (const std::string& path : Samples(extensions[kind]))
             files.emplace_back(kind, ReadFile(path));
-        }
-    }
     return files;
 }
 
@@ -89,9 +84,8 @@ TEST(Damage, EveryBitThatAChecksumCoversIsNoticed) {
         const std::size_t headerEnd = Number(own[kind], 0x314);
         const std::size_t data = kind == 2 ? own[kind].size() : Number(own[kind], 0x31A);
         for (std::size_t i = 0; i < own[kind].size() - 1; ++i) {
-            if (i >= headerEnd && i < data) {
+            if (i >= headerEnd && i < data)
                 continue;  // room for the tables, or the two bytes behind a file without records
-            }
             std::string bytes = own[kind];
             bytes[i] = static_cast<char>(bytes[i] ^ (1 << (i % 8)));
             ASSERT_NE(ReadAs(kind, bytes), 0) << kind << ' ' << i;
@@ -202,12 +196,10 @@ TEST(Damage, RandomChangesNeverCrashAReader) {
             const unsigned interesting[] = {0, 1, 0x7F, 0x80, 0xFF, static_cast<unsigned>(random())};
             bytes[position] = static_cast<char>(interesting[random() % 6]);
         }
-        if (random() % 8 == 0) {
+        if (random() % 8 == 0)
             bytes.resize(random() % bytes.size());
-        }
-        if (bytes.size() > 0x400) {
+        if (bytes.size() > 0x400)
             Repair(bytes);
-        }
         accepted += ReadAs(kind, bytes) == 0 ? 1 : 0;
         FormatFile formats;
         ReadFormatFile(std::string_view(bytes).substr(bytes.size() / 2), formats);
@@ -222,15 +214,13 @@ TEST(Damage, RandomTextNeverCrashesTheFormatReader) {
                                   "set ", "int", "\\",    "a.b[1]", "!=",  "\x1A"};
     for (int round = 0; round < 20000; ++round) {
         std::string text;
-        for (auto i = random() % 30; i > 0; --i) {
+        for (auto i = random() % 30; i > 0; --i)
             text += pieces[random() % std::size(pieces)];
-        }
         FormatFile file;
-        if (ReadFormatFile(text, file).Ok()) {
+        if (ReadFormatFile(text, file).Ok())
             WriteFormatFile(file);
-        }
     }
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -5,7 +5,7 @@
 #include "formats/records/Crc16.h"
 #include "formats/type/TypeDescriptionCodec.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 std::string Encoded(const TypeDescription& type) {
@@ -35,9 +35,8 @@ TypeDescription Bits(int offset, int width, bool isSigned = false) {
 TypeDescription Group(TypeKind kind, const std::vector<TypeDescription>& members) {
     TypeDescription type;
     type.kind = kind;
-    for (const TypeDescription& member : members) {
+    for (const TypeDescription& member : members)
         type.members.push_back({"m", {}, {}, {}, member});
-    }
     return type;
 }
 
@@ -86,9 +85,8 @@ TEST(Layout, WhatDoesNotFitTheFormatIsNotWritten) {
     EXPECT_FALSE(WriteDescription(Ranged(TypeKind::signedShort, -129, 0), record));
     EXPECT_FALSE(WriteDescription(Bits(0, 9), record));
     TypeDescription deep = NumberOfKind(TypeKind::signedShort);
-    for (int i = 0; i <= kDeepestNesting; ++i) {
+    for (int i = 0; i <= kDeepestNesting; ++i)
         deep = Group(TypeKind::structure, {deep});
-    }
     EXPECT_FALSE(WriteDescription(deep, record));
     deep = deep.members[0].type;
     ByteWriter deepest;
@@ -113,20 +111,17 @@ TEST(Layout, SizesFollowTheRulesOfTheFormat) {
 
 TEST(Layout, SortedTablesCompareBytesAndFileNamesWithoutCase) {
     TypeFile file;
-    for (const char* name : {"b", "_a", "a", "Z", "\xC3\xA9"}) {  // the last one is byte E9
+    for (const char* name : {"b", "_a", "a", "Z", "\xC3\xA9"})  // the last one is byte E9
         file.nvTypes.emplace_back(NvType{name, 1, {}, {}, {}, NumberOfKind(TypeKind::unsignedShort)});
-    }
-    for (const char* name : {"b.h", "C.h", "A.h", "a.h"}) {
+    for (const char* name : {"b.h", "C.h", "A.h", "a.h"})
         file.enumerations.emplace_back(Enumeration{"e", name, {}});
-    }
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
     const auto order = [&bytes](std::size_t table, std::size_t count) {
         std::string numbers;
         ByteReader entries(std::string_view(bytes).substr(table));
-        for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < count; ++i)
             numbers += std::to_string(ByteReader(std::string_view(bytes).substr(entries.U32())).U16());
-        }
         return numbers;
     };
     EXPECT_EQ(order(0x353 + 20, 5), "42315");
@@ -137,9 +132,8 @@ TEST(Layout, ManyEntriesPushTheDataSectionBack) {
     LanguageFile file;
     file.header.title = TitleText(ResourceKind::language, 1, 0);
     file.language = "enu";
-    for (int i = 0; i < 12; ++i) {
+    for (int i = 0; i < 12; ++i)
         file.strings.emplace_back(i == 5 ? std::optional<std::string>() : "text");
-    }
     std::string bytes;
     ASSERT_TRUE(WriteLanguageFile(file, bytes).Ok());
     EXPECT_EQ(bytes.substr(0x31A, 4), Bytes("00 00 03 65")) << "12 entries need 0x335 + 48";
@@ -155,4 +149,4 @@ TEST(Layout, ContactWithoutPhoneAndEmailIsOneLine) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

@@ -1,7 +1,7 @@
 // Format files: what the reader understands, and what the writer makes of it.
 #include "Fixtures.h"
 
-namespace tovarek {
+namespace tovarek::test {
 namespace {
 
 std::vector<DisplayFormat> Read(const std::string& text) {
@@ -119,4 +119,4 @@ TEST(FormatFiles, WriterShowsUnitsBehindTheirValues) {
 }
 
 }  // namespace
-}  // namespace tovarek
+}  // namespace tovarek::test

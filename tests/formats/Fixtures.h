@@ -1,4 +1,4 @@
-// What the tests of the control share: the sample sets, bytes written as hexadecimal.
+// What the tests of the formats and of the control share: the sample sets, bytes written as hexadecimal.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,30 +17,17 @@
 #include "formats/type/TypeFile.h"
 #include "system/Files.h"
 
-namespace tovarek {
-
-using test::Scratch;
+namespace tovarek::test {
 
 inline std::string Bytes(std::string_view hex) {
-    std::string bytes;
-    int digits = 0;
-    int value = 0;
-    for (const char c : hex) {
-        if (c == ' ' || c == '\n') {
-            continue;
-        }
-        value = value * 16 + (c <= '9' ? c - '0' : c - 'A' + 10);
-        if (++digits % 2 == 0) {
-            bytes.push_back(static_cast<char>(value));
-            value = 0;
-        }
-    }
-    return bytes;
+    std::string digits(hex);
+    std::erase_if(digits, [](char c) { return !IsHexDigit(c); });
+    return FromHex(digits).value();
 }
 
 // Paths of all sample files with this extension, in either letter case.
 inline std::vector<std::string> Samples(const std::string& extension) {
-    std::vector<std::string> paths = test::SampleFiles("resources");
+    std::vector<std::string> paths = SampleFiles("resources");
     std::erase_if(paths,
                   [&](const std::string& path) { return !UpperCase(path).ends_with(UpperCase(extension)); });
     return paths;
@@ -70,4 +57,4 @@ class ExampleControl {
     std::int32_t handle = 0;
 };
 
-}  // namespace tovarek
+}  // namespace tovarek::test
