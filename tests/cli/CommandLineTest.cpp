@@ -7,6 +7,7 @@
 
 #include "../component/Device.h"
 #include "cli/CommandLine.h"
+#include "cli/OpenCatalog.h"
 #include "cli/Report.h"
 #include "formats/type/TypeFile.h"
 
@@ -249,7 +250,7 @@ TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
         {{"--xmlTemplateNodeName", ""}, "xmlTemplateNodeName is not set"},
         {{"--typeFilesDirectory", scratch_.Path("no/deeper")}, "; create it or choose another one"},
         {{"--mustGenerateTypes", "false", "--xmlProfileFile", named}, "xmlProfileNodeName is not set"},
-        {{"--localeID", "99999"}, "  value: \"99999\"\n  why:"},
+        {{"--localeID", "99999"}, "  value: \"99999\"\n  why:   no language is known for locale 99999;"},
     };
     for (const auto& [options, hint] : rows) {
         Options all = {"--xmlTemplateFile",     named,
@@ -529,6 +530,12 @@ TEST_F(CommandLine, TypesAreNamedByWhatOneRemembers) {
         std::string::npos);
     EXPECT_NE(call("find", "temp_p").out.find("\tSNVT_temp_p\t"), std::string::npos);
     EXPECT_EQ(call("find", "no such unit").status, 1);
+    EXPECT_NE(call("find", "ppm").out.find("\tSCPTlimitCO2\t"), std::string::npos)
+        << "the unit of the type that it refers to";
+    EXPECT_NE(call("find", "F").out.find("\tSNVT_temp_p\t"), std::string::npos)
+        << "the unit of a display format";
+    EXPECT_NE(call("show", "SNVT_temp_q").error.find("did you mean 'SNVT_temp"), std::string::npos);
+    EXPECT_NE(NoShippedCatalog().find("name the folder of a catalog with --catalogDir"), std::string::npos);
     const auto json = nlohmann::json::parse(
         Call({"catalog", "find", "SNVT_press_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"}).out);
     EXPECT_EQ(json[0]["index"], 113);

@@ -47,13 +47,13 @@ class FailingFile : public FileSink {
         // Half of the piece still arrives, as on a disk that fills up.
         if (calls_++ == failAt_) {
             file_.Append(bytes.substr(0, bytes.size() / 2));
-            RaiseRuntimeError(RuntimeError::diskFull);
+            RaiseRuntimeError(RuntimeError::diskFull, {.reason = "make room"});
         }
         file_.Append(bytes);
     }
     void Close() override {
         if (calls_++ == failAt_)
-            RaiseRuntimeError(RuntimeError::deviceIoError);
+            RaiseRuntimeError(RuntimeError::deviceIoError, {.reason = "make room"});
         file_.Close();
     }
 
@@ -81,7 +81,9 @@ TEST(BadOutput, AWriteThatFailsAtAnyCallLeavesNoFileThatPasses) {
         if (!failed)
             continue;
         EXPECT_EQ(error->Number(), eQVXIFerr_GenericErrorEditFile) << failAt;
-        EXPECT_NE(error->Context().reason.find("runtime error"), std::string::npos) << failAt;
+        EXPECT_NE(error->Context().reason.find("cannot be written: make room; runtime error"),
+                  std::string::npos)
+            << failAt << error->Context().reason;
         // Only what was finished is reported, and only that passes a reader.
         LanguageFile language;
         ProfileFile profile;

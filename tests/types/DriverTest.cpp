@@ -318,6 +318,10 @@ TEST(Driver, FaultsOfTheControlNameTypeChildAndReason) {
         EXPECT_FALSE(error->Context().reason.empty()) << c.what;
         EXPECT_EQ(error->Context().field, c.field) << c.what;
         EXPECT_EQ(error->Context().value, c.value) << c.what;
+        if (c.error == eQVXIFerr_QVX_editResult_badmaxvalue) {
+            EXPECT_NE(error->Context().reason.find("256 is not 0 to 255"), std::string::npos)
+                << error->Context().reason;
+        }
         // The input is told, from the variable on, not the output.
         EXPECT_TRUE(error->Context().file.ends_with("format.xml")) << error->Context().file;
         EXPECT_EQ(error->Context().line, 2) << c.what;
@@ -385,6 +389,10 @@ TEST(Driver, OutputsThatCannotBeWritten) {
         ASSERT_TRUE(MakeDirectory(device.scratch.Path("out/" + std::string(c.file))));
         EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), c.error) << c.file;
         EXPECT_EQ(device.written.size(), c.written) << c.file;
+        const auto error = Raised([&] { device.Generate(); });
+        EXPECT_NE(error->Context().reason.find(c.error == 1101 ? "is a folder, and a file" : "name a file"),
+                  std::string::npos)
+            << error->Context().reason;
     }
 }
 
