@@ -34,21 +34,6 @@ void SetSource(CTemplate& target, Value CTemplate::*source, const Value& value) 
     target.*source = std::move(kept);
 }
 
-// Profile and template look for their elements alike; what fails says whose name is meant.
-template <class Operation>
-void NamingTheElement(const char* property, const std::string& name, const Operation& operation) {
-    try {
-        operation();
-    } catch (Error& error) {
-        if (error.Number() == eQVXIFerr_xmlnodenotfoundintemplatefile) {
-            error.AddContext({.field = property, .value = name});
-            if (name.empty())
-                error.AddReason(std::string(property) + " is not set: give it the name of the element");
-        }
-        throw;
-    }
-}
-
 }  // namespace
 
 Tovarek::Tovarek() : clock_(SystemClock()) {}
@@ -137,7 +122,7 @@ void Tovarek::ReadTemplate(Readings& readings) {
     FindingSink& findings = readings.Findings();
     template_.errorHandler = &errorHandler_;
     template_.catalog = &catalog_;
-    NamingTheElement("xmlTemplateNodeName", template_.xmlNodeName, [&] { template_.Load(findings); });
+    template_.Load(findings);
     if (findings.WantsWarnings())
         template_.TellReadings(readings);
     template_.VerifyData(findings);
@@ -155,7 +140,7 @@ void Tovarek::DoTypeFiles(Readings& readings, TrialOutput* trial) {
 void Tovarek::DoXif(Readings& readings, TrialOutput* trial) {
     FindingSink& findings = readings.Findings();
     profile_.errorHandler = &errorHandler_;
-    NamingTheElement("xmlProfileNodeName", profile_.xmlNodeName, [&] { profile_.Load(findings); });
+    profile_.Load(findings);
     if (findings.WantsWarnings())
         profile_.TellReadings(readings);
     profile_.VerifyData(findings);

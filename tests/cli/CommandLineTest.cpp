@@ -247,9 +247,10 @@ TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
         {{"--outputXIFfile", ""}, "set outputXIFfile, or mustGenerateXif to false"},
         {{"--typeFilesXMLFormat", ""}, "needs mustGenerateTypes false"},
         {{"--xmlTemplateFile", unnamed}, "the template does not name a user type file"},
-        {{"--xmlTemplateNodeName", ""}, "xmlTemplateNodeName is not set"},
+        {{"--xmlTemplateNodeName", ""}, "  field: xmlTemplateNodeName\n  value: \"\"\n"},
         {{"--typeFilesDirectory", scratch_.Path("no/deeper")}, "; create it or choose another one"},
-        {{"--mustGenerateTypes", "false", "--xmlProfileFile", named}, "xmlProfileNodeName is not set"},
+        {{"--mustGenerateTypes", "false", "--xmlProfileFile", named},
+         "  field: xmlProfileNodeName\n  value: \"\"\n"},
         {{"--localeID", "99999"}, "  value: \"99999\"\n  why:   no language is known for locale 99999;"},
     };
     for (const auto& [options, hint] : rows) {
