@@ -18,7 +18,7 @@
 #include "Fuzzing.h"
 
 // Provided by the address sanitizer where it is linked.
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier)
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
