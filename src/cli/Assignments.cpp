@@ -234,7 +234,10 @@ std::vector<SetProperty> AssignJob(Tovarek& component, const std::string& path, 
         const int line = LineOfKey(bytes, name);
         try {
             const Property& property = PropertyOf(name);
-            TellingErrors(findings, [&] { property.set(component, ValueOfJson(path, property, value)); });
+            // Clang 14 lets no lambda take a part of a structured binding by its name alone.
+            TellingErrors(findings, [&, &given = value] {
+                property.set(component, ValueOfJson(path, property, given));
+            });
         } catch (const WrongUse& fault) {
             throw WrongUse("job file '" + path + "'" + (line > 0 ? ", line " + std::to_string(line) : "") +
                            ": " + fault.what());
