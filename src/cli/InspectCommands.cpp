@@ -58,17 +58,11 @@ void WriteValue(const InspectNode::Value& value, std::ostream& out) {
 
 InspectNode DifferencesNode(const std::vector<Difference>& differences) {
     InspectNode list = InspectNode::List("differences");
-    const auto valueNode = [](const char* name, const InspectNode::Value& value) {
-        InspectNode node;
-        node.name = name;
-        node.value = value;
-        return node;
-    };
     for (const Difference& difference : differences) {
         InspectNode item = InspectNode::Object("");
         item.Text("path", difference.path);
-        item.Add(valueNode("old", difference.before));
-        item.Add(valueNode("new", difference.after));
+        item.Put("old", difference.before);
+        item.Put("new", difference.after);
         list.Add(std::move(item));
     }
     return list;

@@ -7,27 +7,24 @@
 #include "base/Numbers.h"
 
 namespace tovarek {
-namespace {
-
-InspectNode ValueNode(std::string_view name, InspectNode::Value value) {
-    InspectNode node;
-    node.name = name;
-    node.value = std::move(value);
-    return node;
-}
-
-}  // namespace
 
 InspectNode& InspectNode::Add(InspectNode child) {
     return children.emplace_back(std::move(child));
 }
 
+InspectNode& InspectNode::Put(std::string_view child, Value content) {
+    InspectNode& node = children.emplace_back();
+    node.name = child;
+    node.value = std::move(content);
+    return node;
+}
+
 InspectNode& InspectNode::Text(std::string_view child, std::string text) {
-    return Add(ValueNode(child, std::move(text)));
+    return Put(child, std::move(text));
 }
 
 InspectNode& InspectNode::Number(std::string_view child, std::int64_t number) {
-    return Add(ValueNode(child, number));
+    return Put(child, number);
 }
 
 InspectNode& InspectNode::Real(std::string_view child, double number) {
@@ -35,7 +32,7 @@ InspectNode& InspectNode::Real(std::string_view child, double number) {
         return Text(child, "not a number");
     if (std::isinf(number))
         return Text(child, number < 0 ? "-infinite" : "infinite");
-    return Add(ValueNode(child, number));
+    return Put(child, number);
 }
 
 InspectNode& InspectNode::Single(std::string_view child, float number) {
@@ -43,7 +40,7 @@ InspectNode& InspectNode::Single(std::string_view child, float number) {
 }
 
 InspectNode& InspectNode::Flag(std::string_view child, bool flag) {
-    return Add(ValueNode(child, flag));
+    return Put(child, flag);
 }
 
 const InspectNode* InspectNode::Find(std::string_view child) const {

@@ -38,6 +38,7 @@ struct InspectNode {
 
     // Append a child. The answer is valid until the next child is appended.
     InspectNode& Add(InspectNode child);
+    InspectNode& Put(std::string_view child, Value content);
     InspectNode& Text(std::string_view child, std::string text);
     InspectNode& Number(std::string_view child, std::int64_t number);
     // A number that JSON cannot hold (infinite, or none at all) becomes a text.
