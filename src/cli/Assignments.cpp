@@ -148,7 +148,8 @@ std::string JsonFault(const std::string& bytes, const Json::exception& error) {
     for (const std::string_view end : {"] ", " - "})
         if (const std::size_t found = text.find(end); found != std::string::npos)
             text.erase(0, found + end.size());
-    return " is not valid JSON" + place + ": " + text;
+    return " is not valid JSON" + place + ": " + text +
+           "; names and texts stand in quotation marks, true, false and numbers do not";
 }
 
 std::string ReadJobFile(const std::string& path) {

@@ -10,6 +10,7 @@
 #include "base/Path.h"
 #include "base/Text.h"
 #include "support/TextWriter.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -56,6 +57,9 @@ std::string InputsReason(const TypeStep& step, std::int32_t error, const ErrorCo
                kWithoutTypes;
     if (step.userTypeFilePath.empty())
         return "userTypeFilePath is empty, which stands for the root folder; \".\" is the current one";
+    if (!FileExists(context.file))
+        return "the template names this file (userTypeFile in [general], USERCPFILE), and userTypeFilePath "
+               "its folder";
     return {};
 }
 

@@ -51,7 +51,11 @@ ErrorContext MissingElement(const XmlNode& start, const std::string& file, const
         return false;
     });
     context.reason = "no element has this name; letter case and prefix count";
-    const std::string nearest = Nearest(name, {names.begin(), names.end()});
+    std::string nearest = Nearest(name, {names.begin(), names.end()});
+    // A part of a name is no near one.
+    for (const std::string& whole : names)
+        if (nearest.empty() && UpperCase(whole).find(UpperCase(name)) != std::string::npos)
+            nearest = whole;
     if (nearest.empty())
         return context;
     context.line =

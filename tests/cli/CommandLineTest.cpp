@@ -245,6 +245,7 @@ TEST_F(CommandLine, SlipsAroundTheTypesLeadToTheirMend) {
         {{"--typeFilesDirectory", "", "--typeFilesBaseName", "tovarek-no-such-folder/b"},
          "typeFilesDirectory is empty, which stands for the root folder"},
         {{"--outputXIFfile", ""}, "set outputXIFfile, or mustGenerateXif to false"},
+        {{"--userTypeFilePath", scratch_.Path("elsewhere")}, "; the template names this file ("},
         {{"--typeFilesXMLFormat", ""}, "needs mustGenerateTypes false"},
         {{"--xmlTemplateFile", unnamed}, "the template does not name a user type file"},
         {{"--xmlTemplateNodeName", ""}, "  field: xmlTemplateNodeName\n  value: \"\"\n"},
@@ -330,6 +331,9 @@ TEST_F(CommandLine, FaultsOfAJobNameItsLine) {
         {"{\n\"localeID\": \"1033\"}",
          "', line 2: '\"1033\"' cannot be the value of localeID; give a whole number "
          "from -2147483648 to 2147483647 without quotation marks"},
+        {"{\n\"mustGenerateXif\": yes}", "' is not valid JSON at line 2, column 20: "},
+        {"{\n\"mustGenerateXif\": yes}",
+         "; names and texts stand in quotation marks, true, false and numbers do not\n"},
         {"{\"mustGenerateXif\": \"true\"}",
          "', line 1: '\"true\"' cannot be the value of mustGenerateXif; give true or "
          "false without quotation marks"},

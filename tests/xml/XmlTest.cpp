@@ -311,6 +311,7 @@ TEST(Xml, AnElementThatIsNotFoundIsToldWithWhatStandsNear) {
         const char* reason;
     } rows[] = {
         {path, "DEVICE", 1088, 4, "did you mean <n:device> in line 4?"},
+        {path, "dev", 1088, 4, "did you mean <n:device> in line 4?"},
         {path, "profile", 1088, 0, "no element has this name; letter case and prefix count"},
         {path, "", 1088, 0, "this is empty"},
         {scratch.Path("b.xml"), "a", 1087, 0, "did you mean 'a.xml'?"},
