@@ -82,6 +82,8 @@ constexpr Verb kVerbs[] = {
      "  --profile FILE                  writes a profile, .ini or .xml\n"
      "  --template FILE                 writes a template, .ini or .xml\n"
      "  --job FILE                      writes a job that generates with them\n"
+     "  --fit 4.0                       replaces values of later versions that XIF 4.0 does not know\n"
+     "  --set FIELD=VALUE               for it: a value of the profile, such as typeNeuron=0\n"
      "  --strict                        exit status 1 when something is not held\n"
      "  --catalogDir DIR                folder of another catalog than the shipped one\n"
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
@@ -239,6 +241,10 @@ struct Commands {
         convert->add_option("--profile", convertOptions.profile);
         convert->add_option("--template", convertOptions.deviceTemplate);
         convert->add_option("--job", convertOptions.job);
+        convert->add_option("--fit", convertOptions.fit);
+        convert->add_option("--set", convertOptions.sets)
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
         convert->add_flag("--strict", convertOptions.isStrict);
         programId->add_option("ID", programIdWords.whole);
         programId->add_flag("--certified", programIdWords.certified);

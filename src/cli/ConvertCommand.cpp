@@ -1,15 +1,18 @@
 #include "cli/ConvertCommand.h"
 
 #include <algorithm>
+#include <charconv>
 #include <optional>
 #include <ostream>
 
+#include "base/Nearest.h"
 #include "base/Path.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
 #include "cli/Json.h"
 #include "cli/Locations.h"
 #include "cli/OutputGuard.h"
+#include "convert/Fit.h"
 #include "convert/FromInput.h"
 #include "convert/FromXif.h"
 #include "convert/InputText.h"
@@ -134,6 +137,56 @@ std::string JobText(const ConvertOptions& options, bool addsNames) {
     return JsonText(job) + "\n";
 }
 
+FieldValue FieldValueOf(const std::string& pair) {
+    const std::size_t equals = std::min(pair.find('='), pair.size());
+    const ProfileField* field = FieldNamed(pair.substr(0, equals));
+    if (field == nullptr) {
+        std::vector<std::string> names;
+        names.reserve(kProfileFields.size());
+        for (const ProfileField& each : kProfileFields)
+            names.emplace_back(each.iniKey);
+        throw WrongUse("--set '" + Excerpt(pair) +
+                       "' names no field of a profile; give FIELD=VALUE, such as typeNeuron=0" +
+                       DidYouMean(pair.substr(0, equals), names));
+    }
+    FieldValue given{field, 0};
+    const char* const begin = pair.data() + std::min(equals + 1, pair.size());
+    const char* const end = pair.data() + pair.size();
+    if (const auto parsed = std::from_chars(begin, end, given.value);
+        parsed.ec != std::errc() || parsed.ptr != end)
+        throw WrongUse("--set '" + Excerpt(pair) + "' gives no number; give " + std::string(field->iniKey) +
+                       "=NUMBER");
+    return given;
+}
+
+// Makes the profile pass; a profile that nobody has told enough of is wrong use. Answers what was replaced.
+std::vector<Replacement> Fit(const ConvertOptions& options, ProfileValues& profile) {
+    if (options.fit.empty() && options.sets.empty())
+        return {};
+    if (options.fit != "4.0")
+        throw WrongUse(options.fit.empty()
+                           ? "--set belongs to --fit 4.0"
+                           : "--fit '" + Excerpt(options.fit) + "' is not possible; give --fit 4.0");
+    std::vector<FieldValue> given;
+    for (const std::string& pair : options.sets)
+        given.push_back(FieldValueOf(pair));
+    Fitting fitting = FitProfile(profile, given);
+    std::string missing;
+    for (const Unfit& unfit : fitting.unfit)
+        missing += (missing.empty() ? "" : "; ") + std::string(unfit.field->iniKey) + " is " +
+                   std::to_string(unfit.value) + ", accepted: " + std::string(unfit.accepted);
+    if (!missing.empty())
+        throw WrongUse("XIF 4.0 has no such values, and nothing says which stand for them: " + missing +
+                       ". Give --set FIELD=VALUE for each");
+    return std::move(fitting.replaced);
+}
+
+std::string ReplacementText(const Replacement& replaced) {
+    return "line " + std::to_string(replaced.field->line) + ", " + std::string(replaced.field->iniKey) +
+           ": " + std::to_string(replaced.now) + " instead of " + std::to_string(replaced.old) + ": " +
+           replaced.why;
+}
+
 Json LossJson(const Loss& loss) {
     return {{"record", loss.record},
             {"field", loss.field},
@@ -149,17 +202,28 @@ std::string LossText(const Loss& loss) {
     return text + ": " + loss.reason;
 }
 
-int Report(const std::vector<std::string>& written, const std::vector<Loss>& losses, bool isStrict,
-           OutputFormat format, Streams streams) {
+struct Result {
+    const std::vector<std::string>& written;
+    const std::vector<std::string>& replaced;
+    const std::vector<Loss>& losses;
+};
+
+int Report(const Result& result, bool isStrict, OutputFormat format, Streams streams) {
+    const std::vector<Loss>& losses = result.losses;
     if (format == OutputFormat::json) {
         Json list = Json::array();
         for (const Loss& loss : losses)
             list.push_back(LossJson(loss));
-        streams.out << JsonText({{"written", WrittenJson(written)}, {"losses", std::move(list)}}) << '\n';
+        streams.out << JsonText({{"written", WrittenJson(result.written)},
+                                 {"replaced", result.replaced},
+                                 {"losses", std::move(list)}})
+                    << '\n';
     } else {
+        for (const std::string& replaced : result.replaced)
+            streams.error << "tovarek: replaced: " << replaced << '\n';
         for (const Loss& loss : losses)
             streams.error << "tovarek: " << LossText(loss) << '\n';
-        WriteWritten(written, streams.out);
+        WriteWritten(result.written, streams.out);
     }
     const bool counts =
         std::any_of(losses.begin(), losses.end(), [](const Loss& loss) { return loss.counts; });
@@ -174,13 +238,18 @@ int Convert(const ConvertOptions& options, OutputFormat format, Streams streams)
                                        : std::optional(FormOf("--template", options.deviceTemplate));
     Guard(options);
     const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
-    const DeviceInterface found = ReadAll(options, *catalog->types.Catalog());
+    DeviceInterface found = ReadAll(options, *catalog->types.Catalog());
     RequirePart(options.profile, found.hasProfile, "--profile", "--template");
     RequirePart(options.deviceTemplate, found.hasTemplate, "--template", "--profile");
+    if (!options.fit.empty() && options.profile.empty())
+        throw WrongUse("--fit needs --profile FILE, which it is about");
+    std::vector<std::string> replaced;
+    for (const Replacement& each : Fit(options, found.profile))
+        replaced.push_back(ReplacementText(each));
     std::vector<Loss> losses = found.losses;
     std::vector<std::string> written;
     if (profileForm) {
-        WriteWhole(options.profile, ProfileText(found.profile, *profileForm));
+        WriteWhole(options.profile, ProfileText(found.profile, *profileForm, replaced));
         written.push_back(options.profile);
         TellProfileLosses(found.profile, options.profile, *profileForm, losses);
     }
@@ -194,7 +263,7 @@ int Convert(const ConvertOptions& options, OutputFormat format, Streams streams)
         WriteWhole(options.job, JobText(options, found.addsNames && templateForm == InputForm::xml));
         written.push_back(options.job);
     }
-    return Report(written, losses, options.isStrict, format, streams);
+    return Report({written, replaced, losses}, options.isStrict, format, streams);
 }
 
 }  // namespace

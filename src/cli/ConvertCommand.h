@@ -16,7 +16,9 @@ struct ConvertOptions {
     std::string profile;
     std::string deviceTemplate;
     std::string job;
-    bool isStrict = false;  // a loss is a failure
+    std::string fit;                // "4.0": the profile is made into one that passes
+    std::vector<std::string> sets;  // FIELD=VALUE for it
+    bool isStrict = false;          // a loss is a failure
     CatalogPlace place;
 };
 

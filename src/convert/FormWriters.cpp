@@ -84,10 +84,14 @@ std::string XmlName(std::string_view name) {
     return result.empty() ? "_" : result;
 }
 
+void IniWriter::Comment(std::string_view text) {
+    text_.append("; ").append(OneLine(text)).append(kLineEnd);
+}
+
 void IniWriter::Section(std::string_view name, std::string_view comment) {
     text_ += text_.empty() ? "" : kLineEnd;
     if (!comment.empty())
-        text_.append("; ").append(OneLine(comment)).append(kLineEnd);
+        Comment(comment);
     text_.append("[").append(name).append("]").append(kLineEnd);
 }
 

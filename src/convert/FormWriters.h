@@ -9,6 +9,7 @@ namespace tovarek {
 
 class IniWriter {
   public:
+    void Comment(std::string_view text);
     // The comment stands in front of it; empty: none.
     void Section(std::string_view name, std::string_view comment = {});
     // Quotes stand around what would lose its own.

@@ -184,9 +184,14 @@ std::string TemplateText(const CTemplate& device, InputForm form, const Resource
     return form == InputForm::ini ? TemplateIni(device, names) : TemplateXml(device, names);
 }
 
-std::string ProfileText(const ProfileValues& profile, InputForm form) {
+std::string ProfileText(const ProfileValues& profile, InputForm form,
+                        const std::vector<std::string>& comments) {
     IniWriter ini;
     XmlWriter xml;
+    for (const std::string& comment : comments) {
+        ini.Comment(comment);
+        xml.Comment(comment);
+    }
     xml.Open(kProfileElement);
     for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line) {
         const std::string number = std::to_string(line);

@@ -16,7 +16,9 @@ enum class InputForm { ini, xml };
 inline constexpr std::string_view kProfileElement = "DEVICEPROFILE";
 inline constexpr std::string_view kTemplateElement = "DEVICE";
 
-std::string ProfileText(const ProfileValues& profile, InputForm form);
+// The comments stand in front, line by line.
+std::string ProfileText(const ProfileValues& profile, InputForm form,
+                        const std::vector<std::string>& comments = {});
 
 // `names` tells comments what types and values are; it holds a catalog. What the form cannot hold is written
 // as near as possible.

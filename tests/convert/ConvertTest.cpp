@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "cli/CommandLine.h"
 #include "formats/xif/XifProperties.h"
+#include "profile/ProfileFields.h"
 
 namespace tovarek::test {
 namespace {
@@ -204,6 +205,54 @@ TEST_F(Convert, WhatAnXifHasBeyondItsInputsIsListed) {
     }
 }
 
+TEST_F(Convert, ProfilesOfLaterVersionsAreFittedOrAskedFor) {
+    std::string later = kProfileIni;
+    const auto change = [&](const std::string& old, const std::string& changed) {
+        ASSERT_NE(later.find(old), std::string::npos) << old;
+        later.replace(later.find(old), old.size(), changed);
+    };
+    change("applicationtype=0", "applicationtype=7");
+    change("numberAliases=15", "numberAliases=9000");
+    change("typeNeuron=0", "typeNeuron=32");
+    change("protocolClockRate=5", "protocolClockRate=0");
+    change("rawDataClockRate=5", "rawDataClockRate=0");
+    const std::string input = scratch_.File("later.ini", later);
+    const std::string out = scratch_.Path("fitted.ini");
+    std::vector<std::string> arguments = {"convert", input, "--profile", out, "--fit", "4.0"};
+    const Answer refused = Call(arguments);
+    EXPECT_EQ(refused.status, 2);
+    for (const char* missing :
+         {"typeNeuron is 32, accepted: 0 and 8 to 14", "protocolClockRate is 0, accepted: 1 to 7"})
+        EXPECT_NE(refused.error.find(missing), std::string::npos) << refused.error;
+    EXPECT_FALSE(FileExists(out));
+    arguments.insert(arguments.end(), {"--set", "typeneuron=0", "--set", "protocolClockRate=5"});
+    const Answer run = Call(arguments);
+    EXPECT_EQ(run.status, 0) << run.error;
+    const std::string fitted = ReadFile(out);
+    EXPECT_TRUE(fitted.starts_with("\xEF\xBB\xBF; line 7, typeNeuron: 0 instead of 32: given by --set\r\n"))
+        << fitted;
+    for (const char* line : {"applicationtype: 2 instead of 7: ", "numberAliases: 4096 instead of 9000: ",
+                             "rawDataClockRate: 5 instead of 0: "})
+        EXPECT_NE(fitted.find(line), std::string::npos) << line;
+    EXPECT_EQ(Generate(out, scratch_.File("template.ini", kTemplateIni), "node.xif").status, 0);
+
+    // Raw data that are given are not made up.
+    change("dataOverrideTiming=0", "dataOverrideTiming=1");
+    scratch_.File("later.ini", later);
+    EXPECT_NE(Call(arguments).error.find("rawDataClockRate is 0"), std::string::npos);
+    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--fit", "3.1"},
+                                                  {"--set", "typeNeuron=0"},
+                                                  {"--fit", "4.0", "--set", "typeNeuron"},
+                                                  {"--fit", "4.0", "--set", "typeNeuron=x"},
+                                                  {"--fit", "4.0", "--set", "typeNeuro=0"},
+                                                  {"--fit", "4.0", "--set", "typeNeuron=99", "--set",
+                                                   "protocolClockRate=5", "--set", "rawDataClockRate=5"}}) {
+        std::vector<std::string> use = {"convert", input, "--profile", scratch_.Path("no.ini")};
+        use.insert(use.end(), wrong.begin(), wrong.end());
+        EXPECT_EQ(Call(use).status, 2) << wrong.back();
+    }
+}
+
 TEST_F(Convert, WrongUseTellsWhatIsPossible) {
     const std::string profile = scratch_.File("profile.ini", kProfileIni);
     const std::string device = scratch_.File("template.ini", kTemplateIni);
@@ -269,48 +318,59 @@ std::string Essence(const XifFile& file) {
 }
 
 TEST_F(Convert, FilesOfOtherToolsGenerateTheSameInterface) {
-    const std::string profile = scratch_.File("profile.ini", kProfileIni);
     int compared = 0;
-    int ownProfiles = 0;
+    int fitted = 0;
     for (const std::string& path : SampleFiles("xif")) {
         XifFile given;
         if (!ReadXifFile(ReadFile(path), given).Ok())
             continue;
         SCOPED_TRACE(path);
-        const bool isOld = given.version < "4.401";
+        std::vector<std::string> more = {"--format", "json"};
+        if (given.version > "4.400") {
+            const Answer refused = Converted(path, "ini", {"--fit", "4.0"});
+            EXPECT_EQ(refused.status, refused.out.empty() ? 2 : 0);
+            more.insert(more.end(), {"--fit", "4.0"});
+            for (const char* value :
+                 {"typeNeuron=0", "applicationtype=0", "protocolClockRate=5", "rawDataClockRate=5"})
+                if (refused.error.find(std::string(value).substr(0, 8)) != std::string::npos &&
+                    refused.status == 2)
+                    more.insert(more.end(), {"--set", value});
+            ++fitted;
+        }
         for (const char* form : {"ini", "xml"}) {
-            const Answer run = Converted(path, form, {"--format", "json"});
-            ASSERT_EQ(run.status, 0) << run.error;
-            for (const auto& loss : nlohmann::json::parse(run.out)["losses"]) {
+            const Answer run = Converted(path, form, more);
+            ASSERT_EQ(run.status, 0) << run.out;
+            const auto json = nlohmann::json::parse(run.out);
+            const std::string replaced = json["replaced"].dump();
+            for (const auto& loss : json["losses"]) {
                 const auto reason = loss["reason"].get<std::string>();
                 const bool isExpected = !loss["counts"].get<bool>() ||
                                         reason.find("XIF 4.0 has no such numbers") != std::string::npos ||
                                         loss["field"] == "transceiverType";
                 EXPECT_TRUE(isExpected) << loss.dump();
             }
-            // The chips of later versions are none that this version knows.
-            std::vector<std::string> arguments = {"generate", "--job", scratch_.Path("j.json"),
-                                                  "--outputXIFfile", scratch_.Path("again.xif")};
-            if (!isOld)
-                arguments.insert(arguments.end(), {"--iniProfileFile", profile});
-            const Answer again = Call(arguments);
+            const Answer again = Call({"generate", "--job", scratch_.Path("j.json"), "--outputXIFfile",
+                                       scratch_.Path("again.xif")});
             ASSERT_EQ(again.status, 0) << again.error;
             XifFile made;
             ASSERT_TRUE(ReadXifFile(ReadFile(scratch_.Path("again.xif")), made).Ok());
             EXPECT_EQ(Essence(made), Essence(given));
-            for (std::size_t line = 0; isOld && line < 5; ++line)
-                for (std::size_t i = 0; i < std::min(made.parameters[line].numbers.size(),
-                                                     given.parameters[line].numbers.size());
-                     ++i)
-                    EXPECT_EQ(made.parameters[line].numbers[i], given.parameters[line].numbers[i])
-                        << line + 6 << '/' << i + 1;
+            // Whatever was not replaced is as it was; lines 6 to 10 are told by their fields.
+            for (const ProfileField& field : kProfileFields) {
+                const auto number = [&](const XifFile& file) {
+                    return file.parameters.at(static_cast<std::size_t>(field.line) - 6)
+                        .numbers.at(static_cast<std::size_t>(field.token) - 1);
+                };
+                const bool isReplaced = replaced.find("line " + std::to_string(field.line) + ", " +
+                                                      std::string(field.iniKey) + ": ") != std::string::npos;
+                EXPECT_EQ(number(made) != number(given), isReplaced) << field.iniKey << replaced;
+            }
             ++compared;
-            ownProfiles += isOld ? 1 : 0;
         }
     }
     if (compared == 0)
         GTEST_SKIP() << "no samples";
-    EXPECT_GT(ownProfiles, 20);
+    EXPECT_GT(fitted, 20);
 }
 
 }  // namespace
