@@ -34,6 +34,13 @@ std::int32_t NumberBehind(std::string_view name, std::string_view prefix) {
     return isPlain && number.isWhole && !number.wraps ? number.value : 0;
 }
 
+// A bit for names of this length and first letter; most names that are not in a section have another one.
+std::uint64_t NameBit(std::string_view name) {
+    const bool isPlain = !name.empty() && static_cast<unsigned char>(name[0]) < 0x80;
+    const auto letter = static_cast<unsigned char>(isPlain ? AsciiUpper(name[0]) : '\0');
+    return std::uint64_t{1} << ((letter * 5U + name.size()) % 64U);
+}
+
 // Most names differ in length or in their first letter; that is seen without a call.
 bool IsNamed(std::string_view name, std::string_view wanted) {
     if (name.size() != wanted.size())
@@ -61,6 +68,8 @@ void IniReading::Scan() {
 // The line of the first key with the name of `entry` in its section, 0 when it is the first itself. Few keys
 // are compared one by one, many are looked up in `keys`.
 int IniReading::FirstLine(const Section& section, const Line& entry, FirstLines& keys) {
+    if ((section.names & NameBit(entry.key)) == 0 && keys.empty())
+        return 0;
     constexpr std::size_t kFew = 32;
     if (section.lines.size() < kFew) {
         for (const Line& line : section.lines)
@@ -97,6 +106,7 @@ void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
     if (SplitIniKey(line, entry.key, entry.value)) {
         entry.value = IniValue(entry.value);
         entry.firstLine = FirstLine(section, entry, keys);
+        section.names |= NameBit(entry.key);
     } else {
         entry.kind = Kind::other;
         entry.key = line;
@@ -142,6 +152,8 @@ IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key
     Section& asked = all_[lastPlace_];
     asked.isAsked = true;
     asked_.emplace_back(lastPlace_, key);
+    if ((asked.names & NameBit(key)) == 0)
+        return nullptr;
     for (Line& line : asked.lines) {
         if (line.kind != Kind::key || !IsNamed(line.key, key))
             continue;
@@ -282,17 +294,20 @@ void IniReading::TellUnread(FindingSink& findings) {
         row.causeLine = LineOfCount(row);
         TellMissingCount(row, findings);
     }
-    std::stable_sort(asked_.begin(), asked_.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    bool isSorted = false;
     for (std::size_t place = 0; place < all_.size(); ++place) {
         const Section& section = all_[place];
         if (section.firstLine > 0)
             continue;
         if (section.line > 0 && !section.isAsked)
             TellUnreadSection(section, findings);
-        else if (!std::all_of(section.lines.begin(), section.lines.end(),
-                              [](const Line& line) { return line.isAsked; }))
+        else if (std::any_of(section.lines.begin(), section.lines.end(),
+                             [](const Line& line) { return !line.isAsked; })) {
+            if (!std::exchange(isSorted, true))
+                std::stable_sort(asked_.begin(), asked_.end(),
+                                 [](const auto& a, const auto& b) { return a.first < b.first; });
             TellUnreadLines(section, MissingKeys(place), findings);
+        }
     }
 }
 

@@ -67,6 +67,7 @@ class IniReading {
         int line = 0;
         int firstLine = 0;  // of the section with its name that counts; 0: it is that one
         bool isAsked = false;
+        std::uint64_t names = 0;  // a bit for each kind of name among the keys
         std::vector<Line> lines;
     };
     struct NumberedSections {
