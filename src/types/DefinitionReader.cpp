@@ -112,6 +112,11 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
             context.value = Excerpt(tools_.nodeTextValue(origin));
         }
         context.reason = MissingReason(number);
+        // Where the file itself is at fault nobody asks for the wrong number.
+        if (!file_.first.IsElement()) {
+            context.file = file_.path;
+            context.line = file_.first.Line();
+        }
         file_.errorHandler.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
     }
     if (levels_.size() > kDeepestMember)

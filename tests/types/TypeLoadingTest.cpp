@@ -349,10 +349,15 @@ TEST(TypeLoading, FilesThatCannotBeLoaded) {
 
     // The first node of the document is the root, whatever it is.
     device.AddNv(300);
+    device.deviceTemplate.iniFile = device.scratch.File("t.ini", "[nv1]\ntype=300\n");
     for (const char* first : {"<?xml version='1.0'?>", "<!-- comment -->"}) {
         device.WriteFiles("");
         device.scratch.File("format.xml", first + std::string("<f>") + kByte + "</f>");
-        EXPECT_EQ(RaisedNumber([&] { device.Load(); }), 1090) << first;
+        const auto error = Raised([&] { device.Load(); });
+        ASSERT_TRUE(error) << first;
+        EXPECT_EQ(error->Number(), eQVXIFerr_typenotfoundinformatfile) << first;
+        EXPECT_EQ(error->Context().file, device.scratch.Path("format.xml"))
+            << "not the template, which is right";
     }
     for (const char* type :
          {"<UNVT_1><NAME>a</NAME></UNVT_1>", "<UNVT_1><NAME/><SNVTTYPE>300</SNVTTYPE></UNVT_1>"}) {
