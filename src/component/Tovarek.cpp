@@ -126,6 +126,8 @@ void Tovarek::ReadTemplate(Readings& readings) {
     if (findings.WantsWarnings())
         template_.TellReadings(readings);
     template_.VerifyData(findings);
+    if (addNameInCpString_ && mustGenerateXif_ && findings.WantsWarnings())
+        template_.TellJoinedNames(findings);
     if (addNameInCpString_)
         template_.AddNameInCp();
 }

@@ -1,6 +1,7 @@
 #include "profile/CProfile.h"
 
 #include <algorithm>
+#include <set>
 
 #include "base/Text.h"
 #include "profile/ProfileFields.h"
@@ -92,13 +93,32 @@ void CProfile::VerifyData() const {
 }
 
 void CProfile::VerifyData(FindingSink& findings) const {
+    std::set<int> missingLines;
     for (const ProfileRule& rule : ProfileRules()) {
         if (rule.accepts(*this))
             continue;
         const ProfileField& field = FieldOf(FaultyField(rule, *this));
+        const InputPlace place = PlaceOf(field);
+        if (place.missing == InputPart::group && !missingLines.insert(field.line).second)
+            continue;  // everything else of the line is missing for the same reason
         findings.Take({rule.error,
                        ContextOfFault(field, std::to_string(this->*field.value), {.values = rule.accepted})});
+        if (place.missing == InputPart::file || (place.missing == InputPart::group && HasNoLine()))
+            return;
     }
+}
+
+bool CProfile::HasNoLine() const {
+    return std::none_of(kProfileFields.begin(), kProfileFields.end(), [&](const ProfileField& field) {
+        return field.token == 1 && PlaceOf(field).missing != InputPart::group;
+    });
+}
+
+bool CProfile::IsRefused(const ProfileField& field) const {
+    for (const ProfileRule& rule : ProfileRules())
+        if (FieldOf(FaultyField(rule, *this)).value == field.value && !rule.accepts(*this))
+            return true;
+    return false;
 }
 
 }  // namespace tovarek

@@ -16,6 +16,7 @@ namespace tovarek {
 struct ProfileField;
 class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
+class XmlReading;  // support/XmlReading.h
 
 // Holds one load at a time. The values are whole numbers without a unit, encoded as the XIF format encodes
 // them; Load stores what it reads, VerifyData tells whether a device can have it.
@@ -51,12 +52,20 @@ class CProfile : public ProfileValues {
     void LoadFromXif(FindingSink& findings);
     void LoadFromXmlNode(const XmlNode& profile, FindingSink& findings);
     void TellIniReadings(IniReading& ini, FindingSink& findings) const;
+    void TellXifReadings(FindingSink& findings) const;
+    void TellXifLine(std::string_view line, int number, FindingSink& findings) const;
+    void TellXmlReadings(XmlReading& reading, FindingSink& findings) const;
+    void TellMissingElements(const std::array<XmlNode, 5>& lines, FindingSink& findings) const;
+    // Whether a check refuses the value.
+    bool IsRefused(const ProfileField& field) const;
     // The number that `text` begins with, as the value of the field.
     void Store(const ProfileField& field, std::string_view text, FindingSink& findings);
     // The context of a value that was refused; `read` is what it was taken for.
     ErrorContext ContextOfFault(const ProfileField& field, std::string_view read,
                                 const Expected& expected) const;
     InputPlace PlaceOf(const ProfileField& field) const;
+    // Whether the source has none of the lines, so that it is hardly a profile.
+    bool HasNoLine() const;
     InputPlace XmlPlaceOf(const ProfileField& field) const;
 
     // Where the values of the last load come from, for error messages.

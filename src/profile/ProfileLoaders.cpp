@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "profile/CProfile.h"
+#include "profile/ProfileElements.h"
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
 #include "support/cIni.h"
@@ -44,26 +45,6 @@ std::string FirstFields(std::string_view line, int count) {
     for (int i = 0; i < count && end < line.size(); ++i)
         end = std::min(line.find(' ', end), line.size() - 1) + 1;
     return std::string(line.substr(0, end)) + (end < line.size() ? "." : "");
-}
-
-// The line context that an element outside of every line opens: 6 to 10, or 0.
-int LineOfElement(std::string_view upperName) {
-    constexpr std::string_view kPrefix = "XIF_LINE";
-    if (!upperName.starts_with(kPrefix))
-        return 0;
-    for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line)
-        if (upperName.substr(kPrefix.size()) == std::to_string(line))
-            return line;
-    return 0;
-}
-
-const ProfileField* FieldOfElement(int line, const std::string& upperName) {
-    const auto* found =
-        std::find_if(kProfileFields.begin(), kProfileFields.end(), [&](const ProfileField& field) {
-            return field.line == line && field.name.size() == upperName.size() &&
-                   UpperCase(field.name) == upperName;
-        });
-    return found == kProfileFields.end() ? nullptr : found;
 }
 
 }  // namespace
@@ -163,32 +144,12 @@ void CProfile::LoadFromXif(FindingSink& findings) {
 
 void CProfile::LoadFromXmlNode(const XmlNode& profile, FindingSink& findings) {
     loadedXml_ = profile;
-    struct Visit {
-        XmlNode node;
-        int line;
-    };
-    // Document order with a stack of our own: what an element's children are is decided by the element
-    // itself.
-    std::vector<Visit> pending{{profile.FirstChild(), 0}};
-    while (!pending.empty()) {
-        const Visit visit = pending.back();
-        pending.pop_back();
-        if (!visit.node)
-            continue;
-        pending.push_back({visit.node.NextSibling(), visit.line});
-        if (!visit.node.IsElement())
-            continue;
-        const std::string name = UpperCase(visit.node.Name());
-        int line = visit.line;
-        if (line == 0) {
-            line = LineOfElement(name);
-        } else if (const ProfileField* field = FieldOfElement(line, name)) {
-            const auto index = static_cast<std::size_t>(field - kProfileFields.data());
-            elements_[index] = visit.node;
-            Store(*field, CTools().nodeTextValue(visit.node), findings);
-        }
-        pending.push_back({visit.node.FirstChild(), line});
-    }
+    ForEachProfileElement(profile, [&](const XmlNode& element, int /*line*/, const ProfileField* field) {
+        if (field == nullptr)
+            return;
+        elements_[static_cast<std::size_t>(field - kProfileFields.data())] = element;
+        Store(*field, CTools().nodeTextValue(element), findings);
+    });
 }
 
 }  // namespace tovarek

@@ -132,7 +132,10 @@ std::vector<XmlNode> ElementsBelow(const XmlNode& parent) {
 
 InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& elements, std::string_view name,
                         const IsKnownName& isKnown) {
-    InputPlace place{.file = parent.File(), .line = parent.Line()};
+    InputPlace place{.file = parent.File(),
+                     .line = parent.Line(),
+                     .column = parent.Place().column,
+                     .width = parent.Place().width};
     std::vector<std::string> names;
     bool isFound = false;
     for (const XmlNode& element : elements) {
@@ -141,6 +144,8 @@ InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& eleme
             continue;
         isFound = true;
         place.line = element.Line();
+        place.column = element.Place().column;
+        place.width = element.Place().width;
         place.typed = CTools().nodeTextValue(element);
     }
     if (isFound)

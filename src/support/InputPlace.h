@@ -18,7 +18,9 @@ enum class InputPart { none, value, group, file };
 
 struct InputPlace {
     std::string file;
-    int line = 0;        // of the value; for one that is missing, of what stands nearest
+    int line = 0;    // of the value; for one that is missing, of what stands nearest
+    int column = 0;  // of the start tag of an XML element and how wide it is, see XmlPlace
+    int width = 0;
     std::string typed;   // the value as the file has it
     bool isCut = false;  // only its first 999 characters are read
     // What is missing: the value alone, the section or element that it would stand in, or the whole file.

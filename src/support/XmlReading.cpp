@@ -52,6 +52,11 @@ std::string UnreadTextReason(const XmlNode& element, const UnreadText& unread, b
     return reason + " is not read: only the first text of an element is";
 }
 
+// Whether the element says something where nobody reads it; that is told as such.
+bool HasValueElsewhere(const XmlNode& element) {
+    return FirstUnreadText(element, true).text || !element.WrittenAttributes().empty();
+}
+
 bool IsForParsers(std::string_view attribute) {
     return attribute == "xmlns" || attribute.starts_with("xmlns:") || attribute.starts_with("xml:") ||
            attribute.starts_with("xsi:");
@@ -228,8 +233,7 @@ void XmlRecord::Integer(const XmlNode& element, std::string_view field, const Ex
         return;
     const auto read = static_cast<std::int32_t>(rounded);
     const std::string_view typed = Trim(text);
-    // That a text is not read is told as such.
-    if (typed.empty() && FirstUnreadText(element, true).text)
+    if (typed.empty() && HasValueElsewhere(element))
         return;
     Tell(Warning::notANumber, element, field,
          NotANumber(typed, field, std::to_string(read), explain ? explain(typed, read) : std::string()));
@@ -239,7 +243,7 @@ void XmlRecord::Number(const XmlNode& element, std::string_view field) {
     Keep(element, field);
     const std::string text = CTools().nodeTextValue(element);
     const std::string_view typed = Trim(text);
-    if (kDecimalNumbers.isNumber(text) || (typed.empty() && FirstUnreadText(element, true).text))
+    if (kDecimalNumbers.isNumber(text) || (typed.empty() && HasValueElsewhere(element)))
         return;
     Tell(Warning::notANumber, element, field,
          NotANumber(typed, field, DoubleToText(kDecimalNumbers.read(text)), {}));

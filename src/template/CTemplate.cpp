@@ -41,11 +41,6 @@ void CTemplate::ResetTemplate() {
     cps.clear();
 }
 
-void CTemplate::AddNameInCp() {
-    for (CCp& cp : cps)
-        cp.AddNameInString();
-}
-
 std::string CTemplate::displayPID() const {
     std::string display;
     std::string_view rest = programID;

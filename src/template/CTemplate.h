@@ -81,6 +81,9 @@ class CTemplate {
 
     // Adds the names of the configuration properties to their declarations.
     void AddNameInCp();
+    // Tells whether names in declarations leave properties that nobody can read; called before they are
+    // added.
+    void TellJoinedNames(FindingSink& findings) const;
 
     // The program ID in groups of two characters joined by ":", e.g. "90:00:01:0A:0B:04:01:00". Characters 1
     // to 16 of whatever programID holds; a shorter one leaves groups empty.
@@ -101,11 +104,15 @@ class CTemplate {
     void LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings);
     void TellIniReadings(IniReading& ini, FindingSink& findings) const;
     void TellXmlReadings(XmlReading& reading, FindingSink& findings) const;
+    void TellTexts(FindingSink& findings) const;
 
     void VerifyTemplate(FindingSink& findings);
     // `isCatalogMissed`: that no catalog is open was told.
     void VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, FindingSink& findings);
     void VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings);
+    template <class Record>
+    void TellOverruled(const Record& record, std::size_t position, std::int32_t Record::*member,
+                       std::int32_t counting, std::string_view source, FindingSink& findings) const;
     // The characters of each value of the property; nothing where its declaration tells none.
     std::optional<std::int32_t> VerifyDeclaration(CCp& cp, std::size_t position, FindingSink& findings) const;
     void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings);

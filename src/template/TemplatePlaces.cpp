@@ -23,6 +23,14 @@ bool IsKnownSection(std::string_view name) {
            IsNumbered(name, RecordNames<CCp>::iniPrefix);
 }
 
+InputPlace PlaceOfElement(const XmlNode& element, const std::string& typed) {
+    return {.file = element.File(),
+            .line = element.Line(),
+            .column = element.Place().column,
+            .width = element.Place().width,
+            .typed = typed};
+}
+
 IsKnownName OneOf(const std::vector<std::string_view>& names) {
     return [&names](std::string_view name) {
         return std::any_of(names.begin(), names.end(),
@@ -52,7 +60,7 @@ InputPlace TemplatePlaces::PlaceOf(const TemplateField& field, const std::string
         return {.typed = value};
     // Records are counted, not declared.
     if (field.xmlName.empty())
-        return {.file = node.File(), .line = node.Line(), .typed = value};
+        return PlaceOfElement(node, value);
     names.assign(std::begin(kTemplateLists), std::end(kTemplateLists));
     for (const TemplateField& other : TemplateFields())
         names.push_back(other.xmlName);
@@ -82,8 +90,21 @@ InputPlace TemplatePlaces::XmlRecordPlace(const XmlNode& record, std::string_vie
                                           const std::vector<std::string_view>& names,
                                           const std::string& value) {
     if (!record || name.empty())
-        return {.file = record.File(), .line = record.Line(), .typed = value};
+        return PlaceOfElement(record, value);
     return FindXmlPlace(record, ElementsBelow(record), name, OneOf(names));
+}
+
+Finding TemplatePlaces::WarningAt(Warning warning, const InputPlace& place, std::string record,
+                                  std::string_view field, const std::string& reason) {
+    return {.context = {.record = std::move(record),
+                        .field = std::string(field),
+                        .value = Excerpt(place.typed),
+                        .file = place.file,
+                        .line = place.line,
+                        .reason = reason},
+            .warning = warning,
+            .column = place.column,
+            .width = place.width};
 }
 
 }  // namespace tovarek

@@ -39,6 +39,26 @@ class TemplatePlaces {
                          ReadAs(source_.*member), expected);
     }
 
+    // A warning about a field of the record at `position`, from 0, or of the template itself.
+    template <class Record, class Value>
+    Finding Warn(Warning warning, const Record& record, std::size_t position, Value Record::*member,
+                 const std::string& reason) const {
+        const RecordField<Record>& field = FieldOf(RecordNames<Record>::Fields(), member);
+        return WarningAt(warning, PlaceOf<Record>(position, field, Text(record.*member)),
+                         RecordTitle(record, position), NameOf(field), reason);
+    }
+    Finding Warn(Warning warning, std::string CTemplate::*member, const std::string& reason) const {
+        const TemplateField& field = FieldOf(TemplateFields(), member);
+        return WarningAt(warning, PlaceOf(field, source_.*member), "template", NameOf(field), reason);
+    }
+
+    // Whether the file has the field.
+    template <class Record, class Value>
+    bool Has(std::size_t position, Value Record::*member) const {
+        const RecordField<Record>& field = FieldOf(RecordNames<Record>::Fields(), member);
+        return !NameOf(field).empty() && PlaceOf<Record>(position, field, {}).missing == InputPart::none;
+    }
+
     // Whether the file does not have the record at all, or is not there itself.
     template <class Record>
     bool IsAbsent(std::size_t position) const {
@@ -100,6 +120,9 @@ class TemplatePlaces {
                               const std::vector<std::string_view>& keys, const InputPlace& count) const;
     static InputPlace XmlRecordPlace(const XmlNode& record, std::string_view name,
                                      const std::vector<std::string_view>& names, const std::string& value);
+
+    static Finding WarningAt(Warning warning, const InputPlace& place, std::string record,
+                             std::string_view field, const std::string& reason);
 
     const CTemplate& source_;
     bool fromIni_;

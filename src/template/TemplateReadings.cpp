@@ -41,6 +41,7 @@ void CTemplate::TellReadings(Readings& readings) const {
         TellIniReadings(readings.Ini(iniFile), readings.Findings());
     else if (loadedNode_)
         TellXmlReadings(readings.Xml(loadedNode_), readings.Findings());
+    TellTexts(readings.Findings());
 }
 
 void CTemplate::TellIniReadings(IniReading& ini, FindingSink& findings) const {

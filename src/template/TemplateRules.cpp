@@ -209,7 +209,9 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
             isCatalogMissed = true;
             return;
         }
-        nv.length = catalog->types.SelectedTypeSize();
+        const std::int32_t given = std::exchange(nv.length, catalog->types.SelectedTypeSize());
+        if (findings.WantsWarnings() && given != nv.length)
+            TellOverruled(nv, position, &CNv::length, nv.length, "standard type", findings);
     }
     if (nv.length >= 1 && nv.length <= kLongestNv)
         return;
@@ -226,6 +228,22 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
                   NumberOfType(*catalog, typed))});
     else
         fail(eQVXIFerr_nvlength, &CNv::length, Range(1, kLongestNv, " bytes"));
+}
+
+// A value that is not the one that counts, when it is a number at all; one that is none was told.
+template <class Record>
+void CTemplate::TellOverruled(const Record& record, std::size_t position, std::int32_t Record::*member,
+                              std::int32_t counting, std::string_view source, FindingSink& findings) const {
+    const TemplatePlaces places(*this);
+    if (!places.Has(position, member) || !IsNumber(places.Typed(position, member)))
+        return;
+    const bool isIni = !iniFile.empty();
+    Finding finding =
+        places.Warn(isIni ? Warning::ignoredKey : Warning::ignoredElement, record, position, member, {});
+    finding.part = LinePart::name;
+    finding.context.reason = finding.context.field + " is not read: its " + std::string(source) + " says " +
+                             std::to_string(counting) + ", this says " + finding.context.value;
+    findings.Take(std::move(finding));
 }
 
 void CTemplate::VerifyTag(const CTag& tag, std::size_t position, FindingSink& findings) {
@@ -254,6 +272,8 @@ std::optional<std::int32_t> CTemplate::VerifyDeclaration(CCp& cp, std::size_t po
     if (!cp.declaration.ends_with(';'))
         cp.declaration += ';';
 
+    const std::int32_t givenLength = cp.length;
+    const std::int32_t givenArray = cp.arraySize;
     std::optional<std::int32_t> characters;
     try {
         cp.AnalyseCP();
@@ -271,6 +291,13 @@ std::optional<std::int32_t> CTemplate::VerifyDeclaration(CCp& cp, std::size_t po
              "more");
     if (cp.arraySize < 0)
         fail(eQVXIFerr_cparraysize, "its sixth field, the array size, may not be negative");
+    if (!findings.WantsWarnings() || cp.length < 1 || cp.arraySize < 0)
+        return characters;
+    if (givenLength != cp.length)
+        TellOverruled(cp, position, &CCp::length, cp.length, "declaration", findings);
+    // One element is no array, however it is written.
+    if (std::max(givenArray, 1) != std::max(cp.arraySize, 1))
+        TellOverruled(cp, position, &CCp::arraySize, cp.arraySize, "declaration", findings);
     return characters;
 }
 

@@ -1,6 +1,9 @@
 // Mistakes that a person makes in the XML form of the example's template, each with exactly its findings.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "Slips.h"
 
 namespace tovarek::test {
@@ -37,6 +40,78 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
         Xml("<NVS>", "<VERSION>1.0</VERSION><NVS>", "11:3 ignored-element"),
         Xml("<MAXIMUMNUMBEROFNVS>20</MAXIMUMNUMBEROFNVS>", "<MAXIMUMNUMBEROFNVS>x20</MAXIMUMNUMBEROFNVS>",
             "8:3 not-a-number; 8:3 maximumNumberOfNvs"),
+    };
+    for (const Slip& slip : slips)
+        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+}
+
+Slip Ini(const char* right, const char* wrong, const char* findings) {
+    return {"template.ini", right, wrong, findings};
+}
+
+TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
+    const Slip slips[] = {
+        Ini("name=nviRequest", "name=nvi Request", "28:6 blank-in-name"),
+        Ini("name=fanCoilTag", "name=fan\tCoilTag", "142:6 blank-in-name"),
+        Ini("name=nviRequest", "name=nvi\xCE\xA9Request", "28:9 lost-character"),
+        Ini("name=nviRequest", "name=nvi\xC3\xA4?Request", ""),
+        Xml("<SISD>@1|4</SISD>", "<SISD>@1|4;\xE2\x84\xA6</SISD>", "47:7 lost-character"),
+        Xml("<SISD>@1|4</SISD>", "<SISD>@1|4\n</SISD>", "47:7 line-break"),
+        Xml("<FILETYPEIIVERSION>1.0<", "<FILETYPEIIVERSION>\n1.0<", "9:3 line-break"),
+        Xml("<SISD>1,1,0\\x80,52,2;</SISD>", "<SISD>1,1,0\\x80,52,2;\n</SISD>", "131:7 line-break"),
+        {"template.xml", "", "", "131:7 joined-names", Form::xml, {"--addNameInCpString", "true"}},
+    };
+    for (const Slip& slip : slips)
+        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+}
+
+// In place of the declaration of the second property, in line 159.
+TEST(Check, OddDeclarationsAreFoundAndThoseOfMakersAreNot) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"0,,0\\x80,52,2;", ""},
+        {"0,,0\\x80,52,2,1;", ""},
+        {"1,1,0,52,2;", ""},
+        {"1,1.3,0\\xA4,52,2;", ""},
+        {"2,1~4,0\\x80,52,2,1,0:100;", ""},
+        {"2,1~4,0\\x80,52,2,,0:100;", ""},
+        {"1,1,0\xE2\x82\xAC,52,2;", ""},
+        {"1,1,0\\x80,52,2", "odd-declaration"},
+        {"1,1,0\\x80,52,2;cp", "odd-declaration"},
+        {"1,1,0\\x80,52,2;;", "odd-declaration"},
+        {"1,1,0\\x80,52,2,1,3;", "odd-declaration"},
+        {"1,1,0\\x80,52,2,1,0:1,3;", "odd-declaration"},
+        {"1,1,00,52,2;", "odd-declaration"},
+        {"1,1,0\\x8,52,2;", "odd-declaration"},
+        {"1,1,x\\x80,52,2;", "odd-declaration"},
+        {"1,1, 0\\x80,52,2;", "odd-declaration"},
+        {"1,1,,52,2;", "odd-declaration"},
+        {"o,1,0\\x80,52,2;", "odd-declaration"},
+        {"1,nv1,0\\x80,52,2;", "odd-declaration"},
+        {"1,1,0\\x80,SCPT52,2;", "odd-declaration"},
+        {"1,1,0\\x80,52,2 bytes;", "odd-declaration"},
+        {"1,1,0\\x80,52,2,none;", "odd-declaration"},
+        {"1,1,0\\x80,52,none;", "cplength"},
+        {"1,1,0\\x80,52;", "cplength"},
+    };
+    for (const auto& [declaration, name] : rows) {
+        const std::string line = "declaration=" + std::string(declaration);
+        const std::string findings = *name == '\0' ? "" : "159:13 " + std::string(name);
+        const Slip slip = Ini("declaration=1,1,0\\x80,52,2;", line.c_str(), findings.c_str());
+        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), findings) << declaration;
+    }
+}
+
+TEST(Check, AValueThatAnotherOverrulesIsFoundWhereTheyDiffer) {
+    const Slip slips[] = {
+        Ini("name=nviRequest", "name=nviRequest\nlength=3", ""),
+        Ini("name=nviRequest", "name=nviRequest\nlength=4", "29:1 ignored-key"),
+        Ini("[cp2]", "[cp2]\narraySize=1", ""),
+        Ini("[cp2]", "[cp2]\narraySize=2", "159:1 ignored-key"),
+        Ini("[cp3]", "[cp3]\narraySize=3", ""),
+        Xml("<nviRequest>", "<nviRequest><LENGTH>3</LENGTH>", ""),
+        Xml("<nviRequest>", "<nviRequest><LENGTH>31</LENGTH>", "13:17 ignored-element"),
+        Xml("<cpMinSendTime>", "<cpMinSendTime><LENGTH>2</LENGTH>", ""),
+        Xml("<cpMinSendTime>", "<cpMinSendTime><LENGTH>4</LENGTH>", "130:20 ignored-element"),
     };
     for (const Slip& slip : slips)
         EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "profile/CProfile.h"
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
+#include "support/Readings.h"
 
 namespace tovarek::test {
 namespace {
@@ -253,6 +255,41 @@ TEST(Profile, EveryFaultIsFoundInTheOrderOfTheChecks) {
     EXPECT_EQ(all.findings[0].context.field, "domains");
     EXPECT_EQ(all.findings[1].context.field, "addresses");
     EXPECT_EQ(all.findings[2].context.field, "rawData4");
+}
+
+// A missing line is one fault or one warning, not one for each of its values.
+TEST(Profile, AMissingLineIsOneFinding) {
+    const Scratch scratch;
+    const auto found = [&](const std::string& file, const std::string& text) {
+        CollectingSink all;
+        Readings readings(all);
+        CProfile profile = ProfileOf(scratch, file.c_str(), text);
+        profile.Load();
+        profile.TellReadings(readings);
+        profile.VerifyData(all);
+        std::string told;
+        for (const Finding& finding : all.findings)
+            told += finding.warning == Warning::missingValue
+                        ? finding.context.reason + "\n"
+                        : std::to_string(TestNumber(finding.error)) + "\n";
+        return told;
+    };
+    std::string ini;
+    for (const ProfileField& field : kProfileFields)
+        if (field.line != 7) {
+            if (field.token == 1)
+                ini += "[line" + std::to_string(field.line) + "]\n";
+            ini += std::string(field.iniKey) + "=1\n";
+        }
+    EXPECT_EQ(found("p.ini", ini), "1012\n");
+    EXPECT_EQ(found("p.ini", "<DEVICEPROFILE/>"), "1001\n");
+    const std::string told = found("p.xml",
+                                   "<P><XIF_LINE6><DOMAINS>1</DOMAINS><ADDRESSES>1</ADDRESSES></XIF_LINE6>"
+                                   "<XIF_LINE10><RAWDATACLOCKRATE>1</RAWDATACLOCKRATE></XIF_LINE10></P>");
+    EXPECT_NE(told.find("<P> has no <XIF_LINE8>, so all values of line 8 are written as 0\n"),
+              std::string::npos)
+        << told;
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 18 + 14 + 2 + 1) << told;
 }
 
 TEST(Profile, XifTokensGoToTheirPlaces) {

@@ -1,0 +1,132 @@
+// Texts of a template that the interface file cannot hold as they are.
+#include <algorithm>
+#include <string>
+
+#include "base/Text.h"
+#include "system/CodePage.h"
+#include "template/CTemplate.h"
+#include "template/Declaration.h"
+#include "template/TemplatePlaces.h"
+
+namespace tovarek {
+namespace {
+
+// The texts that are written into the interface file.
+constexpr std::string CTemplate::*kOwnTexts[] = {&CTemplate::selfDocumentation, &CTemplate::versionCP};
+constexpr std::string CNv::*kNvTexts[] = {&CNv::name, &CNv::selfdoc};
+constexpr std::string CTag::*kTagTexts[] = {&CTag::name};
+constexpr std::string CCp::*kCpTexts[] = {&CCp::declaration};
+
+// The first character that the output's code page lacks; empty when there is none.
+std::string_view LostCharacter(std::string_view text) {
+    if (IsAscii(text))
+        return {};
+    for (std::size_t position = 0; position < text.size();) {
+        const std::size_t start = position;
+        NextCharacter(text, position);
+        const std::string_view character = text.substr(start, position - start);
+        if (character != "?" && ToCodePage(character) == "?")
+            return character;
+    }
+    return {};
+}
+
+// `warn` makes the finding from a warning and its reason.
+template <class Warn>
+void TellText(const std::string& text, const Warn& warn, FindingSink& findings) {
+    if (text.find_first_of("\r\n") != std::string::npos)
+        findings.Take(warn(Warning::lineBreak,
+                           "the text has a line break, but stands on one line of the interface file: other "
+                           "programs refuse the file; write it without"));
+    const std::string_view lost = LostCharacter(text);
+    if (lost.empty())
+        return;
+    Finding finding =
+        warn(Warning::lostCharacter, "\"" + std::string(lost) +
+                                         "\" has no place in the code page of the interface file and is "
+                                         "written as \"?\"");
+    finding.context.value = lost;
+    findings.Take(std::move(finding));
+}
+
+template <class Record, std::size_t N>
+void TellRecordTexts(const CTemplate& source, const std::vector<Record>& records,
+                     std::string Record::*const (&members)[N], FindingSink& findings) {
+    for (std::size_t i = 0; i < records.size(); ++i)
+        for (std::string Record::*const member : members)
+            TellText(
+                records[i].*member,
+                [&](Warning warning, std::string reason) {
+                    return TemplatePlaces(source).Warn(warning, records[i], i, member, std::move(reason));
+                },
+                findings);
+}
+
+template <class Record>
+void TellBlanksInNames(const CTemplate& source, const std::vector<Record>& records, FindingSink& findings) {
+    for (std::size_t i = 0; i < records.size(); ++i)
+        if (records[i].name.find_first_of(" \t") != std::string::npos)
+            findings.Take(TemplatePlaces(source).Warn(
+                Warning::blankInName, records[i], i, &Record::name,
+                "\"" + Excerpt(records[i].name) +
+                    "\" has white space in it; other programs refuse the file or read the name up to there"));
+}
+
+// Whether a declaration is taken at all; what is refused is told as that.
+bool IsTaken(CCp cp) {
+    try {
+        cp.AnalyseCP();
+        return cp.length > 0 && cp.arraySize >= 0;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+void CTemplate::TellTexts(FindingSink& findings) const {
+    const TemplatePlaces places(*this);
+    for (std::string CTemplate::*const member : kOwnTexts)
+        TellText(
+            this->*member,
+            [&](Warning warning, std::string reason) {
+                return places.Warn(warning, member, std::move(reason));
+            },
+            findings);
+    TellRecordTexts(*this, nvs, kNvTexts, findings);
+    TellRecordTexts(*this, tags, kTagTexts, findings);
+    TellRecordTexts(*this, cps, kCpTexts, findings);
+    TellBlanksInNames(*this, nvs, findings);
+    TellBlanksInNames(*this, tags, findings);
+    for (std::size_t i = 0; i < cps.size(); ++i) {
+        const std::string& declaration = cps[i].declaration;
+        // A line break in it was told.
+        if (declaration.find_first_of("\r\n") != std::string::npos || !IsTaken(cps[i]))
+            continue;
+        if (std::string oddity = OddityOfDeclaration(declaration); !oddity.empty())
+            findings.Take(places.Warn(Warning::oddDeclaration, cps[i], i, &CCp::declaration,
+                                      "the declaration is not what it seems: " + oddity));
+    }
+}
+
+void CTemplate::AddNameInCp() {
+    for (CCp& cp : cps)
+        cp.AddNameInString();
+}
+
+void CTemplate::TellJoinedNames(FindingSink& findings) const {
+    for (std::size_t i = 0; i + 1 < cps.size(); ++i) {
+        CCp named = cps[i];
+        named.AddNameInString();
+        if (named.name.empty() || named.declaration == cps[i].declaration)
+            continue;
+        findings.Take(TemplatePlaces(*this).Warn(
+            Warning::joinedNames, cps[i + 1], i + 1, &CCp::declaration,
+            "addNameInCpString puts the name \"" + Excerpt(named.name) +
+                "\" in front of this declaration, so other programs can read neither this property nor those "
+                "behind it: leave addNameInCpString out"));
+        return;
+    }
+}
+
+}  // namespace tovarek
