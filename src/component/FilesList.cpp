@@ -1,5 +1,6 @@
 #include "component/FilesList.h"
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -132,6 +133,42 @@ std::string ListPath(const TypeFilesSettings& settings) {
     return WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
 }
 
+void TellRootFolders(const TypeStep& step, FindingSink& findings) {
+    const struct {
+        const char* property;
+        bool isRoot;
+    } rows[] = {
+        {"typeFilesDirectory", step.settings.typeFilesDirectory.empty()},
+        {"userTypeFilePath", step.userTypeFilePath.empty() && !step.deviceTemplate.userTypeFile.empty()}};
+    for (const auto& row : rows)
+        if (row.isRoot)
+            findings.Take({.context = {.field = row.property,
+                                       .reason = std::string(row.property) +
+                                                 " is empty, which stands for the root folder; \".\" is the "
+                                                 "current one"},
+                           .warning = Warning::rootFolder});
+}
+
+// Files that an earlier run wrote for a scope that has no types any more.
+void TellStaleFiles(const TypeFilesSettings& settings, const std::vector<CResFile>& files,
+                    FindingSink& findings) {
+    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
+        const bool isWritten = std::any_of(files.begin(), files.end(),
+                                           [&](const CResFile& file) { return file.scope == scope; });
+        for (const ResourceFileKind kind : kResourceFileKinds) {
+            const std::string path =
+                WithFinalBackslash(settings.typeFilesDirectory) + ResourceFileName(settings, scope, kind);
+            if (!isWritten && FileExists(path))
+                findings.Take(
+                    {.context = {.file = path,
+                                 .reason = "this file of an earlier run stays in the folder, although "
+                                           "no type of scope " +
+                                           std::to_string(scope) + " is left: delete it"},
+                     .warning = Warning::staleOutput});
+        }
+    }
+}
+
 void WriteTypeFiles(const CTypes& types, const TypeStep& step, const TypeFilesRun& run) {
     std::vector<CResFile> files;
     TypeFilesSettings settings = step.settings;
@@ -148,6 +185,8 @@ void WriteTypeFiles(const CTypes& types, const TypeStep& step, const TypeFilesRu
                               run);
     }
 
+    if (run.findings.WantsWarnings())
+        TellStaleFiles(settings, files, run.findings);
     const std::string path = ListPath(settings);
     const std::unique_ptr<FileSink> list = OpenOutput(path, run.trial);
     WriteFilesListText(*list, files);
@@ -192,11 +231,14 @@ void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFil
     types.errorHandler = &step.errorHandler;
     types.catalog = &step.catalog;
     OnceSink once(run.findings);
+    if (step.readings != nullptr)
+        TellRootFolders(step, once);
     const auto inputsReason = [&](std::int32_t error, const ErrorContext& context) {
         return InputsReason(step, error, context);
     };
     WithReason(once, inputsReason, [&](FindingSink& findings) {
-        types.LoadTypes(step.formatFile, UserTypeFile(step.deviceTemplate, step.userTypeFilePath), findings);
+        types.LoadTypes(step.formatFile, UserTypeFile(step.deviceTemplate, step.userTypeFilePath), findings,
+                        step.readings);
     });
     const auto folderReason = [&](std::int32_t /*error*/, const ErrorContext& /*context*/) {
         return std::string(

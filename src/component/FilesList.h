@@ -16,6 +16,8 @@
 
 namespace tovarek {
 
+class Readings;  // support/Readings.h
+
 // Paths of all files that this step writes when there are types of every scope.
 std::vector<std::string> PossibleTypeFiles(const TypeFilesSettings& settings);
 
@@ -30,6 +32,7 @@ struct TypeStep {
     const TypeFilesSettings& settings;
     const std::string& formatFile;        // defines the types
     const std::string& userTypeFilePath;  // the folder of the template's user type file
+    Readings* readings = nullptr;         // hears warnings; null for nobody
 };
 
 // Paths of finished files are appended to the written files, files.lst last. Tells the errors of

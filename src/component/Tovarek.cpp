@@ -134,9 +134,10 @@ void Tovarek::ReadTemplate(Readings& readings) {
 
 void Tovarek::DoTypeFiles(Readings& readings, TrialOutput* trial) {
     std::vector<std::string> tried;
-    GenerateTypeFilesAndList(
-        types_, {template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_, userTypeFilePath_},
-        {readings.Findings(), trial != nullptr ? tried : writtenFiles_, trial});
+    GenerateTypeFilesAndList(types_,
+                             {template_, catalog_, errorHandler_, typeFiles_, typeFilesXMLFormat_,
+                              userTypeFilePath_, readings.Findings().WantsWarnings() ? &readings : nullptr},
+                             {readings.Findings(), trial != nullptr ? tried : writtenFiles_, trial});
 }
 
 void Tovarek::DoXif(Readings& readings, TrialOutput* trial) {

@@ -41,23 +41,29 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
 }
 
 void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile,
-                       FindingSink& findings) {
+                       FindingSink& findings, Readings* readings) {
     catalog->types.ClearTypeSelection();
     unvtTypes = {};
     ucptTypes = {};
     nextIndex_.fill(1);
     zeros_ = 0;
+    isEmptyTold_ = false;
     std::unique_ptr<FormatDefinitions> definitions;
     TellingErrors(findings, [&] {
         definitions = std::make_unique<FormatDefinitions>(xmlFileFormat, prefixTypes, *errorHandler);
+        if (readings != nullptr)
+            definitions->Listen(*readings, catalog->types.Catalog());
     });
     AddTemplateTypes(definitions.get(), findings);
     TellingErrors(findings, [&] {
         ReadUserTypeFile(userTypeFile, deviceTemplate->programID, *errorHandler, findings,
                          [&](const TypeRequest& request, FindingSink& ofType) {
                              AddType(definitions.get(), request, ofType);
-                         });
+                         },
+                         {readings, catalog->types.Catalog(), prefixTypes});
     });
+    if (definitions)
+        definitions->TellUnused();
 }
 
 void CTypes::AddTemplateTypes(FormatDefinitions* definitions, FindingSink& findings) {
@@ -112,12 +118,15 @@ void CTypes::AddType(FormatDefinitions* definitions, const TypeRequest& request,
     const TypeDefinition* definition = nullptr;
     // Only a network-variable type of the template may choose its scope.
     TellingErrors(findings, [&] {
-        if (definitions != nullptr && !request.isRefused)
+        // That the file holds no types at all is told with the first one.
+        if (definitions != nullptr && !request.isRefused && !isEmptyTold_)
             definition = &definitions->Get(request.formatNumber, request.isUnvt && !request.fromUserTypeFile,
                                            findings);
     });
-    if (definition == nullptr)
+    if (definition == nullptr) {
+        isEmptyTold_ = isEmptyTold_ || (definitions != nullptr && !definitions->HasRoot());
         return AddRefused(request);
+    }
     auto type = std::make_unique<CType>();
     definition->Instantiate(*type, request.isUnvt, request.scope);
     type->name = request.name;

@@ -17,6 +17,7 @@
 namespace tovarek {
 
 class FormatDefinitions;  // types/FormatDefinitions.h
+class Readings;           // support/Readings.h
 
 // After LoadTypes every type is numbered, measured in bytes and checked, and has all its raw values.
 class CTypes {
@@ -42,8 +43,10 @@ class CTypes {
     // 6 for a size beyond 32 bits, 7 for absent raw values beyond measure, 9 for a scope outside 0 to 6.
     void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile);
     // The same, with all of that told to `findings`. A type with a fault is refused and keeps its number, so
-    // that those behind it are judged as they will be.
-    void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile, FindingSink& findings);
+    // that those behind it are judged as they will be. `readings` hears what is read otherwise than it was
+    // written; null for nobody.
+    void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile, FindingSink& findings,
+                   Readings* readings = nullptr);
 
   private:
     // `definitions`: null for a file that cannot be loaded.
@@ -57,6 +60,7 @@ class CTypes {
     const CType* FindType(bool isUnvt, std::int32_t indexInScope, std::int32_t scope);
 
     std::array<std::int32_t, 7> nextIndex_{};  // of network-variable types, by scope
+    bool isEmptyTold_ = false;                 // of a format file that holds no types
     std::int64_t zeros_ = 0;                   // characters of absent raw values so far
 };
 

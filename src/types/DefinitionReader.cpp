@@ -40,10 +40,9 @@ XmlNode FirstElement(XmlNode node) {
     return node;
 }
 
-// A value of an enumeration is a signed byte. Deliberate: 256 is taken off every larger value, once.
-constexpr std::int32_t kLargestEnumValue = 127;
+// A value of an enumeration is a signed byte.
 std::int32_t AsSignedByte(std::int32_t value) {
-    return value > kLargestEnumValue ? value - 256 : value;
+    return value > kLargestEnumValue ? value - kEnumValues : value;
 }
 
 // Limits of an enumeration without values: no value lies between them.
@@ -84,6 +83,16 @@ const DefinitionReader::ChildRule DefinitionReader::kChildRules[] = {
     {"ENUMS", &DefinitionReader::ReadEnums},
     {"UNITS", &DefinitionReader::ReadUnits},
 };
+
+XmlNames DefinitionReader::ChildNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> all;
+        for (const ChildRule& rule : kChildRules)
+            all.push_back(rule.name);
+        return all;
+    }();
+    return names;
+}
 
 const TypeDefinition& DefinitionReader::Read(std::int32_t number) {
     Enter(number, {});
@@ -134,6 +143,8 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
                 .lines = std::move(lines)};
     file_.definitions[readsScope_ ? 1 : 0][number] = std::move(definition);
     levels_.push_back(std::move(level));
+    if (file_.reading != nullptr && file_.told.insert(number).second)
+        StartTelling(element->second);
 }
 
 // Why the file has no element for the number, as far as the file shows it.
@@ -168,6 +179,8 @@ void DefinitionReader::Telling(const Operation& operation) {
 void DefinitionReader::ReadMember() {
     Level& level = Top();
     const XmlNode node = std::exchange(level.member, FirstElement(level.member.NextSibling()));
+    if (Record() != nullptr)
+        TellMember(node);
     const std::int32_t number = Integer(node);
     const auto& known = file_.definitions[readsScope_ ? 1 : 0];
     const auto found = known.find(number);
@@ -198,6 +211,8 @@ void DefinitionReader::AddMember(const XmlNode& node, const TypeDefinition& defi
 
 void DefinitionReader::Leave() {
     TypeDefinition& finished = *Top().definition;
+    if (Record() != nullptr)
+        TellFinished();
     finished.complete = true;
     levels_.pop_back();
     if (levels_.empty())
@@ -241,13 +256,19 @@ void DefinitionReader::ReadChild(const XmlNode& node) {
 }
 
 void DefinitionReader::ReadInto(std::int32_t CType::*field, const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Integer(node, ChildName());
     Content().*field = Integer(node);
     KeepTyped(node);
 }
 void DefinitionReader::ReadInto(std::string CType::*field, const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Text(node, ChildName());
     Content().*field = tools_.nodeTextValue(node);
 }
 void DefinitionReader::ReadInto(bool CType::*field, const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Number(node, ChildName());
     Content().*field = LeadingNumber(tools_.nodeTextValue(node)) != 0;
 }
 void DefinitionReader::ReadInto(void (DefinitionReader::*read)(const XmlNode&), const XmlNode& node) {
@@ -255,6 +276,8 @@ void DefinitionReader::ReadInto(void (DefinitionReader::*read)(const XmlNode&), 
 }
 
 void DefinitionReader::ReadType(const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Text(node, ChildName());
     WithContext([&] { return Place(node); },
                 [&] { Content().ConvertType(tools_.nodeTextValue(node), file_.errorHandler); });
     if (Content().elementType == elementEnum)
@@ -263,6 +286,8 @@ void DefinitionReader::ReadType(const XmlNode& node) {
 
 void DefinitionReader::ReadName(const XmlNode& node) {
     const std::string cleaned = tools_.ReplaceBadCharInType(tools_.nodeTextValue(node));
+    if (Record() != nullptr)
+        TellName(node, cleaned);
     const std::string_view name = WithoutPrefix(cleaned, kNamePrefixes);
     // Deliberate: of several, the first NAME names the type and the latest one its enumeration.
     if (!Top().definition->name)
@@ -272,17 +297,27 @@ void DefinitionReader::ReadName(const XmlNode& node) {
 }
 
 void DefinitionReader::ReadScope(const XmlNode& node) {
-    if (readsScope_)
-        Top().definition->scope = Integer(node);
+    if (file_.reading != nullptr)
+        file_.reading->Misplaced(node, "SCOPE counts only for the types of the template's variables");
+    if (!readsScope_)
+        return;
+    if (file_.reading != nullptr)
+        XmlRecord(*file_.reading, *file_.warnings, "type element " + file_.ElementName(Top().number))
+            .Integer(node, "SCOPE");
+    Top().definition->scope = Integer(node);
 }
 
 void DefinitionReader::ReadMin(const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Number(node, ChildName());
     Content().minValue = Number(node, tools_.nodeTextValue(node));
     Content().hasMin = true;
     KeepTyped(node);
 }
 
 void DefinitionReader::ReadMax(const XmlNode& node) {
+    if (Record() != nullptr)
+        Record()->Number(node, ChildName());
     Content().maxValue = Number(node, tools_.nodeTextValue(node));
     Content().hasMax = true;
     KeepTyped(node);
@@ -296,13 +331,17 @@ void DefinitionReader::KeepTyped(const XmlNode& node) {
 }
 
 void DefinitionReader::ReadFields(const XmlNode& node) {
-    if (!Content().isReference() && Content().HasMembers())
+    const bool isRead = !Content().isReference() && Content().HasMembers();
+    TellList(node, isRead, "a STRUCT or a UNION has FIELDS");
+    if (isRead)
         Top().member = FirstElement(node.FirstChild());
 }
 
 void DefinitionReader::ReadEnums(const XmlNode& node) {
     CType& type = Content();
-    if (type.elementType != elementEnum || type.isReference())
+    const bool isRead = type.elementType == elementEnum && !type.isReference();
+    TellList(node, isRead, "an ENUM has ENUMS");
+    if (!isRead)
         return;
     type.enumName = "ENUM_" + (Top().enumName.empty() ? Top().shortName : Top().enumName);
     if (!type.enumValues)
@@ -313,10 +352,14 @@ void DefinitionReader::ReadEnums(const XmlNode& node) {
         CEnumValue& value = type.enumValues->emplace_back();
         value.name = child.Name();
         value.line = child.Line();
+        if (Record() != nullptr)
+            TellValue(child);
         Telling([&] { value.value = AsSignedByte(Integer(child)); });
         smallest = std::min(smallest, value.value);
         largest = std::max(largest, value.value);
     }
+    for (const char* const limit : {"MIN", "MAX"})
+        TellUseless(limit, "the values of ENUMS behind it set the limits");
     type.minValue = smallest;
     type.maxValue = largest;
     type.hasMin = true;
@@ -324,6 +367,7 @@ void DefinitionReader::ReadEnums(const XmlNode& node) {
 }
 
 void DefinitionReader::ReadUnits(const XmlNode& node) {
+    TellList(node, !Content().isReference(), "");
     if (Content().isReference())
         return;
     if (!Top().formats) {
@@ -334,6 +378,8 @@ void DefinitionReader::ReadUnits(const XmlNode& node) {
         CFormat format{.name = child.Name()};
         Telling([&] { ReadFormat(child, format); });
         const std::string name = format.name;
+        if (Record() != nullptr)
+            TellFormat(child, Top().formats->Find(name) == nullptr);
         Top().formats->Add(name, std::move(format));
     }
 }

@@ -8,9 +8,14 @@
 
 #include "support/CTools.h"
 #include "support/Findings.h"
+#include "support/XmlReading.h"
 #include "types/TypeDefinition.h"
 
 namespace tovarek {
+
+// Values of an enumeration above the largest one are lowered by the number of values, once.
+inline constexpr std::int32_t kLargestEnumValue = 127;
+inline constexpr std::int32_t kEnumValues = 256;
 
 // Members lead from definition to definition, so the reader keeps a stack of those that it is in the middle
 // of: however deep a file nests, the program's own stack stays as it is.
@@ -34,6 +39,7 @@ class DefinitionReader {
         std::string enumName;   // shortName and the latest NAME; empty before the first
         std::shared_ptr<CFormats> formats;
         std::shared_ptr<ElementLines> lines;
+        std::shared_ptr<XmlRecord> record;  // while warnings about the element are told
     };
     struct ChildRule;
     static const ChildRule kChildRules[];
@@ -61,6 +67,19 @@ class DefinitionReader {
     void ReadEnums(const XmlNode& node);
     void ReadUnits(const XmlNode& node);
     void ReadFormat(const XmlNode& node, CFormat& format) const;
+
+    // Warnings: of a child, of what a list holds, and of what does not count for the kind in the end.
+    static XmlNames ChildNames();
+    void StartTelling(const XmlNode& element);
+    XmlRecord* Record() { return levels_.back().record.get(); }
+    std::string_view ChildName() { return Top().lines->children.back().name; }
+    void TellName(const XmlNode& node, const std::string& cleaned);
+    void TellList(const XmlNode& node, bool isRead, std::string_view kinds);
+    void TellMember(const XmlNode& node);
+    void TellValue(const XmlNode& node);
+    void TellFormat(const XmlNode& node, bool isFirst);
+    void TellFinished();
+    void TellUseless(std::string_view child, const std::string& reason);
 
     std::int32_t Integer(const XmlNode& node) const;
     double Number(const XmlNode& node, const std::string& text) const;

@@ -10,6 +10,8 @@
 
 namespace tovarek {
 
+class Readings;  // support/Readings.h
+
 // Reads each definition once, when it is asked for; what it has answered stays valid as long as it lives.
 class FormatDefinitions {
   public:
@@ -21,6 +23,15 @@ class FormatDefinitions {
     // for an unknown kind, runtime error 6 for a number beyond its range and runtime error 28 for a type that
     // contains itself or has too many or too deeply nested members. Its content is refused then.
     const TypeDefinition& Get(std::int32_t number, bool readsScope, FindingSink& findings);
+
+    // From now on tells `readings` what is read otherwise than it was written; `catalog`, which may be null,
+    // knows the standard types.
+    void Listen(Readings& readings, const StandardCatalog* catalog);
+    // What nobody read is meant for others, but for a second element of a number.
+    void TellUnused();
+
+    // Whether the first node of the document is an element; without one there are no types.
+    bool HasRoot() const { return table_.first.IsElement(); }
 
     const std::string& Path() const { return table_.path; }
     // What the type element with this number is called.

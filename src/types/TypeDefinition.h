@@ -6,9 +6,13 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "control/StandardCatalog.h"
 #include "support/CErrorHandler.h"
+#include "support/Findings.h"
+#include "support/XmlReading.h"
 #include "types/CType.h"
 #include "xml/Xml.h"
 
@@ -51,6 +55,12 @@ struct DefinitionTable {
     std::unordered_map<std::string, XmlNode> elements;  // by upper-cased name
     // By format number, once for each answer to whether SCOPE elements count.
     std::unordered_map<std::int32_t, std::unique_ptr<TypeDefinition>> definitions[2];
+
+    // Set when somebody listens to warnings.
+    XmlReading* reading = nullptr;
+    FindingSink* warnings = nullptr;
+    const StandardCatalog* catalog = nullptr;
+    std::unordered_set<std::int32_t> told;  // numbers whose elements were
 
     std::string ElementName(std::int32_t number) const { return prefix + std::to_string(number); }
 };

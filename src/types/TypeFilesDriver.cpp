@@ -201,7 +201,7 @@ class TypeFilesDriver {
             if (type != nullptr)
                 isWritten = WriteType(**type, [&] { (*type)->CreateType(catalog_, errorHandler_, true); });
             else if (next == nullptr)
-                return;
+                return TellUnwritten(kind, index);
             else
                 Telling([&] { OfType(**next, [&] { RefuseGap(kind, **next, index); }); });
             if (!isWritten)
@@ -222,6 +222,26 @@ class TypeFilesDriver {
                          " and none with the number " + std::to_string(index) +
                          "; number the types of a scope without a gap";
         errorHandler_.RaiseError(kind.missingIndex, std::move(context));
+    }
+
+    // Two missing numbers in a row end the types; what stands behind them is written nowhere.
+    void TellUnwritten(const TypeKindRule& kind, std::int32_t missing) {
+        if (!findings_->WantsWarnings())
+            return;
+        const bool isUnvt = &kind == &kNetworkVariables;
+        const CType* first = nullptr;
+        for (const CType* type : types_)
+            if (type->isUnvt == isUnvt && type->indexInScope > missing &&
+                (first == nullptr || type->indexInScope < first->indexInScope))
+                first = type;
+        if (first == nullptr)
+            return;
+        ErrorContext context = first->inputPlace ? (*first->inputPlace)(TypeInput::number) : ErrorContext{};
+        context.reason = std::string(kind.title) + " " + std::to_string(first->indexInScope) +
+                         " is not written, nor is any behind it: there are none with the numbers " +
+                         std::to_string(missing) + " and " + std::to_string(missing + 1) +
+                         "; number the types of a scope without a gap";
+        findings_->Take({.context = std::move(context), .warning = Warning::typeGap, .part = LinePart::all});
     }
 
     CType* const* Find(const TypeKindRule& kind, std::int32_t index) const {

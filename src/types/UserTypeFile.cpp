@@ -1,10 +1,16 @@
 #include "types/UserTypeFile.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
+#include <vector>
 
+#include "base/Nearest.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "support/CTools.h"
+#include "support/Readings.h"
+#include "types/TypeReadings.h"
 #include "xml/Xml.h"
 
 namespace tovarek {
@@ -77,11 +83,140 @@ ErrorContext PlaceInType(const XmlNode& node, TypeInput which) {
     return place;
 }
 
+constexpr std::size_t kProgramIdDigits = 16;
+
+// The names that a type's children have.
+XmlNames ChildNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> all = {"NAME", "SNVTTYPE"};
+        for (const RawValueRule& rule : kRawValueRules)
+            all.push_back(rule.element);
+        return all;
+    }();
+    return names;
+}
+
+XmlNames ScopeNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> all;
+        for (const ScopeRule& rule : kScopeRules)
+            all.push_back(rule.element);
+        return all;
+    }();
+    return names;
+}
+
+bool IsList(std::string_view name) {
+    return name == "UNVTS" || name == "UCPTS";
+}
+
+// What of the file is read otherwise than it was written; does nothing when nobody listens.
+class UserTypeReading {
+  public:
+    UserTypeReading(const UserTypeListener& listener, const XmlNode& root) : listener_(listener) {
+        if (listener.readings == nullptr || !root)
+            return;
+        reading_ = &listener.readings->Xml(root);
+        if (IsList(UpperCase(root.Name())))
+            reading_->Structure(root, ScopeNames());
+        else
+            Tell(Warning::ignoredElement, root,
+                 "<" + Excerpt(root.Name()) + "> is not read: the document element is UNVTS or UCPTS" +
+                     DidYouMean(root.Name(), {"UNVTS", "UCPTS"}));
+        if (!IsList(UpperCase(root.Name())))
+            reading_->Skip(root);
+    }
+
+    void Structure(const XmlNode& element) {
+        if (reading_ != nullptr)
+            reading_->Structure(element);
+    }
+    // Another list inside the list counts as a scope.
+    void OtherScope(const XmlNode& scope) {
+        if (reading_ == nullptr)
+            return;
+        const std::string name = scope.Name();
+        if (name == "_6")
+            reading_->Misplaced(scope, "types of scope 6 come from the template alone");
+        if (!IsList(UpperCase(name)))
+            return;
+        Tell(Warning::mixedTypes, scope,
+             "<" + name +
+                 "> is not read: a user type file holds either UNVTS or UCPTS, as its document element");
+        reading_->Skip(scope);
+    }
+    // That of another maker is no mistake; a name that is no program ID is one.
+    void Device(const XmlNode& device, bool isMeant) {
+        if (reading_ == nullptr)
+            return;
+        const std::string name = device.Name();
+        const std::string_view id = WithoutUnderscore(name);
+        const bool isId = id.size() == kProgramIdDigits && FromHex(id);
+        if (isMeant)
+            reading_->Structure(device);
+        else if (isId)
+            reading_->Skip(device);
+        else
+            reading_->Misplaced(device,
+                                "its name is no program ID, which has 16 hexadecimal digits behind a '_'");
+    }
+    void NoType(const XmlNode& type) {
+        if (reading_ != nullptr)
+            reading_->Misplaced(type, "behind four letters and a '_' its name has no number of 1 or more");
+    }
+    void Type(const XmlNode& type, std::int32_t number, bool isUnvt) {
+        if (reading_ == nullptr)
+            return;
+        reading_->Structure(type, ChildNames());
+        const std::string name = type.Name();
+        record_ =
+            std::make_shared<XmlRecord>(*reading_, listener_.readings->Findings(), "type <" + name + ">");
+        const std::string digits(WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
+        if (!IsNumber(digits))
+            Tell(Warning::notANumber, type,
+                 "\"" + Excerpt(digits) + "\" in the name of <" + Excerpt(name) + "> is read as the number " +
+                     std::to_string(number));
+        if (UpperCase(FirstCharacters(name, kTypePrefix)) == (isUnvt ? "UCPT" : "UNVT"))
+            Tell(Warning::mixedTypes, type,
+                 "<" + Excerpt(name) + "> is read as a " + (isUnvt ? "network-variable" : "property") +
+                     " type, because it stands in " + (isUnvt ? "UNVTS" : "UCPTS"));
+    }
+    void Child(const XmlNode& child, const std::string& name, bool isUnvt) {
+        if (reading_ == nullptr)
+            return;
+        const XmlNames names = ChildNames();
+        const auto known = std::find(names.begin(), names.end(), name);
+        if (known == names.end())
+            return;
+        if (name == "SNVTTYPE")
+            record_->Integer(child, *known, [&](std::string_view typed, std::int32_t /*read*/) {
+                return MendTypeNumber(listener_.catalog, listener_.prefix, typed);
+            });
+        else if (name == "NAME" || !isUnvt)
+            record_->Text(child, *known);
+        else
+            reading_->Misplaced(child, "only property types have raw values");
+    }
+
+  private:
+    void Tell(Warning warning, const XmlNode& element, std::string reason) {
+        listener_.readings->Findings().Take(AtElement(warning, element, std::move(reason)));
+    }
+
+    UserTypeListener listener_;
+    XmlReading* reading_ = nullptr;
+    std::shared_ptr<XmlRecord> record_;  // of the type that is being read
+};
+
 class UserTypeFileReader {
   public:
     UserTypeFileReader(const std::string& programID, const CErrorHandler& errorHandler, FindingSink& findings,
-                       const AddTypeRequest& add)
-        : programID_(programID), errorHandler_(errorHandler), findings_(findings), add_(add) {}
+                       const AddTypeRequest& add, UserTypeReading reading)
+        : programID_(programID),
+          errorHandler_(errorHandler),
+          findings_(findings),
+          add_(add),
+          reading_(std::move(reading)) {}
 
     void ReadTypes(const XmlNode& root, bool isUnvt) {
         ForEachElement(root, [&](const XmlNode& scope) {
@@ -89,15 +224,19 @@ class UserTypeFileReader {
             for (const ScopeRule& rule : kScopeRules)
                 if (rule.element == name)
                     ReadScope(scope, rule, isUnvt);
+            reading_.OtherScope(scope);
         });
     }
 
   private:
     void ReadScope(const XmlNode& scope, const ScopeRule& rule, bool isUnvt) {
         const std::string wanted = Part(programID_, rule);
+        reading_.Structure(scope);
         ForEachElement(scope, [&](const XmlNode& device) {
             const std::string name = device.Name();
-            if (Part(WithoutUnderscore(name), rule) == wanted)
+            const bool isMeant = Part(WithoutUnderscore(name), rule) == wanted;
+            reading_.Device(device, isMeant);
+            if (isMeant)
                 ForEachElement(device, [&](const XmlNode& type) {
                     TellingErrors(findings_, [&] { ReadType(type, rule.scope, isUnvt); });
                 });
@@ -110,7 +249,8 @@ class UserTypeFileReader {
         const std::int32_t number =
             IntegerOfElement(node, WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
         if (number <= 0)
-            return;
+            return reading_.NoType(node);
+        reading_.Type(node, number, isUnvt);
         TypeRequest request{.typeNumber = number, .isUnvt = isUnvt, .scope = scope, .fromUserTypeFile = true};
         TellingErrors(findings_, [&] {
             request.isRefused = true;
@@ -135,6 +275,7 @@ class UserTypeFileReader {
         bool hasDefinition = false;
         ForEachElement(node, [&](const XmlNode& child) {
             const std::string name = UpperCase(child.Name());
+            reading_.Child(child, name, request.isUnvt);
             if (name == "NAME") {
                 request.name = tools_.nodeTextValue(child);
             } else if (name == "SNVTTYPE") {
@@ -158,18 +299,23 @@ class UserTypeFileReader {
     const CErrorHandler& errorHandler_;
     FindingSink& findings_;
     const AddTypeRequest& add_;
+    UserTypeReading reading_;
     CTools tools_;
 };
 
 }  // namespace
 
 void ReadUserTypeFile(const std::string& path, const std::string& programID,
-                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add) {
+                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add,
+                      const UserTypeListener& listener) {
     const XmlNode first = FirstNodeOf(path, eQVXIFerr_errorloadingusertypefile, errorHandler);
-    UserTypeFileReader reader(programID, errorHandler, findings, add);
+    XmlNode root = first;
+    while (root && !root.IsElement())
+        root = root.NextSibling();
+    UserTypeFileReader reader(programID, errorHandler, findings, add, UserTypeReading(listener, root));
     for (XmlNode node = first; node; node = node.NextSibling()) {
         const std::string name = UpperCase(node.Name());
-        if (name == "UNVTS" || name == "UCPTS")
+        if (IsList(name))
             reader.ReadTypes(node, name == "UNVTS");
     }
 }

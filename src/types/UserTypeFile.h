@@ -4,12 +4,16 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
+#include "control/StandardCatalog.h"
 #include "support/CErrorHandler.h"
 #include "support/Findings.h"
 #include "types/CType.h"
 
 namespace tovarek {
+
+class Readings;  // support/Readings.h
 
 // A type that is wanted, and where its definition is.
 struct TypeRequest {
@@ -31,10 +35,18 @@ struct TypeRequest {
 // Takes a type; findings about it go to the sink.
 using AddTypeRequest = std::function<void(const TypeRequest&, FindingSink&)>;
 
+// Who hears what is read otherwise than it was written, and what helps to say it; all null for nobody.
+struct UserTypeListener {
+    Readings* readings = nullptr;
+    const StandardCatalog* catalog = nullptr;
+    std::string_view prefix;  // of type elements
+};
+
 // Reads the file and gives `add` each type that applies to the device with this program ID, in the order of
 // the file. Raises error 128 when the file cannot be loaded. Tells `findings` error 128 for a type that lacks
 // its name or definition, runtime error 6 for a number beyond 32 bits, and what `add` raises.
 void ReadUserTypeFile(const std::string& path, const std::string& programID,
-                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add);
+                      const CErrorHandler& errorHandler, FindingSink& findings, const AddTypeRequest& add,
+                      const UserTypeListener& listener = {});
 
 }  // namespace tovarek

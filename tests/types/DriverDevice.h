@@ -9,6 +9,7 @@
 #include "check/Check.h"
 #include "component/FilesList.h"
 #include "formats/type/TypeFile.h"
+#include "support/Readings.h"
 
 namespace tovarek::test {
 
@@ -50,13 +51,16 @@ class DriverDevice : public Device {
         written.clear();
         FindingList findings;
         TrialOutput trial(settings.typeFilesDirectory);
-        TellingErrors(findings, [&] { Run(findings, &trial); });
+        Readings readings(findings);
+        TellingErrors(findings, [&] { Run(findings, &trial, &readings); });
+        readings.TellUnread();
         return findings.TakeAll();
     }
-    void Run(FindingSink& findings, TrialOutput* trial) {
+    void Run(FindingSink& findings, TrialOutput* trial, Readings* readings = nullptr) {
         const std::string format = scratch.Path("format.xml");
         const std::string folder = scratch.Folder();
-        GenerateTypeFilesAndList(types, {deviceTemplate, catalog, errorHandler, settings, format, folder},
+        GenerateTypeFilesAndList(types,
+                                 {deviceTemplate, catalog, errorHandler, settings, format, folder, readings},
                                  {findings, written, trial});
     }
     std::string Output(const std::string& name) const { return ReadFile(scratch.Path("out/" + name)); }

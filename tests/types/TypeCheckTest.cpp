@@ -188,6 +188,96 @@ TEST(TypeCheck, TellsEveryFaultOnceAndFirstWhatAGenerationRaises) {
     }
 }
 
+// What is read otherwise than it was written; nothing of it stops a generation.
+TEST(TypeCheck, WarnsOfWhatIsReadOtherwise) {
+    const std::string good = Element(300, Byte(""));
+    const auto structure = [](const std::string& more) {
+        return Element(301, "<TYPE>STRUCT</TYPE><FIELDS><a>300</a></FIELDS>" + more);
+    };
+    const auto of = [](const std::string& content) { return Element(300, content); };
+    const Row rows[] = {
+        {"a limit", of(Byte("<MAX>1OO</MAX>")), "not-a-number@2 MAX"},
+        {"a factor", of(Byte("<B_COEF>-1.5</B_COEF>")), "not-a-number@2 B_COEF"},
+        {"a flag", of(Byte("<INHERIT>yes</INHERIT>")), "not-a-number@2 INHERIT"},
+        {"a slip", of(Byte("<LONGNMAE>x</LONGNMAE>")), "ignored-element@2"},
+        {"an attribute", of(Byte("<MAX unit='x'>1</MAX>")), "ignored-attribute@2"},
+        {"a text beside elements", of(Byte("text")), "ignored-text@2"},
+        {"CDATA", of(Byte("<UNIT><![CDATA[x]]></UNIT>")), "ignored-text@2"},
+        {"twice", of(Byte("<MAX>1</MAX><MAX>2</MAX>")), "duplicate-key@2 MAX"},
+        {"two names: the first stays", of(Byte("<NAME>m</NAME>")), "duplicate-key@2 NAME"},
+        {"a name", "\n<SNVT_300><NAME>a b</NAME>" + Byte("") + "</SNVT_300>", "lost-character@2 NAME"},
+        {"two elements of a number", good + good, "duplicate-key@3"},
+        {"two elements of another number", good + Element(309, "x") + Element(309, "y"), ""},
+        {"fields of a number", of(Byte("<FIELDS><a>1</a></FIELDS>")), "ignored-element@2"},
+        {"values of a number", of(Byte("<ENUMS><a>1</a></ENUMS>")), "ignored-element@2"},
+        {"bits of a number", of(Byte("<BFSIZE>3</BFSIZE>")), "ignored-element@2 BFSIZE"},
+        {"a factor of a float", of("<TYPE>FLOAT</TYPE><LENGTH>4</LENGTH><A_COEF>2</A_COEF>"),
+         "ignored-element@2 A_COEF"},
+        {"a limit of a bit field", of("<TYPE>BITFIELD</TYPE><LENGTH>1</LENGTH><MAX>7</MAX>"),
+         "ignored-element@2 MAX"},
+        {"a value above 127", of("<TYPE>ENUM</TYPE><ENUMS><a>1</a><b>200</b></ENUMS>"),
+         "overflowed-number@2 b"},
+        {"a limit before the values", of("<TYPE>ENUM</TYPE><MAX>5</MAX><ENUMS><a>1</a></ENUMS>"),
+         "ignored-element@2 MAX"},
+        {"units", of(Byte("<UNITS><a A_COEF='1,8' D='1'><UNIT>x</UNIT></a><a/></UNITS>")),
+         "not-a-number@2; duplicate-key@2; ignored-attribute@2"},
+        {"a member", good + structure("") + "", "", {301}},
+        {"a scope of a property", of(Byte("<SCOPE>6</SCOPE>")), "ignored-element@2", {}, Users(Ucpt(1, 300))},
+        {"a scope of a variable", of(Byte("<SCOPE>6</SCOPE>")), ""},
+        {"properties 2 and 3 are missing", good, "type-gap@3", {}, Users(Ucpt(1, 300) + Ucpt(4, 300))},
+        {"a number with a rest",
+         good,
+         "not-a-number@2",
+         {},
+         Users("\n<UCPT_1x><NAME>x</NAME><SNVTTYPE>300</SNVTTYPE></UCPT_1x>")},
+        {"no number", good, "ignored-element@2", {}, Users("\n<UCPT_x><NAME>x</NAME></UCPT_x>")},
+        {"a variable's type among those of properties",
+         good,
+         "mixed-types@2",
+         {},
+         Users("\n<UNVT_1><NAME>x</NAME><SNVTTYPE>300</SNVTTYPE></UNVT_1>")},
+        {"both lists", good, "mixed-types@1", {}, "<UCPTS><UNVTS/></UCPTS>"},
+        {"another document element", good, "ignored-element@1", {}, "<UCPT/>"},
+        {"a scope that is none", good, "ignored-element@1", {}, "<UCPTS><_8/></UCPTS>"},
+        {"another maker", good, "", {}, UserTypes("UCPTS", "_3", "_9FFFFF0A0B040100", "<x/>")},
+        {"no program ID", good, "ignored-element@1", {}, UserTypes("UCPTS", "_3", "_9FFFFF", "<x/>")},
+        {"raw values of a variable's type",
+         good,
+         "ignored-element@1",
+         {},
+         UserTypes("UNVTS", "_3", "_9000010A0B040100",
+                   "<UNVT_1><NAME>x</NAME><SNVTTYPE>300</SNVTTYPE><MINRAWVAL>0</MINRAWVAL></UNVT_1>")},
+        {"files of a scope without types",
+         good,
+         "stale-output@0",
+         {300},
+         "<UNVTS/>",
+         [](DriverDevice& d) {
+             d.scratch.File("out/node_4.typ", "x");
+             d.scratch.File("out/other_4.typ", "x");
+         }},
+    };
+    for (Row row : rows) {
+        DriverDevice device;
+        if (row.nvs == std::vector<int>{300, 301, 302})
+            row.nvs = {300};
+        // Without types a run of the library does not create it.
+        MakeDirectory(device.scratch.Path("out"));
+        Prepare(device, row);
+        EXPECT_EQ(Told(device.Check()), row.told) << row.what;
+        EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 0) << row.what;
+    }
+}
+
+TEST(TypeCheck, TellsOnceThatTheFormatFileHoldsNoTypes) {
+    DriverDevice device;
+    device.AddNv(300);
+    device.AddNv(300);
+    device.WriteFiles("");
+    device.scratch.File("format.xml", "<!-- types --><TYPES>" + Element(300, Byte("")) + "</TYPES>");
+    EXPECT_EQ(Told(device.Check()), "not-a-type@1; 90@1");
+}
+
 // A run would make the last level of the folder itself.
 TEST(TypeCheck, WritesNothingAndCreatesNoFolder) {
     DriverDevice device;
