@@ -56,8 +56,8 @@ void TellRecordTexts(const CTemplate& source, const std::vector<Record>& records
         for (std::string Record::*const member : members)
             TellText(
                 records[i].*member,
-                [&](Warning warning, std::string reason) {
-                    return TemplatePlaces(source).Warn(warning, records[i], i, member, std::move(reason));
+                [&](Warning warning, const std::string& reason) {
+                    return TemplatePlaces(source).Warn(warning, records[i], i, member, reason);
                 },
                 findings);
 }
@@ -89,9 +89,7 @@ void CTemplate::TellTexts(FindingSink& findings) const {
     for (std::string CTemplate::*const member : kOwnTexts)
         TellText(
             this->*member,
-            [&](Warning warning, std::string reason) {
-                return places.Warn(warning, member, std::move(reason));
-            },
+            [&](Warning warning, const std::string& reason) { return places.Warn(warning, member, reason); },
             findings);
     TellRecordTexts(*this, nvs, kNvTexts, findings);
     TellRecordTexts(*this, tags, kTagTexts, findings);
