@@ -37,8 +37,8 @@ std::int32_t NumberBehind(std::string_view name, std::string_view prefix) {
 // A bit for names of this length and first letter; most names that are not in a section have another one.
 std::uint64_t NameBit(std::string_view name) {
     const bool isPlain = !name.empty() && static_cast<unsigned char>(name[0]) < 0x80;
-    const auto letter = static_cast<unsigned char>(isPlain ? AsciiUpper(name[0]) : '\0');
-    return std::uint64_t{1} << ((letter * 5U + name.size()) % 64U);
+    const std::size_t letter = static_cast<unsigned char>(isPlain ? AsciiUpper(name[0]) : '\0');
+    return std::uint64_t{1} << ((letter * 5 + name.size()) % 64);
 }
 
 // Most names differ in length or in their first letter; that is seen without a call.

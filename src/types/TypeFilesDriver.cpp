@@ -1,6 +1,7 @@
 #include "types/TypeFilesDriver.h"
 
 #include <string_view>
+#include <utility>
 
 #include "base/Path.h"
 #include "base/Text.h"
@@ -76,6 +77,19 @@ class TypeFilesDriver {
     }
 
   private:
+    // While it lives, `slot` is another sink.
+    class UseOfSink {
+      public:
+        UseOfSink(FindingSink*& slot, FindingSink& sink) : slot_(slot), before_(std::exchange(slot, &sink)) {}
+        ~UseOfSink() { slot_ = before_; }
+        UseOfSink(const UseOfSink&) = delete;
+        UseOfSink& operator=(const UseOfSink&) = delete;
+
+      private:
+        FindingSink*& slot_;
+        FindingSink* before_;
+    };
+
     // Records the file of this kind and writes it.
     void WriteFile(ResourceFileKind kind) {
         const std::string name = ResourceFileName(settings_, scope_, kind);
@@ -90,7 +104,7 @@ class TypeFilesDriver {
         };
         TellingErrors(run_.findings, [&] {
             WithPlace(run_.findings, place, [&](FindingSink& findings) {
-                findings_ = &findings;
+                const UseOfSink use(findings_, findings);
                 WriteContent(kind);
             });
             run_.writtenFiles.push_back(path);
