@@ -20,7 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Accepts([&] {
         Tovarek component;
         try {
-            AssignJob(component, file.Path());
+            const CErrorHandler errors;
+            RaisingSink findings(errors);
+            for (const SetProperty& set : AssignJob(component, file.Path(), findings))
+                fuzz::Require(set.line >= 0 && set.job == file.Path(), "a property is set in the job");
         } catch (const WrongUse& fault) {
             fuzz::Require(*fault.what() != '\0', "a refusal says why");
         }

@@ -59,12 +59,17 @@ class TemplatePlaces {
         return !NameOf(field).empty() && PlaceOf<Record>(position, field, {}).missing == InputPart::none;
     }
 
-    // Whether the file does not have the record at all, or is not there itself.
+    // Whether an INI file does not have the record at all, or is not there itself.
     template <class Record>
     bool IsAbsent(std::size_t position) const {
-        const InputPart missing =
-            PlaceOf<Record>(position, RecordNames<Record>::Fields().front(), {}).missing;
-        return missing == InputPart::group || missing == InputPart::file;
+        return fromIni_ && !source_.Source().ini.Text().HasSection(
+                               std::string(RecordNames<Record>::iniPrefix) + std::to_string(position + 1));
+    }
+
+    // Whether the one before it is absent as well, so that all has been told.
+    template <class Record>
+    bool IsAbsentLikeTheLast(std::size_t position) const {
+        return position > 0 && IsAbsent<Record>(position - 1) && IsAbsent<Record>(position);
     }
 
     // The field's value as the file has it; empty when it has none.

@@ -18,6 +18,11 @@ void TellIniRecords(const std::vector<Record>& records, const CCatalog* catalog,
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.iniKey.empty())
                 continue;
+            // One question tells that the section is wanted.
+            if (!ini.HasSection(section)) {
+                ini.Text(section, field.iniKey, title, findings);
+                break;
+            }
             if (field.text != nullptr)
                 ini.Text(section, field.iniKey, title, findings);
             else

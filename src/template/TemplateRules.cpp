@@ -182,6 +182,8 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
         findings.Take({error, places.Of(nv, position, member, expected)});
     };
     if (nv.name.empty()) {
+        if (places.IsAbsentLikeTheLast<CNv>(position))
+            return;
         fail(eQVXIFerr_nvname, &CNv::name, {.sentence = "every network variable has a name"});
         if (places.IsAbsent<CNv>(position))
             return;  // everything else is missing for the same reason
@@ -251,6 +253,8 @@ void CTemplate::VerifyTag(const CTag& tag, std::size_t position, FindingSink& fi
         findings.Take({error, TemplatePlaces(*this).Of(tag, position, member, expected)});
     };
     if (tag.name.empty()) {
+        if (TemplatePlaces(*this).IsAbsentLikeTheLast<CTag>(position))
+            return;
         fail(eQVXIFerr_tagname, &CTag::name, {.sentence = "every message tag has a name"});
         if (TemplatePlaces(*this).IsAbsent<CTag>(position))
             return;

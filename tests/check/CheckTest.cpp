@@ -20,6 +20,7 @@ const Slip kIniTemplate[] = {
     {"template.ini", "maximumNumberOfNvs=20", "maximumNumberOfNvs=4294967316", "14:20 overflowed-number"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=13", "131:1 ignored-section"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=15", "13:19 nvname"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=18", "13:19 nvname"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=fourteen", "13:19 not-a-number"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfNvs=14", "13:1 ignored-key"},
     {"template.ini", "numberOfStaticNvs=14\n", "", "11:1 count-mismatch"},
