@@ -107,19 +107,27 @@ class Judgement {
             const Finding& finding = findings_[i];
             if (finding.causeLine == 0 && finding.context.line > 0)
                 causes_.try_emplace(CauseKey(finding, finding.context.line), i);
-            if (Explains(finding))
-                explanations_[RecordKey(finding)].push_back(i);
+            if (!Explains(finding))
+                continue;
+            explanations_[RecordKey(finding)].push_back(i);
+            // What is told at the line itself explains as well, whatever both call its record.
+            if (finding.context.line > 0)
+                explanationsOfLine_.try_emplace(CauseKey(finding, finding.context.line), i);
         }
     }
 
     void AddExplanations(const Finding& error, std::vector<CheckNote>& notes) const {
+        const auto ofLine = explanationsOfLine_.find(CauseKey(error, error.context.line));
+        if (ofLine != explanationsOfLine_.end())
+            AddNote(notes, findings_[ofLine->second]);
         const auto found = explanations_.find(RecordKey(error));
         if (error.context.record.empty() || found == explanations_.end())
             return;
         // More than that is not told.
         const std::size_t count = std::min(found->second.size(), kMostNotes + 1);
         for (std::size_t i = 0; i < count; ++i)
-            AddNote(notes, findings_[found->second[i]]);
+            if (ofLine == explanationsOfLine_.end() || found->second[i] != ofLine->second)
+                AddNote(notes, findings_[found->second[i]]);
     }
 
     static void AddNote(std::vector<CheckNote>& notes, const Finding& finding) {
@@ -146,9 +154,10 @@ class Judgement {
     std::vector<Finding> findings_;
     const CheckOptions& options_;
     SourceLines lines_;
-    // The first finding of each line that explains others, and the explaining ones of each record.
+    // The first finding of each line that explains others, and the explaining ones of each record and line.
     std::unordered_map<std::string, std::size_t> causes_;
     std::unordered_map<std::string, std::vector<std::size_t>> explanations_;
+    std::unordered_map<std::string, std::size_t> explanationsOfLine_;
 };
 
 }  // namespace

@@ -57,9 +57,9 @@ DeviceInterface ReadInterface(const NamedInput& input, const StandardCatalog& ca
     }
     const std::string extension = ExtensionOf(input.file);
     if (extension != "ini" && extension != "xml")
-        throw WrongUse(
-            "the input '" + Excerpt(input.file) +
-            "' is no XIF file, and its name tells no other form; inputs are called .xif, .ini or .xml");
+        throw WrongUse("the input '" + Excerpt(input.file) +
+                       "' does not begin like an XIF file, and its name does not tell another form; inputs "
+                       "are called .xif, .ini or .xml");
     ReadFile(input.file, 1);  // a missing INI file would read as an empty one
     DeviceInterface found =
         extension == "ini" ? InterfaceOfIni(input.file) : InterfaceOfXml(input.file, input.element);

@@ -254,7 +254,7 @@ class XifConverter {
                 Lose(record, "name", property.name,
                      "not all properties of the file have one, and the generator adds all or none");
             if (!property.isKnown)
-                Lose(record, "declaration", property.record, "it is no declaration of a property");
+                Lose(record, "declaration", property.record, "it does not declare a property");
             if (const auto value = values.find(&property); value != values.end())
                 for (const char byte : value->second)
                     AppendHex(cp.defaultValue, static_cast<unsigned char>(byte), 2);
@@ -276,7 +276,7 @@ class XifConverter {
                  "comments are not taken over", false);
         if (!file_.attached.empty())
             Lose("end of the file", "", std::to_string(file_.attached.size()) + " bytes",
-                 "what is attached to the file is no part of the interface");
+                 "what is attached to the file does not belong to the interface");
     }
 
     static constexpr std::size_t kShown = 16;

@@ -157,8 +157,8 @@ class UserTypeReading {
         else if (isId)
             reading_->Skip(device);
         else
-            reading_->Misplaced(device,
-                                "its name is no program ID, which has 16 hexadecimal digits behind a '_'");
+            reading_->Misplaced(
+                device, "its name does not hold a program ID, which has 16 hexadecimal digits behind a '_'");
     }
     void NoType(const XmlNode& type) {
         if (reading_ != nullptr)

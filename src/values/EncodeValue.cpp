@@ -88,13 +88,13 @@ class Encoder {
         if (word.starts_with(kRawPrefix)) {
             const std::optional<std::int64_t> raw = WholeNumber(word.substr(kRawPrefix.size()));
             if (!raw || *raw < SmallestRaw(type) || *raw > LargestRaw(type))
-                Refuse(Shown(word) + " is no raw number of the type: " + std::to_string(SmallestRaw(type)) +
-                       " to " + std::to_string(LargestRaw(type)));
+                Refuse(Shown(word) + " is not a raw number of the type; accepted: " +
+                       std::to_string(SmallestRaw(type)) + " to " + std::to_string(LargestRaw(type)));
             return WriteRaw(bytes_, at, type, *raw);
         }
         const std::optional<double> value = DecimalNumber(WithoutUnit(word, unit));
         if (!value)
-            Refuse(Shown(word) + " is no number; accepted: " + LimitsText(type, unit) +
+            Refuse(Shown(word) + " is not a number; accepted: " + LimitsText(type, unit) +
                    (type.invalid ? ", invalid" : ""));
         const std::optional<NearestRaw> nearest = RawOfScaled(*value, type);
         if (!nearest || nearest->raw < type.minimum || nearest->raw > type.maximum)
@@ -113,14 +113,14 @@ class Encoder {
         if (word.starts_with(kRawPrefix)) {
             const std::optional<std::int64_t> raw = WholeNumber(word.substr(kRawPrefix.size()));
             if (!raw || *raw < 0 || *raw > LargestRaw(pattern))
-                Refuse(Shown(word) + " is no raw number of the type: 0x0 to 0xFFFFFFFF");
+                Refuse(Shown(word) + " is not a raw number of the type; accepted: 0x0 to 0xFFFFFFFF");
             return WriteRaw(bytes_, at, pattern, *raw);
         }
         if (word == "invalid" && type.floatInvalid)
             return WriteRaw(bytes_, at, pattern, std::bit_cast<std::uint32_t>(*type.floatInvalid));
         const std::string_view digits = WithoutUnit(word, UnitText(shown.unit, names_));
         if (!DecimalNumber(digits))
-            Refuse(Shown(word) + " is no number; a decimal one with a point, such as 20.5, is needed");
+            Refuse(Shown(word) + " is not a number; a decimal one with a point, such as 20.5, is needed");
         const float number = NearestFloat(digits);
         if (!(number >= type.floatMinimum && number <= type.floatMaximum))
             Refuse(Shown(word) + " is outside of " + DecimalText(type.floatMinimum) + " to " +
@@ -135,7 +135,7 @@ class Encoder {
         if (word.starts_with(kRawPrefix)) {
             const std::optional<std::int64_t> raw = WholeNumber(word.substr(kRawPrefix.size()));
             if (!raw || *raw < SmallestRaw(type) || *raw > LargestRaw(type))
-                Refuse(Shown(word) + " is no raw number of the type: -128 to 127");
+                Refuse(Shown(word) + " is not a raw number of the type; accepted: -128 to 127");
             return WriteRaw(bytes_, at, type, *raw);
         }
         const Enumeration* set = names_.EnumerationSet(type.target);
@@ -155,7 +155,7 @@ class Encoder {
         known.reserve(set->values.size());
         for (const EnumerationValue& value : set->values)
             known.push_back(value.name);
-        Refuse(Shown(word) + " is no value of " + set->name + ": " + FirstOf(known) +
+        Refuse(Shown(word) + " is not among the values of " + set->name + ": " + FirstOf(known) +
                DidYouMean(word, known));
     }
 

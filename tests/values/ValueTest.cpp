@@ -90,7 +90,7 @@ TEST(Values, ThatDoNotFitAreRefusedWithWhatIsAccepted) {
         const char* reason;  // a part of it
     } rows[] = {
         {"SNVT_temp_p", "400", "'400' is outside of -273.17 to 327.67 degrees Celsius (raw -27317 to 32767)"},
-        {"SNVT_temp_p", "21,5", "'21,5' is no number"},
+        {"SNVT_temp_p", "21,5", "'21,5' is not a number"},
         {"SNVT_temp_p", "1e999", "no number"},
         {"SNVT_temp_p", "nan", "no number"},
         {"SNVT_temp_p", "raw:32768", "-32768 to 32767"},
