@@ -9,7 +9,7 @@ enum class Weight { strong, weak };
 
 constexpr WarningRow kRows[] = {
 #define TOVAREK_WARNING(id, name, weight, meaning) \
-    {Warning::id, name, Weight::weight == Weight::weak, meaning},
+    {name, meaning, Warning::id, Weight::weight == Weight::weak},
 #include "support/WarningList.inc"
 #undef TOVAREK_WARNING
 };

@@ -9,10 +9,10 @@
 namespace tovarek {
 
 struct WarningRow {
-    Warning warning;
     std::string_view name;
-    bool isWeak;  // only told when everything is wanted
     std::string_view meaning;
+    Warning warning;
+    bool isWeak;  // only told when everything is wanted
 };
 
 // In the order of Warning, without `none`.
