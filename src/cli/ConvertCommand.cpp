@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 #include <ostream>
 
 #include "base/Nearest.h"
@@ -231,11 +230,13 @@ int Report(const Result& result, bool isStrict, OutputFormat format, Streams str
 }
 
 int Convert(const ConvertOptions& options, OutputFormat format, Streams streams) {
-    const std::optional<InputForm> profileForm =
-        options.profile.empty() ? std::nullopt : std::optional(FormOf("--profile", options.profile));
-    const std::optional<InputForm> templateForm =
-        options.deviceTemplate.empty() ? std::nullopt
-                                       : std::optional(FormOf("--template", options.deviceTemplate));
+    // Forms of outputs that are not asked for do not matter.
+    InputForm profileForm = InputForm::ini;
+    if (!options.profile.empty())
+        profileForm = FormOf("--profile", options.profile);
+    InputForm templateForm = InputForm::ini;
+    if (!options.deviceTemplate.empty())
+        templateForm = FormOf("--template", options.deviceTemplate);
     Guard(options);
     const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
     DeviceInterface found = ReadAll(options, *catalog->types.Catalog());
@@ -248,16 +249,16 @@ int Convert(const ConvertOptions& options, OutputFormat format, Streams streams)
         replaced.push_back(ReplacementText(each));
     std::vector<Loss> losses = found.losses;
     std::vector<std::string> written;
-    if (profileForm) {
-        WriteWhole(options.profile, ProfileText(found.profile, *profileForm, replaced));
+    if (!options.profile.empty()) {
+        WriteWhole(options.profile, ProfileText(found.profile, profileForm, replaced));
         written.push_back(options.profile);
-        TellProfileLosses(found.profile, options.profile, *profileForm, losses);
+        TellProfileLosses(found.profile, options.profile, profileForm, losses);
     }
-    if (templateForm) {
+    if (!options.deviceTemplate.empty()) {
         const ResourceNames names(catalog->types.Catalog());
-        WriteWhole(options.deviceTemplate, TemplateText(found.device, *templateForm, names));
+        WriteWhole(options.deviceTemplate, TemplateText(found.device, templateForm, names));
         written.push_back(options.deviceTemplate);
-        TellTemplateLosses(found.device, options.deviceTemplate, *templateForm, losses);
+        TellTemplateLosses(found.device, options.deviceTemplate, templateForm, losses);
     }
     if (!options.job.empty()) {
         WriteWhole(options.job, JobText(options, found.addsNames && templateForm == InputForm::xml));
