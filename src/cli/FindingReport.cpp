@@ -37,10 +37,8 @@ void WriteSource(const CheckedFinding& finding, const Colors& colors, std::ostre
         return;
     const std::string_view shown = FirstCharacters(finding.source, kLongestSource);
     out << "    " << OneLine(shown) << "\n    ";
-    // Tabs stay tabs, so that the mark stands under its piece.
-    for (const char c : FirstCharacters(shown, start))
-        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U)
-            out << (c == '\t' ? '\t' : ' ');
+    // The line is shown with a blank for each tab, so the mark needs a blank for each character.
+    out << std::string(start, ' ');
     const std::size_t width =
         std::min(static_cast<std::size_t>(std::max(finding.width, 1)), kLongestSource - start);
     out << colors.mark << '^' << std::string(width - 1, '~') << colors.none << '\n';

@@ -57,6 +57,8 @@ TEST_F(CheckCommand, AFindingHasPlaceLineMarkAndNotes) {
             "    note: line 5: section [nv1] is not read: numberOfStaticNvs is 0\n" + path_ +
             ":11:10: error: message tag 1 (t), bindable \"2\": Bad tag binable flag; accepted: 0 to 1 [77 "
             "tagbindable]\n    bindable=2\n             ^\n1 error, 1 warning\n");
+    const Answer indented = Run("check", std::string(kGeneral) + "\textra=1\n");
+    EXPECT_NE(indented.out.find("\n     extra=1\n     ^~~~~\n"), std::string::npos) << indented.out;
     const Answer colored = Run("check", kFaulty, {"--color", "always"});
     EXPECT_NE(colored.out.find("\x1B[1;31merror: \x1B[0m"), std::string::npos) << colored.out;
 }
