@@ -1,7 +1,7 @@
 // tovarek check as a command: what it prints, its exit status, and the warnings of generate.
 #include <gtest/gtest.h>
 
-#include "Platform.h"
+#include "Program.h"
 #include "Slips.h"
 
 namespace tovarek::test {
@@ -13,17 +13,10 @@ constexpr const char* kFaulty =
     "[general]\nprogramID=9FFFFF5014030401\n[nvs]\nnumberOfStaticNvs=none\n[nv1]\nname=a\n[tags]\n"
     "numberOfTags=1\n[tag1]\n\tname=t\nbindable=2\n";
 
-struct Answer {
-    int status = 0;
-    std::string out;
-    std::string error;
-};
-
 class CheckCommand : public testing::Test {
   protected:
     Answer Run(const std::string& verb, const std::string& text, std::vector<std::string> more = {}) {
-        std::vector<std::string> arguments = {"tovarek",
-                                              verb,
+        std::vector<std::string> arguments = {verb,
                                               "--catalogDir",
                                               TOVAREK_CATALOG,
                                               "--iniTemplateFile",
@@ -33,13 +26,7 @@ class CheckCommand : public testing::Test {
                                               "--mustGenerateXif",
                                               "false"};
         arguments.insert(arguments.end(), more.begin(), more.end());
-        std::ostringstream out;
-        std::ostringstream error;
-        Answer answer;
-        answer.status = RunCommandLine(arguments, {out, error});
-        answer.out = out.str();
-        answer.error = error.str();
-        return answer;
+        return Call(std::move(arguments));
     }
 
     Scratch scratch_;

@@ -6,30 +6,13 @@
 #include <sstream>
 
 #include "../component/Device.h"
-#include "cli/CommandLine.h"
+#include "Program.h"
 #include "cli/OpenCatalog.h"
 #include "cli/Report.h"
 #include "formats/type/TypeFile.h"
 
 namespace tovarek::test {
 namespace {
-
-struct Answer {
-    int status = 0;
-    std::string out;
-    std::string error;
-};
-
-Answer Call(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "tovarek");
-    std::ostringstream out;
-    std::ostringstream error;
-    Answer run;
-    run.status = RunCommandLine(arguments, {out, error});
-    run.out = out.str();
-    run.error = error.str();
-    return run;
-}
 
 // A device without types of its own.
 constexpr const char* kTemplateXml =

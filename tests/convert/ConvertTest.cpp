@@ -4,30 +4,13 @@
 
 #include "../Samples.h"
 #include "../component/Device.h"
+#include "Program.h"
 #include "base/Text.h"
-#include "cli/CommandLine.h"
 #include "formats/xif/XifProperties.h"
 #include "profile/ProfileFields.h"
 
 namespace tovarek::test {
 namespace {
-
-struct Answer {
-    int status = 0;
-    std::string out;
-    std::string error;
-};
-
-Answer Call(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "tovarek");
-    std::ostringstream out;
-    std::ostringstream error;
-    Answer run;
-    run.status = RunCommandLine(arguments, {out, error});
-    run.out = out.str();
-    run.error = error.str();
-    return run;
-}
 
 std::string BehindDate(const std::string& xif) {
     return xif.substr(std::min(xif.size(), xif.find("\r\n\r\n")));
