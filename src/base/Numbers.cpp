@@ -87,6 +87,16 @@ double Literal(std::string_view digits, int base) {
     return value;
 }
 
+// The nearest integer, halves to even, where it has 32 bits.
+std::optional<std::int32_t> Rounded(double value) {
+    // The default rounding mode of the processor is "to nearest, halves to even".
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        return std::nullopt;
+    return static_cast<std::int32_t>(rounded);
+}
+
 }  // namespace
 
 double LeadingNumber(std::string_view text) {
@@ -130,16 +140,18 @@ bool IsProfileNumber(std::string_view text) {
 }
 
 std::int32_t RoundToInt32(double value) {
-    // The default rounding mode of the processor is "to nearest, halves to even".
-    const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
-          rounded <= std::numeric_limits<std::int32_t>::max()))
-        RaiseRuntimeError(RuntimeError::overflow,
-                          {.reason = "numbers here are whole and lie between -2147483648 and 2147483647"});
-    return static_cast<std::int32_t>(rounded);
+    if (const auto rounded = Rounded(value))
+        return *rounded;
+    RaiseRuntimeError(RuntimeError::overflow, {.reason = kOf32Bits});
 }
 
 std::int32_t LeadingInt32(std::string_view text) {
+    if (const auto number = FittingInt32(text))
+        return *number;
+    RaiseRuntimeError(RuntimeError::overflow, {.reason = kOf32Bits});
+}
+
+std::optional<std::int32_t> FittingInt32(std::string_view text) {
     // Nearly all numbers are a few plain digits.
     constexpr std::size_t kFewDigits = 9;
     if (!text.empty() && text.size() <= kFewDigits && std::all_of(text.begin(), text.end(), IsDigit)) {
@@ -148,7 +160,7 @@ std::int32_t LeadingInt32(std::string_view text) {
             value = value * 10 + (digit - '0');
         return value;
     }
-    return RoundToInt32(LeadingNumber(text));
+    return Rounded(LeadingNumber(text));
 }
 
 std::int32_t AddChecked(std::int32_t a, std::int32_t b) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,11 @@ std::int32_t RoundToInt32(double value);
 
 // RoundToInt32(LeadingNumber(text)).
 std::int32_t LeadingInt32(std::string_view text);
+// The same; nothing where that is outside the range.
+std::optional<std::int32_t> FittingInt32(std::string_view text);
+
+// Why a number is refused that does not fit.
+inline constexpr const char* kOf32Bits = "numbers here are whole and lie between -2147483648 and 2147483647";
 
 // Sum and product; runtime error 6 when they do not fit 32 bits.
 std::int32_t AddChecked(std::int32_t a, std::int32_t b);

@@ -74,14 +74,18 @@ XmlNode FirstNodeOf(const std::string& path, eErrors unloaded, const CErrorHandl
     return document.FirstNode();
 }
 
-std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text, std::string_view field) {
-    const auto place = [&] {
-        return ErrorContext{.field = field.empty() ? element.Name() : std::string(field),
-                            .value = Excerpt(text),
-                            .file = element.File(),
-                            .line = element.Line()};
-    };
-    return WithContext(place, [&] { return LeadingInt32(text); });
+std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text) {
+    if (const auto number = FittingInt32(text))
+        return *number;
+    RaiseRuntimeError(RuntimeError::overflow, OverflowIn(element, text, element.Name()));
+}
+
+ErrorContext OverflowIn(const XmlNode& element, std::string_view text, std::string_view field) {
+    return {.field = std::string(field),
+            .value = Excerpt(text),
+            .file = element.File(),
+            .line = element.Line(),
+            .reason = kOf32Bits};
 }
 
 std::string CTools::ExtractFile(std::string_view path, bool removeExtension) const {

@@ -15,9 +15,11 @@ namespace tovarek {
 // The first document-level node of the XML file at `path`. Raises error `unloaded` when it cannot be loaded.
 XmlNode FirstNodeOf(const std::string& path, eErrors unloaded, const CErrorHandler& errorHandler);
 
-// LeadingInt32 of `text`, which `element` says. The context of an error tells the element and calls it
-// `field`, or by its own name.
-std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text, std::string_view field = {});
+// LeadingInt32 of `text`, which `element` says. The context of an error tells the element.
+std::int32_t IntegerOfElement(const XmlNode& element, std::string_view text);
+
+// The context of a number beyond 32 bits, `text`, that `element` says for `field`.
+ErrorContext OverflowIn(const XmlNode& element, std::string_view text, std::string_view field);
 
 class CTools {
   public:

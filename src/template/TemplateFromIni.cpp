@@ -34,10 +34,10 @@ void ReadRecord(const IniText& text, std::int64_t number, IniSection& section, R
 }
 
 // The variables behind the last one that is read: `lastRead` entries of the table are taken already, the rest
-// of `count` sections adds one each and more where a section declares an array. Raises runtime error 6 for
+// of `count` sections adds one each and more where a section declares an array. Tells runtime error 6 for
 // the first variable, by its number, that is beyond what can be counted.
 void CountEntriesBehind(const IniText& text, const CTemplate& source, std::int32_t lastRead,
-                        std::int64_t taken) {
+                        std::int64_t taken, FindingSink& findings) {
     const std::int32_t count = source.numberStaticNvs;
     IniSection section;
     std::map<std::int32_t, std::int32_t> arrays;
@@ -63,11 +63,12 @@ void CountEntriesBehind(const IniText& text, const CTemplate& source, std::int32
             continue;
         CNv nv;
         ReadRecord(text, number, section, nv);
-        RefuseIndex(source, nv, static_cast<std::size_t>(number) - 1);
+        return TellIndex(source, nv, static_cast<std::size_t>(number) - 1, findings);
     }
     if (taken + count > INT32_MAX)
-        RaiseRuntimeError(RuntimeError::overflow, TemplatePlaces(source).Of(&CTemplate::numberStaticNvs,
-                                                                            {.sentence = kTooManyEntries}));
+        findings.Take(
+            {static_cast<std::int32_t>(RuntimeError::overflow),
+             TemplatePlaces(source).Of(&CTemplate::numberStaticNvs, {.sentence = kTooManyEntries})});
 }
 
 // Records grow by copying; a count that the file cannot fill must not reserve anything.
@@ -75,7 +76,7 @@ std::size_t RecordsToExpect(const IniText& text, std::int32_t count) {
     return std::min(static_cast<std::size_t>(std::max(count, 0)), text.SectionCount() + 1);
 }
 
-void ReadNvs(const IniText& text, const CTemplate& source, std::vector<CNv>& nvs) {
+void ReadNvs(const IniText& text, const CTemplate& source, std::vector<CNv>& nvs, FindingSink& findings) {
     const std::int32_t read = std::min(source.numberStaticNvs, kMostNvsRead);
     IniSection section;
     std::int64_t index = 0;
@@ -86,10 +87,10 @@ void ReadNvs(const IniText& text, const CTemplate& source, std::vector<CNv>& nvs
         ReadRecord(text, number, section, nv);
         index += std::max(nv.arraySize, 1);
         if (index > INT32_MAX)
-            RefuseIndex(source, nv, nvs.size() - 1);
+            return TellIndex(source, nv, nvs.size() - 1, findings);
     }
     if (source.numberStaticNvs > read)
-        CountEntriesBehind(text, source, read, index);
+        CountEntriesBehind(text, source, read, index, findings);
 }
 
 void ReadTags(const IniText& text, std::int32_t count, std::vector<CTag>& tags) {
@@ -129,7 +130,7 @@ void CTemplate::LoadTemplateFromIni(FindingSink& findings) {
         else
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
-    TellingErrors(findings, [&] { ReadNvs(*text, *this, nvs); });
+    ReadNvs(*text, *this, nvs, findings);
     ReadTags(*text, numberOfMessageTags, tags);
     ReadCps(*text, numberOfCps, cps);
 }

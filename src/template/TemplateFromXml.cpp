@@ -2,10 +2,12 @@
 // record that is named by its element.
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "support/CTools.h"
+#include "support/InputPlace.h"
 #include "template/CTemplate.h"
 #include "template/TemplatePlaces.h"
 
@@ -18,34 +20,26 @@ class XmlTemplateLoader {
     XmlTemplateLoader(CTemplate& target, FindingSink& findings, TemplateElements* elements = nullptr)
         : template_(target), findings_(findings), elements_(elements) {}
 
-    void LoadChildren(const XmlNode& parent) {
-        for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
-            if (child.IsElement())
-                LoadElement(child);
-    }
-
-  private:
-    enum class List { none, nvs, cps, tags };
-
-    void LoadElement(const XmlNode& element) {
-        const std::string name = UpperCase(element.Name());
-        switch (list_) {
-            case List::none:
-                LoadTemplateElement(element, name);
-                break;
-            case List::nvs:
-                LoadInList(element, name, template_.nvs, template_.numberStaticNvs);
-                break;
-            case List::cps:
-                LoadInList(element, name, template_.cps, template_.numberOfCps);
-                break;
-            case List::tags:
-                LoadInList(element, name, template_.tags, template_.numberOfMessageTags);
-                break;
+    // The fields of the template itself, at whatever depth outside of the lists.
+    void Load(const XmlNode& parent) {
+        for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling()) {
+            if (!child.IsElement())
+                continue;
+            const std::string name = UpperCase(child.Name());
+            LoadTemplateField(child, name);
+            if (name == "NVS")
+                LoadRecords(child, template_.nvs);
+            else if (name == "CPS")
+                LoadRecords(child, template_.cps);
+            else if (name == "TAGS")
+                LoadRecords(child, template_.tags);
+            else
+                Load(child);
         }
     }
 
-    void LoadTemplateElement(const XmlNode& element, const std::string& name) {
+  private:
+    void LoadTemplateField(const XmlNode& element, const std::string& name) {
         if (elements_ != nullptr)
             elements_->own.push_back(element);
         for (const TemplateField& field : TemplateFields()) {
@@ -53,74 +47,67 @@ class XmlTemplateLoader {
                 continue;
             if (elements_ != nullptr)
                 elements_->ownFields.push_back({0, field.xmlName, element});
+            const std::string text = tools_.nodeTextValue(element);
             if (field.text == &CTemplate::userTypeFile)
-                template_.userTypeFile = TrimBlanks(tools_.nodeTextValue(element));
+                template_.userTypeFile = TrimBlanks(text);
             else if (field.text != nullptr)
-                template_.*field.text = tools_.nodeTextValue(element);
+                template_.*field.text = text;
+            else if (const auto number = FittingInt32(text))
+                template_.*field.number = *number;
             else
-                template_.*field.number = Number(element, field.xmlName, [] { return "template"; });
+                template_.*field.number = Refuse(element, text, field.xmlName, "template");
         }
-        if (name == "NVS")
-            list_ = List::nvs;
-        else if (name == "CPS")
-            list_ = List::cps;
-        else if (name == "TAGS")
-            list_ = List::tags;
-        LoadChildren(element);
-        list_ = List::none;
     }
 
     // In a list the first level of elements are records; what is below them, at whatever depth, are their
     // fields.
     template <class Record>
-    void LoadInList(const XmlNode& element, const std::string& name, std::vector<Record>& records,
-                    std::int32_t& count) {
-        if (inRecord_) {
-            LoadField(element, name, records.back(), records.size() - 1);
-            LoadChildren(element);
-            return;
+    void LoadRecords(const XmlNode& list, std::vector<Record>& records) {
+        std::int32_t& count = template_.*RecordNames<Record>::count;
+        for (XmlNode element = list.FirstChild(); element; element = element.NextSibling()) {
+            if (!element.IsElement())
+                continue;
+            Record& record = records.emplace_back();
+            record.name = element.Name();
+            record.line = element.Line();
+            if (elements_ != nullptr)
+                (elements_->*RecordNames<Record>::elements).push_back(element);
+            count = AddChecked(count, 1);
+            SetIndex(record);
+            for (const XmlNode& child : ElementsBelow(element))
+                LoadField(child, record, records.size() - 1);
+            CountEntries(record);
         }
-        Record& record = records.emplace_back();
-        record.name = element.Name();
-        record.line = element.Line();
-        if (elements_ != nullptr)
-            (elements_->*RecordNames<Record>::elements).push_back(element);
-        count = AddChecked(count, 1);
-        SetIndex(record);
-        inRecord_ = true;
-        LoadChildren(element);
-        inRecord_ = false;
-        CountEntries(records.back());
     }
 
     template <class Record>
-    void LoadField(const XmlNode& element, const std::string& name, Record& record, std::size_t position) {
+    void LoadField(const XmlNode& element, Record& record, std::size_t position) {
+        const std::string name = UpperCase(element.Name());
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.xmlName.empty() || field.xmlName != name)
                 continue;
             if (elements_ != nullptr)
                 (elements_->*RecordNames<Record>::fields).push_back({position, field.xmlName, element});
+            const std::string text = tools_.nodeTextValue(element);
             if (field.text != nullptr)
-                record.*field.text = tools_.nodeTextValue(element);
+                record.*field.text = text;
             else if (field.xmlName == kDirectionElement)
-                record.*field.number = UpperCase(tools_.nodeTextValue(element)) == "INPUT" ? 0 : 1;
+                record.*field.number = UpperCase(text) == "INPUT" ? 0 : 1;
+            else if (const auto number = FittingInt32(text))
+                record.*field.number = *number;
             else
-                record.*field.number =
-                    Number(element, field.xmlName, [&] { return RecordTitle(record, position); });
+                record.*field.number = Refuse(element, text, field.xmlName, RecordTitle(record, position));
             return;
         }
     }
 
-    // `title` names the record; it is asked only when the number is refused.
-    template <class Title>
-    std::int32_t Number(const XmlNode& element, std::string_view field, const Title& title) {
-        std::int32_t number = 0;
-        const auto place = [&] { return ErrorContext{.record = title()}; };
-        TellingErrors(findings_, [&] {
-            number = WithContext(
-                place, [&] { return IntegerOfElement(element, tools_.nodeTextValue(element), field); });
-        });
-        return number;
+    // Tells a number beyond 32 bits; it counts as 0.
+    std::int32_t Refuse(const XmlNode& element, std::string_view text, std::string_view field,
+                        std::string record) {
+        ErrorContext context = OverflowIn(element, text, field);
+        context.record = std::move(record);
+        findings_.Take({static_cast<std::int32_t>(RuntimeError::overflow), std::move(context)});
+        return 0;
     }
 
     void SetIndex(CNv& nv) const { nv.index = nvIndex_; }
@@ -131,7 +118,7 @@ class XmlTemplateLoader {
     void CountEntries(const CNv& nv) {
         const std::int64_t index = std::int64_t{nvIndex_} + std::max(nv.arraySize, 1);
         if (index > INT32_MAX)
-            TellingErrors(findings_, [&] { RefuseIndex(template_, nv, template_.nvs.size() - 1); });
+            TellIndex(template_, nv, template_.nvs.size() - 1, findings_);
         else
             nvIndex_ = static_cast<std::int32_t>(index);
     }
@@ -142,8 +129,6 @@ class XmlTemplateLoader {
     FindingSink& findings_;
     TemplateElements* elements_;
     CTools tools_;
-    List list_ = List::none;
-    bool inRecord_ = false;
     std::int32_t nvIndex_ = 0;
     std::int32_t tagIndex_ = 0;
 };
@@ -157,14 +142,14 @@ TemplateElements ElementsOfTemplate(const XmlNode& node) {
     } nobody;
     CTemplate scratch;
     TemplateElements elements;
-    XmlTemplateLoader(scratch, nobody, &elements).LoadChildren(node);
+    XmlTemplateLoader(scratch, nobody, &elements).Load(node);
     return elements;
 }
 
 void CTemplate::LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings) {
     loadedNode_ = node;
     maximumNumberOfNvs = -1;
-    XmlTemplateLoader(*this, findings).LoadChildren(node);
+    XmlTemplateLoader(*this, findings).Load(node);
     if (maximumNumberOfNvs < 0)
         maximumNumberOfNvs = numberStaticNvs;
 }

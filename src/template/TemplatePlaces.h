@@ -133,10 +133,10 @@ class TemplatePlaces {
     bool fromIni_;
 };
 
-// Raises runtime error 6 for `nv`, at `position` from 0, whose array size is the one too many.
-[[noreturn]] inline void RefuseIndex(const CTemplate& source, const CNv& nv, std::size_t position) {
-    RaiseRuntimeError(RuntimeError::overflow, TemplatePlaces(source).Of(nv, position, &CNv::arraySize,
-                                                                        {.sentence = kTooManyEntries}));
+// Tells runtime error 6 for `nv`, at `position` from 0, whose array size is the one too many.
+inline void TellIndex(const CTemplate& source, const CNv& nv, std::size_t position, FindingSink& findings) {
+    findings.Take({static_cast<std::int32_t>(RuntimeError::overflow),
+                   TemplatePlaces(source).Of(nv, position, &CNv::arraySize, {.sentence = kTooManyEntries})});
 }
 
 }  // namespace tovarek
