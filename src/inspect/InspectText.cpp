@@ -21,46 +21,28 @@ bool FitsOneLine(const InspectNode& node) {
                        [](const InspectNode& child) { return child.shape == InspectNode::Shape::value; });
 }
 
-class TreeWriter {
-  public:
-    void Children(const InspectNode& node, std::size_t depth) {
-        std::size_t position = 0;
-        for (const InspectNode& child : node.children) {
-            ++position;
-            text_.append(2 * depth, ' ');
-            Label(node, child, position);
-            Content(child, depth);
-        }
-    }
-    std::string Take() { return std::move(text_); }
-
-  private:
-    void Label(const InspectNode& parent, const InspectNode& child, std::size_t position) {
-        if (!parent.IsList())
-            text_ += child.name;
-        else if (child.name.empty())
-            text_ += '[' + std::to_string(position) + ']';
+void AppendTree(const InspectNode& node, std::size_t depth, std::string& text) {
+    std::size_t position = 0;
+    for (const InspectNode& child : node.children) {
+        ++position;
+        text.append(2 * depth, ' ');
+        if (!node.IsList())
+            text += child.name + ':';
         else
-            text_ += '[' + Printable(child.name) + ']';
-        text_ += ':';
-    }
-
-    void Content(const InspectNode& child, std::size_t depth) {
+            text += '[' + (child.name.empty() ? std::to_string(position) : Printable(child.name)) + "]:";
         if (child.shape == InspectNode::Shape::value) {
             const std::string value = ValueText(child.value);
-            text_ += value.empty() ? "\n" : ' ' + value + '\n';
+            text += value.empty() ? "\n" : ' ' + value + '\n';
         } else if (child.children.empty()) {
-            text_ += " none\n";
+            text += " none\n";
         } else if (FitsOneLine(child)) {
-            text_ += ' ' + OneLineText(child, false) + '\n';
+            text += ' ' + OneLineText(child, false) + '\n';
         } else {
-            text_ += '\n';
-            Children(child, depth + 1);
+            text += '\n';
+            AppendTree(child, depth + 1, text);
         }
     }
-
-    std::string text_;
-};
+}
 
 void AppendOneLine(const InspectNode& node, bool comparedOnly, std::string& text) {
     if (node.shape == InspectNode::Shape::value) {
@@ -86,9 +68,9 @@ void AppendOneLine(const InspectNode& node, bool comparedOnly, std::string& text
 }  // namespace
 
 std::string TreeText(const InspectNode& node) {
-    TreeWriter writer;
-    writer.Children(node, 0);
-    return writer.Take();
+    std::string text;
+    AppendTree(node, 0, text);
+    return text;
 }
 
 std::string ValueText(const InspectNode::Value& value) {
