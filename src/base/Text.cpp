@@ -275,6 +275,10 @@ std::string HexText(std::string_view bytes, char separator) {
     return text;
 }
 
+std::string HexPairs(std::string_view digits) {
+    return HexText(FromHex(digits).value_or(""), ':');
+}
+
 std::optional<std::string> FromHex(std::string_view digits) {
     if (digits.size() % 2 != 0)
         return std::nullopt;

@@ -82,6 +82,9 @@ void AppendHex(std::string& text, std::uint64_t value, unsigned digits);
 // "00 1A FF", or with another character between the bytes.
 std::string HexText(std::string_view bytes, char separator = ' ');
 
+// "9F:FF:50" of "9FFF50"; nothing of what is no such digits.
+std::string HexPairs(std::string_view digits);
+
 // "001AFF" to three bytes; nothing when a character is no hexadecimal digit or their number is odd.
 std::optional<std::string> FromHex(std::string_view digits);
 

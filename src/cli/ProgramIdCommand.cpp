@@ -10,7 +10,7 @@ namespace tovarek {
 namespace {
 
 Json IdJson(const std::string& id) {
-    Json json = {{"programID", id}, {"pairs", ProgramIdPairs(id)}, {"isStandard", IsStandardProgramId(id)}};
+    Json json = {{"programID", id}, {"pairs", HexPairs(id)}, {"isStandard", IsStandardProgramId(id)}};
     if (IsStandardProgramId(id))
         for (const ProgramIdField& field : kProgramIdFields)
             json[std::string(field.name)] = id.substr(field.first, field.digits);
@@ -18,7 +18,7 @@ Json IdJson(const std::string& id) {
 }
 
 void WriteFields(const std::string& id, std::ostream& out) {
-    out << "in XIF files: " << ProgramIdPairs(id) << '\n';
+    out << "in XIF files: " << HexPairs(id) << '\n';
     if (!IsStandardProgramId(id)) {
         out << "format: " << id.front()
             << ", not that of a standard program ID (8 or 9): the other digits are not split\n";

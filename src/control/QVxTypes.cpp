@@ -49,6 +49,20 @@ Outcome SetRange(const NumberRange& range, TypeDescription& type) {
     return scaling.Ok() ? SetLimits(range.minimum, range.maximum, type) : scaling;
 }
 
+struct LongerKinds {
+    TypeKind ofTwoBytes;
+    TypeKind ofFourBytes;
+};
+
+// `type` has the kind of one byte.
+Outcome SetInteger(std::int32_t length, LongerKinds longer, const NumberRange& range, TypeDescription& type) {
+    if (length != 1 && length != 2 && length != 4)
+        return Failure(resultBadParam, "an integer has 1, 2 or 4 bytes");
+    if (length > 1)
+        type.kind = length == 2 ? longer.ofTwoBytes : longer.ofFourBytes;
+    return SetRange(range, type);
+}
+
 // A limit that rounds to the largest single-precision number is that number: 15 digits cannot tell it
 // exactly.
 bool ToFloat(double value, float& result) {
@@ -287,23 +301,15 @@ std::int32_t QVxTypes::DescribeReference(const TypeElement& element, std::int32_
 
 std::int32_t QVxTypes::DescribeSigned(const TypeElement& element, std::int32_t length,
                                       const NumberRange& range) {
-    return impl_->Describe(element, TypeKind::signedShort, [&](TypeDescription& type) -> Outcome {
-        if (length != 1 && length != 2 && length != 4)
-            return Failure(resultBadParam, "a signed number has 1, 2 or 4 bytes");
-        if (length > 1)
-            type.kind = length == 2 ? TypeKind::signedLong : TypeKind::signedQuad;
-        return SetRange(range, type);
+    return impl_->Describe(element, TypeKind::signedShort, [&](TypeDescription& type) {
+        return SetInteger(length, {TypeKind::signedLong, TypeKind::signedQuad}, range, type);
     });
 }
 
 std::int32_t QVxTypes::DescribeUnsigned(const TypeElement& element, std::int32_t length,
                                         const NumberRange& range) {
-    return impl_->Describe(element, TypeKind::unsignedShort, [&](TypeDescription& type) -> Outcome {
-        if (length != 1 && length != 2 && length != 4)
-            return Failure(resultBadParam, "an unsigned number has 1, 2 or 4 bytes");
-        if (length > 1)
-            type.kind = length == 2 ? TypeKind::unsignedLong : TypeKind::unsignedQuad;
-        return SetRange(range, type);
+    return impl_->Describe(element, TypeKind::unsignedShort, [&](TypeDescription& type) {
+        return SetInteger(length, {TypeKind::unsignedLong, TypeKind::unsignedQuad}, range, type);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "base/Error.h"
+#include "base/Nearest.h"
 #include "base/Path.h"
 #include "base/Text.h"
 #include "formats/catalog/CatalogFile.h"
@@ -299,6 +300,19 @@ std::int32_t StandardCatalog::NvIndex(std::string_view name) const {
 }
 std::int32_t StandardCatalog::CpIndex(std::string_view name) const {
     return Impl::IndexOf(impl_->view.CpTypes(), "SCPT", name, impl_->cpNames);
+}
+
+CatalogEntry StandardCatalog::NearestNv(std::string_view name) const {
+    std::vector<CatalogEntry> types = NvTypes();
+    std::vector<std::string> names;
+    names.reserve(types.size());
+    for (const CatalogEntry& type : types)
+        names.push_back(type.name);
+    const std::string nearest = Nearest(name, names);
+    for (CatalogEntry& type : types)
+        if (!nearest.empty() && type.name == nearest)
+            return std::move(type);
+    return {};
 }
 
 const NvType* StandardCatalog::Nv(std::int32_t index) const {

@@ -73,6 +73,8 @@ class StandardCatalog {
     // Index of a whole name, letter case counts ("SNVT_temp"); 0 when there is none.
     std::int32_t NvIndex(std::string_view name) const;
     std::int32_t CpIndex(std::string_view name) const;
+    // The type whose whole name is nearest to a mistyped one (base/Nearest.h); index 0 when none is near.
+    CatalogEntry NearestNv(std::string_view name) const;
 
     // The whole type, described. Null also when the description is damaged or of a kind that is not known.
     const NvType* Nv(std::int32_t index) const;

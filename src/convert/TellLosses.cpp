@@ -99,20 +99,24 @@ class TemplateComparison {
     std::vector<Loss>& losses_;
 };
 
+// What the written file is read as.
+template <class Input>
+Input Read(const std::string& path, InputForm form, std::string_view element) {
+    const CErrorHandler errorHandler;
+    Input held;
+    held.errorHandler = &errorHandler;
+    (form == InputForm::ini ? held.iniFile : held.xmlFile) = path;
+    held.xmlNodeName = element;
+    held.Load();
+    held.errorHandler = nullptr;
+    return held;
+}
+
 }  // namespace
 
 void TellProfileLosses(const ProfileValues& given, const std::string& path, InputForm form,
                        std::vector<Loss>& losses) {
-    const CErrorHandler errorHandler;
-    CProfile held;
-    held.errorHandler = &errorHandler;
-    if (form == InputForm::ini) {
-        held.iniFile = path;
-    } else {
-        held.xmlFile = path;
-        held.xmlNodeName = kProfileElement;
-    }
-    held.Load();
+    const auto held = Read<CProfile>(path, form, kProfileElement);
     for (const ProfileField& field : kProfileFields)
         if (given.*field.value != held.*field.value)
             losses.push_back({"line " + std::to_string(field.line), std::string(field.iniKey),
@@ -122,16 +126,7 @@ void TellProfileLosses(const ProfileValues& given, const std::string& path, Inpu
 
 void TellTemplateLosses(const CTemplate& given, const std::string& path, InputForm form,
                         std::vector<Loss>& losses) {
-    const CErrorHandler errorHandler;
-    CTemplate held;
-    held.errorHandler = &errorHandler;
-    if (form == InputForm::ini) {
-        held.iniFile = path;
-    } else {
-        held.xmlFile = path;
-        held.xmlNodeName = kTemplateElement;
-    }
-    held.Load();
+    const auto held = Read<CTemplate>(path, form, kTemplateElement);
     TemplateComparison(given, held, form, losses).Compare();
 }
 

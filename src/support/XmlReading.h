@@ -22,6 +22,16 @@ namespace tovarek {
 // Names of elements, in capitals; of a table that outlives the job.
 using XmlNames = std::span<const std::string_view>;
 
+// The names that the rows of a table have, behind `names`; for tables that are asked once.
+template <class Rows, class Row>
+std::vector<std::string_view> NamesOf(const Rows& rows, std::string_view Row::*name,
+                                      std::vector<std::string_view> names = {}) {
+    for (const Row& row : rows)
+        if (!(row.*name).empty())
+            names.push_back(row.*name);
+    return names;
+}
+
 // What the loaders of a job did with the elements of one file, by their numbers: every loader reads a tree of
 // its own.
 struct XmlMarks {

@@ -42,14 +42,10 @@ std::string TypeMend(const CCatalog* catalog, const FieldName& field, std::strin
     const StandardCatalog* const standard = catalog == nullptr ? nullptr : catalog->types.Catalog();
     if (standard == nullptr)
         return {};
-    std::vector<std::string> names;
-    for (const CatalogEntry& entry : standard->NvTypes())
-        names.push_back(entry.name);
-    const std::string name = Nearest(typed, names);
-    if (name.empty())
-        return {};
-    const std::int32_t number = standard->NvIndex(name);
-    return name + " is " + std::to_string(number) + ": " + Mend(field, number);
+    const CatalogEntry type = standard->NearestNv(typed);
+    return type.name.empty()
+               ? type.name
+               : type.name + " is " + std::to_string(type.index) + ": " + Mend(field, type.index);
 }
 
 std::string WordMend(const FieldName& field, std::string_view typed, bool hasMeanings) {

@@ -88,12 +88,8 @@ std::string NumberOfType(CCatalog& catalog, std::string_view name) {
     const StandardCatalog* standard = catalog.types.Catalog();
     if (standard == nullptr)
         return {};
-    std::vector<std::string> names;
-    for (const CatalogEntry& entry : standard->NvTypes())
-        names.push_back(entry.name);
-    const std::string nearest = Nearest(name, names);
-    return nearest.empty() ? nearest
-                           : nearest + " has the number " + std::to_string(standard->NvIndex(nearest));
+    const CatalogEntry type = standard->NearestNv(name);
+    return type.name.empty() ? type.name : type.name + " has the number " + std::to_string(type.index);
 }
 
 // The place in a declaration that a fault of AnalyseCP's numbers is shown at: the declaration itself.

@@ -11,28 +11,16 @@
 namespace tovarek {
 namespace {
 
-// The names of a table's elements.
-template <class Field>
-std::vector<std::string_view> XmlNamesOf(std::span<const Field> fields) {
-    std::vector<std::string_view> names;
-    for (const Field& field : fields)
-        if (!field.xmlName.empty())
-            names.push_back(field.xmlName);
-    return names;
-}
-
 template <class Record>
 XmlNames RecordXmlNames() {
-    static const std::vector<std::string_view> names = XmlNamesOf(RecordNames<Record>::Fields());
+    static const std::vector<std::string_view> names =
+        NamesOf(RecordNames<Record>::Fields(), &RecordField<Record>::xmlName);
     return names;
 }
 
 XmlNames TemplateXmlNames() {
-    static const std::vector<std::string_view> names = [] {
-        std::vector<std::string_view> all = XmlNamesOf(TemplateFields());
-        all.insert(all.end(), std::begin(kTemplateLists), std::end(kTemplateLists));
-        return all;
-    }();
+    static const std::vector<std::string_view> names = NamesOf(
+        TemplateFields(), &TemplateField::xmlName, {std::begin(kTemplateLists), std::end(kTemplateLists)});
     return names;
 }
 

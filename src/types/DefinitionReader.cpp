@@ -85,12 +85,7 @@ const DefinitionReader::ChildRule DefinitionReader::kChildRules[] = {
 };
 
 XmlNames DefinitionReader::ChildNames() {
-    static const std::vector<std::string_view> names = [] {
-        std::vector<std::string_view> all;
-        for (const ChildRule& rule : kChildRules)
-            all.push_back(rule.name);
-        return all;
-    }();
+    static const std::vector<std::string_view> names = NamesOf(kChildRules, &ChildRule::name);
     return names;
 }
 

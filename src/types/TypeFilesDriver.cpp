@@ -46,7 +46,7 @@ constexpr TypeKindRule kProperties = {"CP_", "configuration-property type",
 
 // "set program_id 90:00:01:0A:0B:04:01:00;"
 std::string ProgramIdLine(std::string_view programID) {
-    return "set program_id " + HexText(FromHex(programID).value_or(""), ':') + ';';
+    return "set program_id " + HexPairs(programID) + ';';
 }
 
 class TypeFilesDriver {

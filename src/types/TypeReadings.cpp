@@ -16,14 +16,9 @@ std::string MendTypeNumber(const StandardCatalog* catalog, std::string_view pref
         return "write " + upper.substr(prefix.size());
     if (catalog == nullptr)
         return {};
-    std::vector<std::string> names;
-    for (const CatalogEntry& entry : catalog->NvTypes())
-        names.push_back(entry.name);
-    const std::string name = Nearest(typed, names);
-    if (name.empty())
-        return {};
-    const std::string number = std::to_string(catalog->NvIndex(name));
-    return name + " is " + number + ": write " + number;
+    const CatalogEntry type = catalog->NearestNv(typed);
+    const std::string number = std::to_string(type.index);
+    return type.name.empty() ? type.name : type.name + " is " + number + ": write " + number;
 }
 
 }  // namespace tovarek

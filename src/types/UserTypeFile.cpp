@@ -87,22 +87,13 @@ constexpr std::size_t kProgramIdDigits = 16;
 
 // The names that a type's children have.
 XmlNames ChildNames() {
-    static const std::vector<std::string_view> names = [] {
-        std::vector<std::string_view> all = {"NAME", "SNVTTYPE"};
-        for (const RawValueRule& rule : kRawValueRules)
-            all.push_back(rule.element);
-        return all;
-    }();
+    static const std::vector<std::string_view> names =
+        NamesOf(kRawValueRules, &RawValueRule::element, {"NAME", "SNVTTYPE"});
     return names;
 }
 
 XmlNames ScopeNames() {
-    static const std::vector<std::string_view> names = [] {
-        std::vector<std::string_view> all;
-        for (const ScopeRule& rule : kScopeRules)
-            all.push_back(rule.element);
-        return all;
-    }();
+    static const std::vector<std::string_view> names = NamesOf(kScopeRules, &ScopeRule::element);
     return names;
 }
 

@@ -26,16 +26,6 @@ bool IsStandardProgramId(std::string_view digits) {
     return digits.starts_with('8') || digits.starts_with('9');
 }
 
-std::string ProgramIdPairs(std::string_view digits) {
-    std::string pairs;
-    for (std::size_t i = 0; i < digits.size(); ++i) {
-        if (i > 0 && i % 2 == 0)
-            pairs += ':';
-        pairs += digits[i];
-    }
-    return pairs;
-}
-
 std::optional<std::string> ProgramIdFieldDigits(const ProgramIdField& field, std::string_view text) {
     if (text.empty() || text.size() > field.digits || !std::all_of(text.begin(), text.end(), IsHexDigit))
         return std::nullopt;

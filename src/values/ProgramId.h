@@ -36,9 +36,6 @@ std::optional<std::string> ProgramIdDigits(std::string_view text);
 // own.
 bool IsStandardProgramId(std::string_view digits);
 
-// "9F:FF:FF:50:14:03:04:01".
-std::string ProgramIdPairs(std::string_view digits);
-
 // `text` as the digits of a field, in capitals and filled up with zeros in front; nothing when it holds
 // anything but hexadecimal digits, none at all, or more than the field has.
 std::optional<std::string> ProgramIdFieldDigits(const ProgramIdField& field, std::string_view text);
