@@ -11,6 +11,7 @@
 #include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
 #include "cli/ErrorsCommand.h"
+#include "cli/ExplainCommand.h"
 #include "cli/GenerateCommand.h"
 #include "cli/InspectCommands.h"
 #include "cli/Locations.h"
@@ -61,6 +62,12 @@ constexpr Verb kVerbs[] = {
      "  --warnings-as-errors            exit status 1 for a warning as well\n"
      "  --color auto|always|never       colours; auto: on a terminal, unless NO_COLOR is set\n",
      "tovarek check --iniTemplateFile template.ini --mustGenerateTypes false --mustGenerateXif false"},
+    {"explain", "explain NUMBER|NAME", "what a finding means, why it matters, an example, the mend",
+     "NUMBER or NAME is what stands in brackets behind a finding of 'tovarek check', or the code of an "
+     "error.\n"
+     "  --list                          all of them in short\n"
+     "  --format markdown               with --list: all texts, as docs/findings.md has them\n",
+     "tovarek explain not-a-number"},
     {"errors", "errors [WORD]", "list the errors; WORD: cause and mend of one, e.g. 71",
      "WORD is the number of an error, the code that a message begins with, or a name.\n",
      "tovarek errors nvlength"},
@@ -136,6 +143,37 @@ void WriteVerbHelp(const Verb& verb, std::ostream& out) {
         out << "Example: " << verb.example << '\n';
 }
 
+struct FormatRow {
+    std::string_view name;
+    OutputFormat format;
+    std::string_view verb;  // the only one that has it; empty: all have
+};
+constexpr FormatRow kFormats[] = {
+    {"text", OutputFormat::text, ""},
+    {"json", OutputFormat::json, ""},
+    {"markdown", OutputFormat::markdown, "explain"},
+};
+
+const FormatRow* FindFormat(std::string_view name) {
+    for (const FormatRow& row : kFormats)
+        if (row.name == name)
+            return &row;
+    return nullptr;
+}
+
+// What is wrong with a name after --format; empty when the command has such a format.
+std::string FaultOfFormat(std::string_view name, std::string_view verb) {
+    const FormatRow* const asked = FindFormat(name);
+    if (asked != nullptr && (asked->verb.empty() || asked->verb == verb))
+        return {};
+    std::string choice;
+    for (const FormatRow& row : kFormats)
+        if (row.verb.empty() || row.verb == verb)
+            choice += (choice.empty() ? "" : " or ") + ("--format " + std::string(row.name));
+    return "there is no output format '" + Excerpt(name) + "'" +
+           (asked == nullptr ? "" : " for 'tovarek " + std::string(verb) + "'") + "; give " + choice;
+}
+
 // The options of a command that set properties.
 class SettingOptions {
   public:
@@ -172,6 +210,7 @@ struct Commands {
     CLI::App app{"tovarek"};
     CLI::App* generate = app.add_subcommand("generate");
     CLI::App* check = app.add_subcommand("check");
+    CLI::App* explain = app.add_subcommand("explain");
     CLI::App* errors = app.add_subcommand("errors");
     CLI::App* catalog = app.add_subcommand("catalog");
     CLI::App* list = catalog->add_subcommand("list");
@@ -188,6 +227,7 @@ struct Commands {
     std::string formatName = "text";
     bool version = false;
     CatalogPlace place;
+    ExplainWishes explainWishes;
     std::string word;       // of errors, catalog show and catalog find
     std::string file;       // of dump, and the first one of diff
     std::string otherFile;  // the second one of diff
@@ -205,8 +245,8 @@ struct Commands {
         app.allow_extras();
         app.add_flag("--version", version);
         AddFormat(app);
-        for (CLI::App* command : {generate, check, errors, catalog, list, show, find, dump, diff, convert,
-                                  value, encode, decode, programId}) {
+        for (CLI::App* command : {generate, check, explain, errors, catalog, list, show, find, dump, diff,
+                                  convert, value, encode, decode, programId}) {
             command->allow_extras();
             AddFormat(*command);
         }
@@ -222,6 +262,8 @@ struct Commands {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
+        explain->add_option("WORD", explainWishes.word);
+        explain->add_flag("--list", explainWishes.isList);
         errors->add_option("WORD", word);
         show->add_option("TYPE", word);
         find->add_option("WORD", word);
@@ -256,7 +298,10 @@ struct Commands {
         command.add_option("--format", formatName)->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     }
 
-    OutputFormat Format() const { return formatName == "json" ? OutputFormat::json : OutputFormat::text; }
+    OutputFormat Format() const {
+        const FormatRow* const row = FindFormat(formatName);
+        return row == nullptr ? OutputFormat::text : row->format;
+    }
 
     // The innermost command that was given, and its name with those of the commands that it belongs to.
     const CLI::App& Given(std::string& name) const {
@@ -352,10 +397,8 @@ int RunConvert(const Commands& commands, Streams streams) {
 
 int RunParsed(const Commands& commands, const std::string& program, Streams streams) {
     const OutputFormat format = commands.Format();
-    if (commands.formatName != "text" && commands.formatName != "json")
-        return ReportWrongUse("there is no output format '" + Excerpt(commands.formatName) +
-                                  "'; give --format text or --format json",
-                              format, streams);
+    if (const std::string fault = FaultOfFormat(commands.formatName, streams.command); !fault.empty())
+        return ReportWrongUse(fault, OutputFormat::text, streams);
     if (commands.version) {
         streams.out << (format == OutputFormat::json ? "{\"version\": \"" TOVAREK_VERSION "\"}\n"
                                                      : "tovarek " TOVAREK_VERSION "\n");
@@ -367,6 +410,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
         return RunGenerate(commands.generateSettings.InOrder(), !commands.withoutWarnings, format, streams);
     if (commands.check->parsed())
         return RunCheck(commands.checkSettings.InOrder(), commands.checkWishes, format, streams);
+    if (commands.explain->parsed())
+        return RunExplain(commands.explainWishes, format, streams);
     if (commands.errors->parsed())
         return RunErrors(commands.word, format, streams);
     if (commands.catalog->parsed())

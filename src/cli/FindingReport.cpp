@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "base/Text.h"
-#include "cli/ErrorNames.h"
+#include "explain/ErrorNames.h"
 #include "system/Files.h"
 
 namespace tovarek {

@@ -48,7 +48,7 @@ void AddRun(const RunReport& report, Json& json) {
 // A fault that is no error of the generator: it has a name but no number. `advice`: of the text alone.
 void WriteFault(const char* name, const std::string& message, const std::string& advice, OutputFormat format,
                 Streams streams) {
-    if (format == OutputFormat::text) {
+    if (format != OutputFormat::json) {
         streams.error << "tovarek: " << message << '\n' << advice;
         return;
     }

@@ -7,12 +7,12 @@
 
 #include "base/Error.h"
 #include "check/Check.h"
-#include "cli/ErrorNames.h"
+#include "explain/ErrorNames.h"
 #include "cli/Streams.h"
 
 namespace tovarek {
 
-enum class OutputFormat { text, json };
+enum class OutputFormat { text, json, markdown };
 
 // What a run of `generate` comes to.
 struct RunReport {

@@ -1,4 +1,4 @@
-#include "cli/ErrorNames.h"
+#include "explain/ErrorNames.h"
 
 #include <algorithm>
 #include <array>
