@@ -11,7 +11,7 @@ EXAMPLE = pathlib.Path(__file__).resolve().parent.parent / "examples" / "fan-coi
 STANDARD = [(8, 2), (81, 2), (92, 3), (93, 6), (95, 2), (105, 2), (107, 2), (9, 2), (39, 2), (48, 2)]
 USER = [(300, 2), (301, 2), (302, 4), (303, 1), (304, 16), (320, 9)]
 # Standard properties: number in scope 0, bytes of one element.
-PROPERTIES = [(49, 2), (52, 2), (17, 31), (48, 2), (22, 2)]
+PROPERTIES = [(49, 2), (52, 2), (17, 31), (48, 2), (34, 2)]
 USER_PROPERTIES = [(300, 2, "0FA0", "4650"), (303, 1, "00", "04"), (304, 16, "00" * 16, "FF" * 16)]
 
 # Field, XML element, how a value is drawn.
@@ -48,8 +48,11 @@ def tags(rng):
         yield "tag%d" % number, [("bindable", str(rng.randrange(2)))] + optional(rng, NV_FIELDS[:2])
 
 
-def hexadecimal(rng, size):
-    return "".join(rng.choice("0123456789ABCDEF") for _ in range(2 * size))
+def hexadecimal(rng, size, count):
+    """Numbers that no limit forbids, or a text."""
+    if size == 2:
+        return "".join("%04X" % rng.randrange(0x1000) for _ in range(count))
+    return "".join(rng.choice("0123456789ABCDEF") for _ in range(2 * size * count))
 
 
 def properties(rng):
@@ -60,7 +63,7 @@ def properties(rng):
             count = rng.choice([0, 0, 3])
             fields = [("declaration", "1,1,0\\x80,%d,%d%s;" % (index, size, ",%d" % count if count else ""))]
             if rng.random() < 1 / 3:
-                fields.append(("value", hexadecimal(rng, size * max(count, 1))))
+                fields.append(("value", hexadecimal(rng, size, max(count, 1))))
         else:
             kind, size, low, high = rng.choice(USER_PROPERTIES)
             own += 1

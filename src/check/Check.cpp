@@ -73,8 +73,10 @@ class Judgement {
 
     std::vector<CheckedFinding> Make() {
         Index();
-        std::vector<std::vector<CheckNote>> notes(findings_.size());
+        std::vector<std::vector<FindingNote>> notes(findings_.size());
         std::vector<bool> isNote(findings_.size());
+        for (std::size_t i = 0; i < findings_.size(); ++i)
+            notes[i] = std::move(findings_[i].notes);
         for (std::size_t i = 0; i < findings_.size(); ++i) {
             const auto cause = causes_.find(CauseKey(findings_[i], findings_[i].causeLine));
             isNote[i] = findings_[i].causeLine > 0 && cause != causes_.end();
@@ -116,7 +118,7 @@ class Judgement {
         }
     }
 
-    void AddExplanations(const Finding& error, std::vector<CheckNote>& notes) const {
+    void AddExplanations(const Finding& error, std::vector<FindingNote>& notes) const {
         const auto ofLine = explanationsOfLine_.find(CauseKey(error, error.context.line));
         if (ofLine != explanationsOfLine_.end())
             AddNote(notes, findings_[ofLine->second]);
@@ -130,14 +132,14 @@ class Judgement {
                 AddNote(notes, findings_[found->second[i]]);
     }
 
-    static void AddNote(std::vector<CheckNote>& notes, const Finding& finding) {
+    static void AddNote(std::vector<FindingNote>& notes, const Finding& finding) {
         if (notes.size() < kMostNotes)
             notes.push_back({finding.context.file, finding.context.line, MessageOf(finding)});
         else if (notes.size() == kMostNotes)
             notes.push_back({{}, 0, "and others that follow from it"});
     }
 
-    CheckedFinding Judged(const Finding& finding, std::vector<CheckNote> notes, std::size_t order) {
+    CheckedFinding Judged(const Finding& finding, std::vector<FindingNote> notes, std::size_t order) {
         const LinePlace place = lines_.PlaceOf(finding);
         return {.isError = finding.warning == Warning::none,
                 .error = finding.error,

@@ -12,12 +12,6 @@
 
 namespace tovarek {
 
-struct CheckNote {
-    std::string file;
-    int line = 0;  // 0 when it is no place of its own
-    std::string text;
-};
-
 struct CheckedFinding {
     bool isError = false;
     std::int32_t error = 0;  // of an error: one of eErrors or a runtime error
@@ -27,7 +21,7 @@ struct CheckedFinding {
     int column = 0;      // 1-based, in characters; 0 when unknown
     int width = 0;       // of the marked piece
     std::string source;  // the line itself
-    std::vector<CheckNote> notes;
+    std::vector<FindingNote> notes;
     std::size_t order = 0;  // in the sequence of Generate, from 1
 };
 

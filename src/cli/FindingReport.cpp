@@ -53,7 +53,7 @@ void WriteFinding(const CheckedFinding& finding, const Colors& colors, std::ostr
         out << ShortNumber(finding.error) << ' ';
     out << finding.name << "]\n";
     WriteSource(finding, colors, out);
-    for (const CheckNote& note : finding.notes) {
+    for (const FindingNote& note : finding.notes) {
         out << "    note: ";
         if (note.line > 0)
             out << (note.file == finding.context.file ? "line " + std::to_string(note.line)
@@ -82,7 +82,7 @@ Json FindingJson(const CheckedFinding& finding) {
     json["order"] = finding.order;
     json["context"] = ContextJson(finding.context);
     Json notes = Json::array();
-    for (const CheckNote& note : finding.notes) {
+    for (const FindingNote& note : finding.notes) {
         Json row = {{"message", note.text}};
         if (note.line > 0) {
             row["file"] = SystemPath(note.file);

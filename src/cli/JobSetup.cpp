@@ -95,13 +95,19 @@ std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& s
 }
 
 void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings) {
-    for (Finding& finding : findings)
-        for (const SetProperty& property : set)
-            if (finding.context.file.empty() && finding.context.field == property.name && property.line > 0) {
-                finding.context.file = property.job;
-                finding.context.line = property.line;
-                finding.part = LinePart::name;
-            }
+    for (Finding& finding : findings) {
+        if (!finding.context.file.empty())
+            continue;
+        // The last one that sets it counts, and may be no job.
+        const auto property = std::find_if(set.rbegin(), set.rend(), [&](const SetProperty& other) {
+            return other.name == finding.context.field;
+        });
+        if (property == set.rend() || property->line == 0)
+            continue;
+        finding.context.file = property->job;
+        finding.context.line = property->line;
+        finding.part = LinePart::name;
+    }
 }
 
 void UseShippedCatalog(Tovarek& component) {

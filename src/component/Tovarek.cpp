@@ -7,6 +7,7 @@
 
 #include "component/FilesList.h"
 #include "component/XifWriter.h"
+#include "contradictions/Contradictions.h"
 #include "support/Readings.h"
 #include "system/TrialOutput.h"
 
@@ -98,6 +99,8 @@ void Tovarek::Run(FindingSink& findings, Purpose purpose) {
         if (purpose == Purpose::check)
             trial.emplace(mustGenerateTypes_ ? typeFiles_.typeFilesDirectory : "");
         TrialOutput* const output = trial ? &*trial : nullptr;
+        if (findings.WantsWarnings())
+            TellOutputs(findings);
         bool isTemplateRead = false;
         TellingErrors(findings, [&] {
             ReadTemplate(readings);
@@ -126,6 +129,8 @@ void Tovarek::ReadTemplate(Readings& readings) {
     if (findings.WantsWarnings())
         template_.TellReadings(readings);
     template_.VerifyData(findings);
+    if (findings.WantsWarnings())
+        TellTemplateContradictions(template_, findings);
     if (addNameInCpString_ && mustGenerateXif_ && findings.WantsWarnings())
         template_.TellJoinedNames(findings);
     if (addNameInCpString_)

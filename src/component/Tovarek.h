@@ -153,6 +153,7 @@ class Tovarek {
 
     void RaiseWhenCatalogFailed() const;
     void Run(FindingSink& findings, Purpose purpose);
+    void TellOutputs(FindingSink& findings) const;
     void ReadTemplate(Readings& readings);
     void DoTypeFiles(Readings& readings, TrialOutput* trial);
     void DoXif(Readings& readings, TrialOutput* trial);

@@ -1,5 +1,6 @@
 #include "component/FilesList.h"
 #include "component/Tovarek.h"
+#include "contradictions/Contradictions.h"
 #include "control/StandardCatalog.h"
 
 namespace tovarek {
@@ -39,6 +40,15 @@ JobFiles Tovarek::Files() const {
     if (mustGenerateXif_)
         Add(files.outputs, "outputXIFfile", outputXIFfile_);
     return files;
+}
+
+void Tovarek::TellOutputs(FindingSink& findings) const {
+    std::vector<OutputPath> outputs;
+    for (const JobFile& file : Files().outputs) {
+        const bool isXif = file.role == "outputXIFfile";
+        outputs.push_back({file.path, isXif ? file.role : "typeFilesBaseName", file.role});
+    }
+    TellOutputContradictions(outputs, findings);
 }
 
 }  // namespace tovarek

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "support/CErrorHandler.h"
 
@@ -21,6 +23,13 @@ enum class Warning {
 // Which part of the line of a finding it is about.
 enum class LinePart { value, name, all };
 
+// Another place that a finding is about, such as the other side of a contradiction.
+struct FindingNote {
+    std::string file;
+    int line = 0;  // 0 when it is no place of its own
+    std::string text;
+};
+
 // A fault, by the error that a generation raises for it (one of eErrors or a runtime error), or a warning, by
 // its name; and its place. The reason of a warning's context is its text.
 struct Finding {
@@ -31,6 +40,7 @@ struct Finding {
     int causeLine = 0;  // a line of the same file; a finding there explains this one
     int column = 0;     // of the marked piece of the line, in characters from 1; 0: the part tells
     int width = 0;
+    std::vector<FindingNote> notes{};
 };
 
 class FindingSink {

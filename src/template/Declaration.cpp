@@ -1,7 +1,7 @@
 #include "template/Declaration.h"
 
 #include <algorithm>
-#include <vector>
+#include <charconv>
 
 #include "base/Text.h"
 
@@ -96,6 +96,25 @@ std::string OddityOfDeclaration(std::string_view declaration) {
         return "the text " + Quoted(declaration.substr(end + 1)) +
                " behind its first ';' is written as it is; other programs take it for the next declaration";
     return {};
+}
+
+std::optional<PropertyOwner> OwnerOfProperty(std::string_view declaration) {
+    declaration = declaration.substr(0, declaration.find(';'));
+    if (!OddityOfDeclaration(std::string(declaration) + ';').empty())
+        return std::nullopt;
+    const std::vector<std::string_view> fields = FieldsOf(declaration);
+    if (fields.size() < 2)
+        return std::nullopt;
+    PropertyOwner owner{.kind = static_cast<PropertyOwner::Kind>(HexValue(fields[0][0])),
+                        .selection = std::string(fields[1])};
+    for (std::string_view rest = fields[1]; !rest.empty();) {
+        const std::size_t end = std::min(rest.find_first_of(".~"), rest.size());
+        std::int64_t position = INT32_MAX;
+        const auto parsed = std::from_chars(rest.data(), rest.data() + end, position);
+        owner.positions.push_back(parsed.ec == std::errc() ? position : INT32_MAX);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return owner;
 }
 
 }  // namespace tovarek
