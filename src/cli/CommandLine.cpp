@@ -82,12 +82,16 @@ constexpr Verb kVerbs[] = {
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek dump fan-coil.xif"},
     {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
-    {"convert", "convert INPUT... [OPTIONS]", "an XIF file, or a profile and a template, as other inputs",
-     "INPUT is an XIF file of any version, or a profile or template, .ini or .xml (FILE#ELEMENT where it is "
-     "not\n"
-     "the document element). What an output cannot hold is listed.\n"
+    {"convert", "convert INPUT... [OPTIONS]",
+     "an XIF file, resource files, or a profile and a template, as other inputs",
+     "INPUT is an XIF file of any version, a file of a resource set (.typ, .enu, .fmt), or a profile or\n"
+     "template, .ini or .xml (FILE#ELEMENT where it is not the document element). Resource files go alone "
+     "or\n"
+     "with an XIF file. What an output cannot hold is listed.\n"
      "  --profile FILE                  writes a profile, .ini or .xml\n"
      "  --template FILE                 writes a template, .ini or .xml\n"
+     "  --format-file FILE              writes the types of resource files, .xml\n"
+     "  --user-types FILE               writes a user type file of those of the scopes 1 to 5, .xml\n"
      "  --job FILE                      writes a job that generates with them\n"
      "  --fit 4.0                       replaces values of later versions that XIF 4.0 does not know\n"
      "  --set FIELD=VALUE               for it: a value of the profile, such as typeNeuron=0\n"
@@ -282,6 +286,8 @@ struct Commands {
         convert->add_option("INPUT", convertOptions.inputs);
         convert->add_option("--profile", convertOptions.profile);
         convert->add_option("--template", convertOptions.deviceTemplate);
+        convert->add_option("--format-file", convertOptions.formatFile);
+        convert->add_option("--user-types", convertOptions.userTypes);
         convert->add_option("--job", convertOptions.job);
         convert->add_option("--fit", convertOptions.fit);
         convert->add_option("--set", convertOptions.sets)

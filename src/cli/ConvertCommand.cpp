@@ -8,29 +8,19 @@
 #include "base/Path.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
+#include "cli/ConvertInputs.h"
+#include "cli/ConvertJob.h"
+#include "cli/ConvertTypes.h"
 #include "cli/Json.h"
-#include "cli/Locations.h"
 #include "cli/OutputGuard.h"
+#include "convert/AttachTypes.h"
 #include "convert/Fit.h"
-#include "convert/FromInput.h"
-#include "convert/FromXif.h"
+#include "convert/FromSet.h"
 #include "convert/InputText.h"
+#include "convert/TypeText.h"
 
 namespace tovarek {
 namespace {
-
-struct NamedInput {
-    std::string file;
-    std::string element;
-};
-
-// The element is named behind the last "#" of what is no file as a whole.
-NamedInput InputNamed(const std::string& word) {
-    const std::size_t mark = word.rfind('#');
-    if (mark == std::string::npos || FileExists(word))
-        return {word, {}};
-    return {word.substr(0, mark), word.substr(mark + 1)};
-}
 
 InputForm FormOf(const std::string& option, const std::string& path) {
     const std::string extension = ExtensionOf(path);
@@ -41,99 +31,16 @@ InputForm FormOf(const std::string& option, const std::string& path) {
     throw WrongUse(option + " '" + Excerpt(path) + "' tells no form; call the file .ini or .xml");
 }
 
-bool IsXif(const std::string& path) {
-    constexpr std::string_view kBegin = "File:";
-    return ExtensionOf(path) == "xif" || ReadFile(path, kBegin.size()) == kBegin;
-}
-
-DeviceInterface ReadInterface(const NamedInput& input, const StandardCatalog& catalog) {
-    if (IsXif(input.file)) {
-        XifFile file;
-        if (const Outcome outcome = ReadXifFile(ReadFile(input.file), file); !outcome.Ok())
-            CErrorHandler().RaiseQVxTypesEditError(
-                outcome.code, {.record = "XIF file", .file = input.file, .reason = outcome.reason});
-        return InterfaceOfXif(file, catalog);
-    }
-    const std::string extension = ExtensionOf(input.file);
-    if (extension != "ini" && extension != "xml")
-        throw WrongUse("the input '" + Excerpt(input.file) +
-                       "' does not begin like an XIF file, and its name does not tell another form; inputs "
-                       "are called .xif, .ini or .xml");
-    ReadFile(input.file, 1);  // a missing INI file would read as an empty one
-    DeviceInterface found =
-        extension == "ini" ? InterfaceOfIni(input.file) : InterfaceOfXml(input.file, input.element);
-    if (!found.hasProfile && !found.hasTemplate)
-        throw WrongUse(
-            "'" + Excerpt(input.file) + "' holds neither a profile nor a template" +
-            (extension == "xml" ? "; name the element that does: " + Excerpt(input.file) + "#ELEMENT" : ""));
-    return found;
-}
-
-// All inputs as one; each part may come from one of them only.
-DeviceInterface ReadAll(const ConvertOptions& options, const StandardCatalog& catalog) {
-    DeviceInterface whole;
-    const auto take = [](bool& has, bool more, const char* part) {
-        if (has && more)
-            throw WrongUse(std::string("two inputs hold a ") + part + "; give one of them");
-        has = has || more;
-        return more;
-    };
-    for (const std::string& word : options.inputs) {
-        DeviceInterface found = ReadInterface(InputNamed(word), catalog);
-        if (take(whole.hasProfile, found.hasProfile, "profile"))
-            whole.profile = found.profile;
-        if (take(whole.hasTemplate, found.hasTemplate, "template"))
-            whole.device = std::move(found.device);
-        whole.addsNames = whole.addsNames || found.addsNames;
-        whole.losses.insert(whole.losses.end(), found.losses.begin(), found.losses.end());
-    }
-    return whole;
-}
-
 void RequirePart(const std::string& output, bool has, const char* option, const char* other) {
     if (!output.empty() && !has)
         throw WrongUse(std::string("no input holds what ") + option + " asks for; these inputs give " +
                        other);
 }
 
-void Guard(const ConvertOptions& options) {
-    JobFiles files;
-    for (const std::string& input : options.inputs)
-        files.inputs.push_back({"input", InputNamed(input).file});
-    for (const auto& [role, path] :
-         {std::pair("--profile", options.profile), std::pair("--template", options.deviceTemplate),
-          std::pair("--job", options.job)})
-        if (!path.empty())
-            files.outputs.push_back({role, path});
-    RefuseOverwriting(files, {});
-}
-
 void WriteWhole(const std::string& path, const std::string& bytes) {
     OutputFile file(path);
     file.Append(bytes);
     file.Close();
-}
-
-// The properties that generate with the outputs. Inputs of a job count from its own folder.
-std::string JobText(const ConvertOptions& options, bool addsNames) {
-    Json job = Json::object();
-    const auto add = [&](const std::string& path, const char* ini, const char* xml, const char* node,
-                         std::string_view element) {
-        if (path.empty())
-            return;
-        const bool isXml = FormOf("output", path) == InputForm::xml;
-        job[isXml ? xml : ini] = FromFolderOf(options.job, path);
-        if (isXml)
-            job[node] = element;
-    };
-    add(options.profile, "iniProfileFile", "xmlProfileFile", "xmlProfileNodeName", kProfileElement);
-    add(options.deviceTemplate, "iniTemplateFile", "xmlTemplateFile", "xmlTemplateNodeName",
-        kTemplateElement);
-    job["mustGenerateTypes"] = false;
-    if (addsNames)
-        job["addNameInCpString"] = true;
-    job["outputXIFfile"] = std::string(StemOf(options.job)) + ".xif";
-    return JsonText(job) + "\n";
 }
 
 FieldValue FieldValueOf(const std::string& pair) {
@@ -229,43 +136,156 @@ int Report(const Result& result, bool isStrict, OutputFormat format, Streams str
     return isStrict && counts ? kFailed : kDone;
 }
 
-int Convert(const ConvertOptions& options, OutputFormat format, Streams streams) {
-    // Forms of outputs that are not asked for do not matter.
-    InputForm profileForm = InputForm::ini;
-    if (!options.profile.empty())
-        profileForm = FormOf("--profile", options.profile);
-    InputForm templateForm = InputForm::ini;
-    if (!options.deviceTemplate.empty())
-        templateForm = FormOf("--template", options.deviceTemplate);
-    Guard(options);
-    const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
-    DeviceInterface found = ReadAll(options, *catalog->types.Catalog());
-    RequirePart(options.profile, found.hasProfile, "--profile", "--template");
-    RequirePart(options.deviceTemplate, found.hasTemplate, "--template", "--profile");
-    if (!options.fit.empty() && options.profile.empty())
-        throw WrongUse("--fit needs --profile FILE, which it is about");
-    std::vector<std::string> replaced;
-    for (const Replacement& each : Fit(options, found.profile))
-        replaced.push_back(ReplacementText(each));
-    std::vector<Loss> losses = found.losses;
-    std::vector<std::string> written;
-    if (!options.profile.empty()) {
-        WriteWhole(options.profile, ProfileText(found.profile, profileForm, replaced));
-        written.push_back(options.profile);
-        TellProfileLosses(found.profile, options.profile, profileForm, losses);
-    }
-    if (!options.deviceTemplate.empty()) {
-        const ResourceNames names(catalog->types.Catalog());
-        WriteWhole(options.deviceTemplate, TemplateText(found.device, templateForm, names));
-        written.push_back(options.deviceTemplate);
-        TellTemplateLosses(found.device, options.deviceTemplate, templateForm, losses);
-    }
-    if (!options.job.empty()) {
-        WriteWhole(options.job, JobText(options, found.addsNames && templateForm == InputForm::xml));
-        written.push_back(options.job);
-    }
-    return Report({written, replaced, losses}, options.isStrict, format, streams);
+void RequireXml(const std::string& option, const std::string& path) {
+    if (!path.empty() && ExtensionOf(path) != "xml")
+        throw WrongUse(option + " '" + Excerpt(path) + "' is written in one form only; call the file .xml");
 }
+
+// The files of types refer to each other by numbers, so one without the others is of no use.
+void RequireTypeOutputs(const ConvertOptions& options, const TypeInputs& own, bool hasSets) {
+    const auto refuse = [](const std::string& reason) { throw WrongUse(reason); };
+    if (!hasSets && !(options.formatFile + options.userTypes).empty())
+        refuse(
+            "no input holds what --format-file and --user-types ask for; give a resource file, such as a "
+            ".typ");
+    if (!hasSets)
+        return;
+    if (options.formatFile.empty())
+        refuse("resource files are converted with --format-file FILE, which holds their types");
+    if (HasListedTypes(own) && options.userTypes.empty())
+        refuse("types of the scopes 1 to 5 are asked for by a user type file; give --user-types FILE");
+    if (HasTemplateTypes(own) && options.deviceTemplate.empty())
+        refuse("types of scope 6 are asked for by a template; give --template FILE");
+    if (!options.job.empty() && (options.userTypes.empty() || options.deviceTemplate.empty()))
+        refuse(
+            "a job that generates resource files needs --template FILE and --user-types FILE, even where "
+            "the one holds no types");
+}
+
+// One conversion: what was read, and what has become of it.
+class Conversion {
+  public:
+    Conversion(const ConvertOptions& options, CCatalog& catalog)
+        : options_(options),
+          catalog_(catalog),
+          texts_(options.place.IsShipped() ? StandardTexts::published : StandardTexts::all),
+          inputs_(ReadInputs(options.inputs, *catalog.types.Catalog())) {
+        // Forms of outputs that are not asked for do not matter.
+        if (!options.profile.empty())
+            profileForm_ = FormOf("--profile", options.profile);
+        if (!options.deviceTemplate.empty())
+            templateForm_ = FormOf("--template", options.deviceTemplate);
+        RequireXml("--format-file", options.formatFile);
+        RequireXml("--user-types", options.userTypes);
+        AddTypes();
+    }
+
+    // Writes what is asked for; nothing where that cannot be done.
+    void Write() {
+        DeviceInterface& found = inputs_.device;
+        RequirePart(options_.profile, found.hasProfile, "--profile", "--template");
+        RequirePart(options_.deviceTemplate, found.hasTemplate, "--template", "--profile");
+        if (!options_.fit.empty() && options_.profile.empty())
+            throw WrongUse("--fit needs --profile FILE, which it is about");
+        for (const Replacement& each : Fit(options_, found.profile))
+            replaced_.push_back(ReplacementText(each));
+        losses_ = found.losses;
+        Guard();
+        if (!options_.profile.empty()) {
+            Put(options_.profile, ProfileText(found.profile, profileForm_, replaced_));
+            TellProfileLosses(found.profile, options_.profile, profileForm_, losses_);
+        }
+        if (!options_.formatFile.empty())
+            Put(options_.formatFile, FormatFileText(found.own.definitions));
+        for (const TypeOutputs& outputs : outputs_)
+            WriteOutputs(outputs);
+        if (!inputs_.sets.empty())
+            TellLossesOfTypes(inputs_, outputs_, found.device, catalog_, texts_, losses_);
+    }
+
+    int Report(OutputFormat format, Streams streams) const {
+        return tovarek::Report({written_, replaced_, losses_}, options_.isStrict, format, streams);
+    }
+
+  private:
+    void AddTypes() {
+        DeviceInterface& found = inputs_.device;
+        const StandardCatalog& catalog = *catalog_.types.Catalog();
+        const TypeOutputs names{.formatFile = options_.formatFile,
+                                .userTypes = options_.userTypes,
+                                .deviceTemplate = options_.deviceTemplate,
+                                .job = options_.job};
+        outputs_ = {names};
+        if (!inputs_.sets.empty())
+            found.own = TypesOfSets(inputs_.sets, &catalog, texts_);
+        RequireTypeOutputs(options_, found.own, !inputs_.sets.empty());
+        if (inputs_.sets.empty())
+            return;
+        if (found.hasTemplate)
+            AttachTypes(found);
+        else
+            AddTemplateOfTypes(found);
+        outputs_ = OutputsOfTypes(inputs_, names, catalog);
+    }
+
+    void Guard() const {
+        JobFiles files;
+        for (const std::string& input : options_.inputs)
+            files.inputs.push_back({"input", InputNamed(input).file});
+        for (const ResourceSetInput& set : inputs_.sets)
+            for (const std::string* path :
+                 {&set.files.types, &set.files.language, &set.files.formats, &set.files.profiles})
+                files.inputs.push_back({"input", *path});
+        const auto add = [&](const char* role, const std::string& path) {
+            if (!path.empty())
+                files.outputs.push_back({role, path});
+        };
+        add("--profile", options_.profile);
+        add("--format-file", options_.formatFile);
+        for (const TypeOutputs& outputs : outputs_) {
+            add("--template", outputs.deviceTemplate);
+            add("--user-types", outputs.userTypes);
+            add("--job", outputs.job);
+        }
+        RefuseOverwriting(files, {});
+    }
+
+    // Template, user type file and job of one generation.
+    void WriteOutputs(const TypeOutputs& outputs) {
+        DeviceInterface& found = inputs_.device;
+        if (!outputs.userTypes.empty())
+            Put(outputs.userTypes, UserTypesText(found.own, outputs.isUnvt));
+        if (!outputs.deviceTemplate.empty()) {
+            const ResourceNames names(catalog_.types.Catalog());
+            if (!outputs.userTypes.empty())
+                found.device.userTypeFile = NameOf(outputs.userTypes);
+            Put(outputs.deviceTemplate, TemplateText(found.device, templateForm_, names));
+            // Another one differs by the name of its user type file.
+            if (&outputs == &outputs_.front())
+                TellTemplateLosses(found.device, outputs.deviceTemplate, templateForm_, losses_);
+        }
+        if (!outputs.job.empty())
+            Put(outputs.job, JobText({outputs.job, options_.profile, outputs.deviceTemplate,
+                                      found.addsNames && templateForm_ == InputForm::xml,
+                                      inputs_.sets.empty() ? nullptr : &outputs}));
+    }
+
+    void Put(const std::string& path, const std::string& bytes) {
+        WriteWhole(path, bytes);
+        written_.push_back(path);
+    }
+
+    const ConvertOptions& options_;
+    CCatalog& catalog_;
+    StandardTexts texts_;
+    ConvertInputs inputs_;
+    InputForm profileForm_ = InputForm::ini;
+    InputForm templateForm_ = InputForm::ini;
+    std::vector<TypeOutputs> outputs_;
+    std::vector<std::string> replaced_;
+    std::vector<Loss> losses_;
+    std::vector<std::string> written_;
+};
 
 }  // namespace
 
@@ -273,12 +293,16 @@ int RunConvert(const ConvertOptions& options, OutputFormat format, Streams strea
     if (options.inputs.empty())
         return ReportWrongUse("convert needs an input: an XIF file, a profile or a template", format,
                               streams);
-    if (options.profile.empty() && options.deviceTemplate.empty())
+    if ((options.profile + options.deviceTemplate + options.formatFile).empty())
         return ReportWrongUse(
-            "convert needs to know what to write: --profile FILE, --template FILE, each .ini or .xml", format,
-            streams);
+            "convert needs to know what to write: --profile FILE, --template FILE, each .ini "
+            "or .xml; of resource files --format-file FILE",
+            format, streams);
     try {
-        return Convert(options, format, streams);
+        const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
+        Conversion conversion(options, *catalog);
+        conversion.Write();
+        return conversion.Report(format, streams);
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     } catch (const Error& error) {

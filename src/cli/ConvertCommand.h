@@ -12,9 +12,11 @@ namespace tovarek {
 struct ConvertOptions {
     std::vector<std::string>
         inputs;  // files; of an XML file FILE#ELEMENT where it is not the document element
-    // Outputs, .ini or .xml; empty ones are not written.
-    std::string profile;
-    std::string deviceTemplate;
+    // Outputs; empty ones are not written.
+    std::string profile;         // .ini or .xml
+    std::string deviceTemplate;  // likewise
+    std::string formatFile;      // .xml, of resource files
+    std::string userTypes;       // likewise
     std::string job;
     std::string fit;                // "4.0": the profile is made into one that passes
     std::vector<std::string> sets;  // FIELD=VALUE for it

@@ -106,13 +106,16 @@ std::string IniWriter::Take() {
     return std::string(kMark) + std::exchange(text_, {});
 }
 
-XmlWriter::XmlWriter() {
-    text_.append(kMark).append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>").append(kLineEnd);
+XmlWriter::XmlWriter(XmlHead head) {
+    if (head != XmlHead::none)
+        text_ += kMark;
+    if (head == XmlHead::declaration)
+        text_.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>").append(kLineEnd);
 }
 
-void XmlWriter::Open(std::string_view name) {
+void XmlWriter::Open(std::string_view name, std::string_view attributes) {
     Indent();
-    text_.append("<").append(XmlName(name)).append(">").append(kLineEnd);
+    text_.append("<").append(XmlName(name)).append(attributes).append(">").append(kLineEnd);
     ++depth_;
 }
 

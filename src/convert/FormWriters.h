@@ -21,11 +21,14 @@ class IniWriter {
     std::string text_;
 };
 
+// Some documents may have nothing in front of their first element.
+enum class XmlHead { declaration, mark, none };
+
 class XmlWriter {
   public:
-    XmlWriter();
-    // A name that no element can have is changed; see XmlName.
-    void Open(std::string_view name);
+    explicit XmlWriter(XmlHead head = XmlHead::declaration);
+    // A name that no element can have is changed; see XmlName. The attributes stand as they are.
+    void Open(std::string_view name, std::string_view attributes = {});
     void Close(std::string_view name);
     void Element(std::string_view name, std::string_view text);
     void Comment(std::string_view text);

@@ -13,6 +13,16 @@ class NoFile : public FileSink {
     void Close() override {}
 };
 
+class KeptFile : public FileSink {
+  public:
+    explicit KeptFile(std::string& bytes) : bytes_(bytes) { bytes_.clear(); }
+    void Append(std::string_view bytes) override { bytes_ += bytes; }
+    void Close() override {}
+
+  private:
+    std::string& bytes_;
+};
+
 std::string_view WithoutSeparators(std::string_view folder) {
     while (folder.size() > 1 && EndsWithSeparator(folder))
         folder.remove_suffix(1);
@@ -65,6 +75,10 @@ std::unique_ptr<FileSink> TrialOutput::Open(const std::string& path) {
         }
     }
     return std::make_unique<NoFile>();
+}
+
+std::unique_ptr<FileSink> KeptOutput::Open(const std::string& path) {
+    return std::make_unique<KeptFile>(files_[path]);
 }
 
 std::unique_ptr<FileSink> OpenOutput(const std::string& path, TrialOutput* trial) {

@@ -123,6 +123,15 @@ Outcome WriteLanguageFile(const LanguageFile& file, std::string& bytes) {
                                 bytes);
 }
 
+std::int32_t LocaleOfLanguage(std::string_view language) {
+    const std::string wanted = AsciiLowerCase(language);
+    std::int32_t lowest = 0;
+    for (const LocaleLanguage& row : kLanguages)
+        if (!wanted.empty() && row.language == wanted && (lowest == 0 || row.localeId < lowest))
+            lowest = row.localeId;
+    return lowest;
+}
+
 std::string_view LanguageOfLocale(std::int32_t localeId) {
     for (const LocaleLanguage& entry : kLanguages) {
         if (entry.localeId == localeId)

@@ -41,6 +41,8 @@ Outcome WriteLanguageFile(const LanguageFile& file, std::string& bytes);
 // The three-letter abbreviation of a locale's language, "enu" for 0x0409. Empty for a number (LCID) that the
 // platform does not give to a locale, or whose language has no abbreviation.
 std::string_view LanguageOfLocale(std::int32_t localeId);
+// The inverse, letter case aside: the lowest number of a locale with this abbreviation; 0 for none.
+std::int32_t LocaleOfLanguage(std::string_view language);
 
 // True when `extension` ("enu", any case) is one of the abbreviations that LanguageOfLocale gives; false for
 // "cat", which a catalog has.

@@ -45,4 +45,12 @@ std::string TitleText(ResourceKind kind, int majorVersion, int minorVersion);
 // The second text block. Without phone and e-mail only the first line is written.
 std::string ContactText(const std::string& creator, const std::string& phone, const std::string& email);
 
+// The inverse; a text of another make is the creator as a whole.
+struct Contact {
+    std::string creator;
+    std::string phone;
+    std::string email;
+};
+Contact ContactOf(std::string_view text);
+
 }  // namespace tovarek

@@ -1,0 +1,227 @@
+// Resource files, converted and generated again.
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "../Scratch.h"
+#include "Program.h"
+#include "convert/ResourceSetInput.h"
+#include "formats/records/ResourceKinds.h"
+
+namespace tovarek::test {
+namespace {
+
+class ConvertSets : public testing::Test {
+  protected:
+    ConvertSets() { SetVariable("SOURCE_DATE_EPOCH", "1795254067"); }
+    ~ConvertSets() override { UnsetVariable("SOURCE_DATE_EPOCH"); }
+
+    // Converts `inputs` to files called `name` and what they are, and answers what was listed.
+    nlohmann::json Converted(std::vector<std::string> inputs, const std::string& name,
+                             const std::string& form = "xml") const {
+        std::vector<std::string> arguments = {"convert",
+                                              "--format-file",
+                                              Out(name + "-format.xml"),
+                                              "--user-types",
+                                              Out(name + "-types.xml"),
+                                              "--template",
+                                              Out(name + "-template." + form),
+                                              "--job",
+                                              Out(name + ".json"),
+                                              "--format",
+                                              "json",
+                                              "--catalogDir",
+                                              TOVAREK_CATALOG};
+        arguments.insert(arguments.begin() + 1, inputs.begin(), inputs.end());
+        const Answer run = Call(arguments);
+        EXPECT_EQ(run.status, 0) << run.out << run.error;
+        return nlohmann::json::parse(run.out)["losses"];
+    }
+
+    std::string Out(const std::string& name) const { return scratch_.Path(name); }
+
+    void Generate(const std::string& job, const std::string& folder) const {
+        std::filesystem::create_directories(StandardPath(Out(folder)));
+        const Answer run = Call({"generate", "--job", job, "--mustGenerateXif", "false", "--catalogDir",
+                                 TOVAREK_CATALOG, "--typeFilesDirectory", Out(folder)});
+        EXPECT_EQ(run.status, 0) << run.error;
+    }
+
+    Scratch scratch_;
+};
+
+// The example has every kind of type but a union, limits, units of display and references.
+TEST_F(ConvertSets, FilesThatWereGeneratedComeBackByteForByte) {
+    Generate(TOVAREK_EXAMPLE "/job.json", "given");
+    for (const std::string scope : {"3", "4", "5", "6"}) {
+        const std::string base = "/fancoil_" + scope;
+        EXPECT_EQ(Converted({Out("given" + base + ".ENU")}, "s" + scope).dump(), "[]");
+        Generate(Out("s" + scope + ".json"), "again");
+        for (const char* file : {".typ", ".ENU", ".fpt", ".fmt"})
+            EXPECT_EQ(ReadFile(Out("again" + base + file)), ReadFile(Out("given" + base + file)))
+                << base << file;
+    }
+    const std::string format = ReadFile(Out("s6-format.xml"));
+    EXPECT_TRUE(format.starts_with("\xEF\xBB\xBF<TYPES>\r\n")) << "nothing stands in front of the root";
+    EXPECT_NE(format.find("<!-- SNVT_temp_p -->\r\n  <SNVT_105>\r\n    <TYPE>SIGNEDNUMERIC</TYPE>"),
+              std::string::npos)
+        << format;
+    EXPECT_NE(format.find("<SNVT_303>\r\n    <TYPE>ENUM</TYPE>\r\n    <NAME>fanMode</NAME>"),
+              std::string::npos)
+        << "numbers come from the names of enumerations";
+}
+
+TypeMember Member(const std::string& name, TypeDescription type) {
+    return {name, {}, {}, {}, std::move(type)};
+}
+
+TypeDescription Reference(std::uint8_t scope, std::uint16_t index, std::uint8_t size) {
+    TypeDescription type;
+    type.kind = TypeKind::reference;
+    type.target = {scope, index};
+    type.referencedSize = size;
+    return type;
+}
+
+// A set of scope 3 with two types of variables and one of properties.
+TypeFile OddTypes() {
+    TypeFile file;
+    file.header.title = TitleText(ResourceKind::type, 1, 0);
+    file.header.contact = ContactText("Works", "", "");
+    file.header.formatVersion = kTypeFormat;
+    file.header.majorVersion = 1;
+    file.header.scope = 3;
+    file.header.programId = {0x9F, 0xFF, 0xFF, 0x50, 0x14, 3, 4, 1};
+    NvType inner;
+    inner.name = "_1_inner";
+    inner.type = NumberOfKind(TypeKind::signedLong);
+    inner.type.invalid = 0x7FFF;
+    inner.type.minimum = -100;
+    inner.type.maximum = 50;
+    inner.type.a = -1;
+    inner.type.b = 2;
+    inner.size = 2;
+    NvType outer;
+    outer.name = "outer";
+    outer.type.kind = TypeKind::structure;
+    TypeDescription pair;
+    pair.kind = TypeKind::unionKind;
+    pair.members = {Member("a", NumberOfKind(TypeKind::unsignedShort)), Member("b", Reference(3, 1, 2))};
+    outer.type.members = {Member("2nd", Reference(3, 1, 2)),
+                          Member("pairs", ArrayOf(pair, 3, 3)),
+                          Member("temps", ArrayOf(Reference(0, 105, 2), 2, 3)),
+                          Member("temp", Reference(0, 105, 2)),
+                          Member("letters", ArrayOf(NumberOfKind(TypeKind::signedChar), 4, 3)),
+                          Member("wide", NumberOfKind(TypeKind::unsignedQuad)),
+                          Member("pair", pair),
+                          Member("far", Reference(4, 9, 5))};
+    outer.size = static_cast<std::uint16_t>(SizeOf(outer.type));
+    file.nvTypes = {inner, outer};
+    CpType property;
+    property.name = "_1_limit";
+    property.type = Reference(3, 1, 2);
+    property.size = 2;
+    property.initial = std::string("\x01\x02");
+    file.cpTypes = {property};
+    return file;
+}
+
+// Each row of the list, in its order: record, field and a part of the reason.
+TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(OddTypes(), bytes).Ok());
+    const nlohmann::json losses = Converted({scratch_.File("Odd.typ", bytes)}, "odd");
+    const struct {
+        const char* record;
+        const char* field;
+        const char* reason;
+    } rows[] = {
+        {"1 (UNVT_1_inner)", "raw minimum", "a generation writes -32768"},
+        {"1 (UNVT_1_inner)", "raw maximum", "a generation writes 32767"},
+        {"1 (UNVT_1_inner)", "invalid value", "no invalid values"},
+        {"2 (UNVTouter)", "name", "it becomes UNVT_2_outer"},
+        {"2 (UNVTouter)", "2nd, name", "it becomes '_2nd'"},
+        {"2 (UNVTouter)", "2nd, raw minimum", ""},
+        {"2 (UNVTouter)", "2nd, raw maximum", ""},
+        {"2 (UNVTouter)", "2nd, invalid value", ""},
+        {"2 (UNVTouter)", "pairs, array size", "a generation writes 6"},
+        {"2 (UNVTouter)", "pairs, kind", "it becomes unsigned short"},
+        {"2 (UNVTouter)", "temp, kind", "it becomes signed long"},
+        {"2 (UNVTouter)", "letters, kind", "it becomes unsigned character"},
+        {"2 (UNVTouter)", "pair.b, raw minimum", ""},
+        {"2 (UNVTouter)", "pair.b, raw maximum", ""},
+        {"2 (UNVTouter)", "pair.b, invalid value", ""},
+        {"2 (UNVTouter)", "far, kind", "it becomes array of 5 unsigned short"},
+        {"1 (UCPT_1_limit)", "raw minimum", "a generation writes -32768"},
+        {"1 (UCPT_1_limit)", "raw maximum", "a generation writes 32767"},
+        {"1 (UCPT_1_limit)", "invalid value", ""},
+        {"1 (UCPT_1_limit)", "raw minimum", "a generation writes 00 00"},
+        {"1 (UCPT_1_limit)", "raw maximum", "a generation writes 00 00"},
+        {"scope 3", "language file", "no language file lies beside it"},
+        {"header of scope 3", "language", "a generation writes \"enu\""},
+    };
+    std::vector<std::string> listed;
+    for (const auto& loss : losses)
+        listed.push_back(loss["record"].get<std::string>() + "|" + loss["field"].get<std::string>() + "|" +
+                         loss["reason"].get<std::string>());
+    ASSERT_EQ(listed.size(), std::size(rows)) << losses.dump(1);
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+        EXPECT_NE(listed[i].find(rows[i].record + std::string("|") + rows[i].field + "|"), std::string::npos)
+            << listed[i];
+        EXPECT_NE(listed[i].find(rows[i].reason), std::string::npos) << listed[i];
+    }
+
+    // Types of variables and of properties need a user type file, and a generation, each.
+    for (const std::string kind : {"unvts", "ucpts"}) {
+        Generate(Out("odd-" + kind + ".json"), "odd");
+        const ResourceSetInput made = ReadResourceSet(Out("odd/Odd-" + kind + "_3.typ"));
+        EXPECT_EQ(made.types.nvTypes.size(), kind == "unvts" ? 2U : 0U);
+        EXPECT_EQ(made.types.cpTypes.size(), kind == "ucpts" ? 1U : 0U);
+        for (const auto& nv : made.types.nvTypes)
+            EXPECT_EQ(nv->size, nv->name == "_1_inner" ? 2 : OddTypes().nvTypes[1]->size);
+    }
+}
+
+TEST_F(ConvertSets, WrongUseTellsWhatBelongsTogether) {
+    std::string bytes;
+    TypeFile file = OddTypes();
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    const std::string odd = scratch_.File("Odd.typ", bytes);
+    const std::string twin = scratch_.File("Twin.typ", bytes);
+    file.header.scope = 6;
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    const std::string own = scratch_.File("Own.typ", bytes);
+    const std::string ini = scratch_.File("t.ini", "[nvs]\nnumberOfStaticNvs=0\n");
+    const std::string out = Out("f.xml");
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        const char* message;
+    } rows[] = {
+        {{odd}, 2, "--format-file FILE"},
+        {{odd, "--template", Out("t.xml")}, 2, "converted with --format-file"},
+        {{odd, "--format-file", out}, 2, "give --user-types FILE"},
+        {{own, "--format-file", out}, 2, "give --template FILE"},
+        {{own, "--format-file", out, "--template", Out("t.xml"), "--job", Out("j.json")}, 2, "a job that"},
+        {{odd, "--format-file", Out("f.ini"), "--user-types", Out("u.xml")}, 2, "call the file .xml"},
+        {{odd, twin, "--format-file", out, "--user-types", Out("u.xml")}, 2, "two resource sets are of"},
+        {{odd, ini, "--format-file", out, "--user-types", Out("u.xml")}, 2, "alone or with an XIF"},
+        {{ini, "--format-file", out}, 2, "no input holds what --format-file"},
+        {{odd, "--format-file", out, "--user-types", Out("u.xml"), "--profile", Out("p.ini")},
+         2,
+         "no input holds what --profile"},
+        {{scratch_.File("Alone.fmt", "set a;\r\n"), "--format-file", out}, 1, "no type file (.typ)"},
+        {{scratch_.File("Cut.typ", bytes.substr(0, 900)), "--format-file", out}, 1, "Cut.typ"},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {"convert"};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        arguments.insert(arguments.end(), {"--catalogDir", TOVAREK_CATALOG});
+        const Answer run = Call(arguments);
+        EXPECT_EQ(run.status, row.status) << row.message << run.error;
+        EXPECT_NE(run.error.find(row.message), std::string::npos) << row.message << '\n' << run.error;
+    }
+    EXPECT_FALSE(FileExists(out)) << "nothing is written";
+}
+
+}  // namespace
+}  // namespace tovarek::test
