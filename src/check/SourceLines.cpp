@@ -62,7 +62,7 @@ bool EndsName(std::string_view line, std::size_t at) {
     return at >= line.size() || std::string_view(" \t\r\n/>").find(line[at]) != std::string_view::npos;
 }
 
-LinePlace XmlPlace(std::string_view line, const Finding& finding) {
+LinePlace PlaceInXml(std::string_view line, const Finding& finding) {
     std::size_t any = std::string_view::npos;
     for (std::size_t start = line.find('<'); start != std::string_view::npos;
          start = line.find('<', start + 1)) {
@@ -129,7 +129,7 @@ LinePlace SourceLines::PlaceOf(const Finding& finding) {
         return {};
     switch (Read(finding.context.file).kind) {
         case Kind::xml:
-            return XmlPlace(line, finding);
+            return PlaceInXml(line, finding);
         case Kind::json:
             return JsonPlace(line, finding);
         case Kind::ini:

@@ -13,7 +13,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::int64_t kLargestStandardType = 255;
 constexpr std::int64_t kTemplateType = 2;  // of the file that declares properties
 
 // What the generator writes on the second lines of variables and tags, where templates have no say.

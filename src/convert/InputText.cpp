@@ -9,8 +9,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::int32_t kLargestStandardType = 255;
-
 // Of a property that has no name where XML needs one.
 std::string NameOf(const CCp& cp, std::size_t position) {
     return cp.name.empty() ? "cp" + std::to_string(position + 1) : cp.name;

@@ -11,7 +11,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::int32_t kLargestStandardType = 255;
 constexpr std::size_t kLongestIniText = 999;
 
 // Why a text cannot be held.

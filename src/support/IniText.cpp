@@ -47,7 +47,7 @@ std::string_view TrimEnd(std::string_view text, const CharacterSet& blanks) {
     return text.substr(0, size);
 }
 
-std::string_view Trim(std::string_view text, const CharacterSet& blanks) {
+std::string_view WithoutBlanks(std::string_view text, const CharacterSet& blanks) {
     return TrimEnd(TrimStart(text, blanks), blanks);
 }
 
@@ -170,15 +170,16 @@ std::string_view IniSectionName(std::string_view line) {
     if (!line.starts_with('['))
         return {};
     const std::size_t end = line.rfind(']');
-    return end == std::string_view::npos ? std::string_view() : Trim(line.substr(1, end - 1), kLineBlanks);
+    return end == std::string_view::npos ? std::string_view()
+                                         : WithoutBlanks(line.substr(1, end - 1), kLineBlanks);
 }
 
 bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view& value) {
     const std::size_t equals = line.find('=');
     if (line.starts_with(';') || equals == std::string_view::npos)
         return false;
-    key = Trim(line.substr(0, equals), kLineBlanks);
-    value = Trim(line.substr(equals + 1), kValueBlanks);
+    key = WithoutBlanks(line.substr(0, equals), kLineBlanks);
+    value = WithoutBlanks(line.substr(equals + 1), kValueBlanks);
     return true;
 }
 

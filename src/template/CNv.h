@@ -6,6 +6,9 @@
 
 namespace tovarek {
 
+// Type numbers above it are the user's own.
+inline constexpr std::int32_t kLargestStandardType = 255;
+
 struct CNv {
     std::string name;
     std::int32_t avgRate = 0;               // encoded rate, 0 = not given

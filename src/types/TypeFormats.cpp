@@ -35,7 +35,7 @@ class NameCollector {
     std::unordered_set<const CFormats*> lists_;
 };
 
-bool IsNumber(std::string_view format) {
+bool ShowsNumber(std::string_view format) {
     return format == "%d" || format == "%f";
 }
 
@@ -93,7 +93,7 @@ CParam StandardParameter(const FormatParameter& value, std::string_view path, bo
         param.expression += '.';
     param.expression += value.expression;
     const bool shows = isNamed || value.factor != 1 || value.offset != 0 || !value.unit.empty();
-    if (IsNumber(param.format) && shows) {
+    if (ShowsNumber(param.format) && shows) {
         param.withFormat = true;
         param.formatCoefA = value.factor;
         param.formatCoefC = value.offset;

@@ -3,7 +3,6 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <stdexcept>
 
 #include "base/Text.h"
 #include "system/CodePage.h"
@@ -15,13 +14,6 @@ namespace {
 
 // Values of one type, at most: an unsound set may describe a few bytes without end.
 constexpr std::size_t kMostValues = 1'000'000;
-constexpr int kDeepestValue = 64;
-constexpr std::uint32_t kMostBytes = 65535;
-
-class Fault : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
 
 std::string RealText(float number) {
     std::array<char, 32> digits{};
@@ -42,8 +34,8 @@ class Decoder {
     DecodedValue Value(const TypeDescription& type, const StringRef& unit, std::size_t at,
                        const std::string& path, int depth) {
         if (++values_ > kMostValues || depth > kDeepestValue)
-            throw Fault("the type has more than " + std::to_string(kMostValues) +
-                        " values, or is nested too deeply; is its type file sound?");
+            throw ValueFault("the type has more than " + std::to_string(kMostValues) +
+                             " values, or is nested too deeply; is its type file sound?");
         const ShownType shown = ShownTypeOf(type, unit, names_);
         switch (shown.shape) {
             case ValueShape::integer:
@@ -62,7 +54,7 @@ class Decoder {
             case ValueShape::oneOf:
                 return Structure(shown, at, path, depth);
         }
-        throw Fault("the type is of an unknown kind");
+        throw ValueFault("the type is of an unknown kind");
     }
 
   private:
@@ -253,12 +245,12 @@ std::string WrittenValue(const DecodedValue& value) {
 Outcome DecodeValue(const ValueType& type, std::string_view bytes, const ResourceNames& names,
                     DecodedValue& value, std::vector<std::string>& notes) {
     const std::uint32_t size = SizeOf(type.type);
-    if (bytes.size() != size || size > kMostBytes)
+    if (bytes.size() != size || size > kMostValueBytes)
         return Failure(resultBadParam, type.name + " has " + std::to_string(size) + " bytes, " +
                                            std::to_string(bytes.size()) + " were given");
     try {
         value = Decoder(bytes, names, notes).Value(type.type, type.unit, 0, "", 0);
-    } catch (const Fault& fault) {
+    } catch (const ValueFault& fault) {
         return Failure(resultBadParam, fault.what());
     }
     std::string again;

@@ -2,7 +2,6 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <stdexcept>
 
 #include "base/Nearest.h"
 #include "base/Text.h"
@@ -13,14 +12,7 @@
 namespace tovarek {
 namespace {
 
-constexpr int kDeepestValue = 64;
-constexpr std::uint32_t kMostBytes = 65535;
 constexpr std::string_view kRawPrefix = "raw:";
-
-class Fault : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
 
 // A whole number, decimal or 0x hexadecimal.
 std::optional<std::int64_t> WholeNumber(std::string_view text) {
@@ -388,7 +380,7 @@ class Encoder {
         return path_.empty() ? sentence : path_ + ": " + sentence;
     }
 
-    [[noreturn]] void Refuse(const std::string& reason) const { throw Fault(InMember(reason)); }
+    [[noreturn]] void Refuse(const std::string& reason) const { throw ValueFault(InMember(reason)); }
 
     std::string_view text_;
     const ResourceNames& names_;
@@ -403,12 +395,12 @@ class Encoder {
 Outcome EncodeValue(const ValueType& type, std::string_view text, const ResourceNames& names,
                     std::string& bytes, std::vector<std::string>& notes) {
     const std::uint32_t size = SizeOf(type.type);
-    if (size > kMostBytes)
+    if (size > kMostValueBytes)
         return Failure(resultBadParam, type.name + " is larger than 65535 bytes");
     bytes.assign(size, '\0');
     try {
         Encoder(text, names, bytes, notes).Whole(type);
-    } catch (const Fault& fault) {
+    } catch (const ValueFault& fault) {
         bytes.clear();
         return Failure(resultBadParam, type.name + ": " + fault.what());
     }

@@ -2,12 +2,23 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "control/ResourceNames.h"
 
 namespace tovarek {
+
+// How deep a type may go, and how many bytes a value may have.
+inline constexpr int kDeepestValue = 64;
+inline constexpr std::uint32_t kMostValueBytes = 65535;
+
+// A value that does not fit its type, or a type that has no values; the text is the reason.
+class ValueFault : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
 
 enum class ValueShape : std::uint8_t {
     integer,      // scaled, also a bit field

@@ -57,4 +57,11 @@ class ExampleControl {
     std::int32_t handle = 0;
 };
 
+inline TypeDescription Ranged(TypeKind kind, std::int64_t minimum, std::int64_t maximum) {
+    TypeDescription type = NumberOfKind(kind);
+    type.minimum = minimum;
+    type.maximum = maximum;
+    return type;
+}
+
 }  // namespace tovarek::test

@@ -14,13 +14,6 @@ std::string Encoded(const TypeDescription& type) {
     return record.Take();
 }
 
-TypeDescription Ranged(TypeKind kind, std::int64_t minimum, std::int64_t maximum) {
-    TypeDescription type = NumberOfKind(kind);
-    type.minimum = minimum;
-    type.maximum = maximum;
-    return type;
-}
-
 TypeDescription Bits(int offset, int width, bool isSigned = false) {
     TypeDescription type;
     type.kind = TypeKind::bitField;

@@ -85,14 +85,7 @@ void SetHeader(ResourceHeader& header, ResourceKind kind, std::uint32_t descript
 
 constexpr StringRef kNone{3, 0};
 
-TypeDescription Ranged(TypeKind kind, std::int64_t minimum, std::int64_t maximum) {
-    TypeDescription type = NumberOfKind(kind);
-    type.minimum = minimum;
-    type.maximum = maximum;
-    return type;
-}
-
-TypeDescription Bits(std::uint8_t offset, std::uint8_t width, std::int64_t maximum) {
+TypeDescription BitField(std::uint8_t offset, std::uint8_t width, std::int64_t maximum) {
     TypeDescription type;
     type.kind = TypeKind::bitField;
     type.bitOffset = offset;
@@ -122,8 +115,8 @@ NvType BeltState() {
     TypeDescription mode = Ranged(TypeKind::enumeration, -1, 2);
     mode.target = {3, 1};
     state.members.push_back({"mode", kNone, kNone, kNone, mode});
-    state.members.push_back({"run", kNone, kNone, kNone, Bits(0, 1, 1)});
-    state.members.push_back({"gear", kNone, kNone, kNone, Bits(1, 3, 5)});
+    state.members.push_back({"run", kNone, kNone, kNone, BitField(0, 1, 1)});
+    state.members.push_back({"gear", kNone, kNone, kNone, BitField(1, 3, 5)});
     state.members.push_back(
         {"load", kNone, kNone, kNone, ArrayOf(Ranged(TypeKind::unsignedShort, 0, 100), 3, 3)});
     state.members.push_back({"temp", kNone, kNone, kNone, Reference({0, 105}, 2)});

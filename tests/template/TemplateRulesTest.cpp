@@ -8,14 +8,14 @@
 namespace tovarek::test {
 namespace {
 
-const CErrorHandler kHandler;
+const CErrorHandler kRulesHandler;
 
 // A template that passes, with the shipped catalog.
 class TemplateRules : public testing::Test {
   protected:
     TemplateRules() {
         catalog_.catalogDir(TOVAREK_CATALOG);
-        good_.errorHandler = &kHandler;
+        good_.errorHandler = &kRulesHandler;
         good_.catalog = &catalog_;
         good_.programID = "9000010A0B040100";
         good_.nvs.push_back({.name = "nviA", .typeIndex = 105});
@@ -256,7 +256,7 @@ TEST_F(TemplateRules, FaultsSayWhatWasTypedAndWhatToDo) {
     };
     for (const auto& row : rows) {
         CTemplate loaded;
-        loaded.errorHandler = &kHandler;
+        loaded.errorHandler = &kRulesHandler;
         loaded.catalog = &catalog_;
         loaded.xmlNodeName = "D";
         const std::string path = scratch.File("t", row.text);
