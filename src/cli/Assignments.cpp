@@ -2,20 +2,18 @@
 
 #include <algorithm>
 #include <charconv>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <vector>
 
 #include "base/Nearest.h"
 #include "base/Text.h"
+#include "cli/Json.h"
 #include "cli/Locations.h"
 #include "support/CTools.h"
 #include "system/Files.h"
 
 namespace tovarek {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 const Property& PropertyOf(const std::string& name) {
     if (const Property* property = FindProperty(name))

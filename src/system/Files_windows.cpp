@@ -151,12 +151,12 @@ std::uint64_t SystemFile::Size() const {
 }
 
 // One call moves at most this many bytes; its count has 32 bits.
-constexpr std::size_t kMostAtOnce = std::size_t{1} << 30U;
+constexpr std::size_t kMostBytesAtOnce = std::size_t{1} << 30U;
 
 std::size_t SystemFile::Read(char* to, std::size_t most) {
     DWORD count = 0;
-    if (::ReadFile(Handle(handle_), to, static_cast<DWORD>(std::min(most, kMostAtOnce)), &count, nullptr) ==
-        0) {
+    if (::ReadFile(Handle(handle_), to, static_cast<DWORD>(std::min(most, kMostBytesAtOnce)), &count,
+                   nullptr) == 0) {
         const DWORD error = GetLastError();
         // The other end of a pipe is gone: the end of the file.
         if (error != ERROR_BROKEN_PIPE)
@@ -170,7 +170,7 @@ void SystemFile::Write(std::string_view bytes) {
     while (!bytes.empty()) {
         DWORD count = 0;
         if (::WriteFile(Handle(handle_), bytes.data(),
-                        static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce)), &count, nullptr) == 0)
+                        static_cast<DWORD>(std::min(bytes.size(), kMostBytesAtOnce)), &count, nullptr) == 0)
             RaiseFileError(path_, GetLastError());
         if (count == 0)
             RaiseFileError(path_, ERROR_WRITE_FAULT);
