@@ -11,7 +11,7 @@
 namespace tovarek {
 namespace {
 
-int RefuseWord(const std::string& word, OutputFormat format, Streams streams) {
+int RefuseErrorWord(const std::string& word, OutputFormat format, Streams streams) {
     std::vector<std::string> names;
     for (const Explanation& one : Explanations())
         if (one.IsError())
@@ -22,7 +22,7 @@ int RefuseWord(const std::string& word, OutputFormat format, Streams streams) {
                           format, streams);
 }
 
-Json JsonOf(const Explanation& error) {
+Json JsonOfError(const Explanation& error) {
     return {{"n", error.number},
             {"error", error.value},
             {"code", ErrorNumberText(error.value)},
@@ -41,11 +41,11 @@ int RunErrors(const std::string& word, OutputFormat format, Streams streams) {
     std::erase_if(shown,
                   [&](const Explanation& one) { return !one.IsError() || (word.empty() && one.value >= 0); });
     if (shown.empty())
-        return RefuseWord(word, format, streams);
+        return RefuseErrorWord(word, format, streams);
     if (format == OutputFormat::json) {
         Json list = Json::array();
         for (const Explanation& error : shown)
-            list.push_back(JsonOf(error));
+            list.push_back(JsonOfError(error));
         streams.out << JsonText(list) << '\n';
         return kDone;
     }

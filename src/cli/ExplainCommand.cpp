@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kWidth = 100;
 
-int RefuseWord(const std::string& word, OutputFormat format, Streams streams) {
+int RefuseFindingWord(const std::string& word, OutputFormat format, Streams streams) {
     std::vector<std::string> names;
     for (const Explanation& one : Explanations())
         names.emplace_back(one.name);
@@ -70,7 +70,7 @@ void WriteExplanation(const Explanation& one, std::ostream& out) {
     WriteText("Mend", one.mend, out);
 }
 
-Json JsonOf(const Explanation& one) {
+Json JsonOfExplanation(const Explanation& one) {
     Json json = {{"severity", one.IsError() ? "error" : "warning"}, {"name", one.name}};
     if (one.IsError()) {
         json["error"] = one.value;
@@ -104,7 +104,7 @@ void WriteList(std::ostream& out) {
 void WriteJson(std::span<const Explanation> shown, std::ostream& out) {
     Json list = Json::array();
     for (const Explanation& one : shown)
-        list.push_back(JsonOf(one));
+        list.push_back(JsonOfExplanation(one));
     out << JsonText(list) << '\n';
 }
 
@@ -129,7 +129,7 @@ int RunExplain(const ExplainWishes& wishes, OutputFormat format, Streams streams
         return ReportWrongUse("markdown is the format of 'tovarek explain --list' alone", format, streams);
     const std::vector<Explanation> shown = ExplanationsOf(wishes.word);
     if (shown.empty())
-        return RefuseWord(wishes.word, format, streams);
+        return RefuseFindingWord(wishes.word, format, streams);
     if (format == OutputFormat::json) {
         WriteJson(shown, streams.out);
         return kDone;

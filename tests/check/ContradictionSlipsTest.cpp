@@ -9,19 +9,6 @@
 namespace tovarek::test {
 namespace {
 
-Slip Ini(const char* right, const char* wrong, const char* findings) {
-    return {"template.ini", right, wrong, findings};
-}
-Slip Xml(const char* right, const char* wrong, const char* findings) {
-    return {"template.xml", right, wrong, findings, Form::xml};
-}
-
-template <std::size_t N>
-void ExpectFindings(const Slip (&slips)[N]) {
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
-}
-
 TEST(Contradictions, NamesThatStandTwiceAreFound) {
     const Slip slips[] = {
         Ini("name=nviSetpoint", "name=nviSpaceTemp", "50:6 duplicate-name"),

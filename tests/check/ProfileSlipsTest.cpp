@@ -42,8 +42,7 @@ TEST(Check, EverySlipInAProfileIsFound) {
         ProfileIni("firmware=7", "firmware=&H07", "34:10 not-a-number"),
         ProfileIni("[Line7]", "[Line 7]", "29:1 typeneuron; 29:1 ignored-section"),
     };
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+    ExpectFindings(slips);
 }
 
 TEST(Check, AProfileThatIsNotThereIsOneFinding) {

@@ -88,4 +88,18 @@ class SlipCheck {
     std::vector<std::string> arguments_;
 };
 
+// In the INI and the XML form of the template.
+inline Slip Ini(const char* right, const char* wrong, const char* findings) {
+    return {"template.ini", right, wrong, findings};
+}
+inline Slip Xml(const char* right, const char* wrong, const char* findings) {
+    return {"template.xml", right, wrong, findings, Form::xml};
+}
+
+template <std::size_t N>
+void ExpectFindings(const Slip (&slips)[N]) {
+    for (const Slip& slip : slips)
+        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+}
+
 }  // namespace tovarek::test

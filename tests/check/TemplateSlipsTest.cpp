@@ -9,10 +9,6 @@
 namespace tovarek::test {
 namespace {
 
-Slip Xml(const char* right, const char* wrong, const char* findings) {
-    return {"template.xml", right, wrong, findings, Form::xml};
-}
-
 constexpr const char* kStatus = "<nvoStatus>\n      <DIRECTION>output</DIRECTION>";
 constexpr const char* kRequest =
     "<nviRequest>\n      <DIRECTION>input</DIRECTION>\n      <SNVTTYPE>92</SNVTTYPE>";
@@ -41,12 +37,7 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
         Xml("<MAXIMUMNUMBEROFNVS>20</MAXIMUMNUMBEROFNVS>", "<MAXIMUMNUMBEROFNVS>x20</MAXIMUMNUMBEROFNVS>",
             "8:3 not-a-number; 8:3 maximumNumberOfNvs"),
     };
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
-}
-
-Slip Ini(const char* right, const char* wrong, const char* findings) {
-    return {"template.ini", right, wrong, findings};
+    ExpectFindings(slips);
 }
 
 TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
@@ -61,8 +52,7 @@ TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
         Xml("<SISD>1,1,0\\x80,52,2;</SISD>", "<SISD>1,1,0\\x80,52,2;\n</SISD>", "131:7 line-break"),
         {"template.xml", "", "", "131:7 joined-names", Form::xml, {"--addNameInCpString", "true"}},
     };
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+    ExpectFindings(slips);
 }
 
 // In place of the declaration of the second property, in line 159.
@@ -113,8 +103,7 @@ TEST(Check, AValueThatAnotherOverrulesIsFoundWhereTheyDiffer) {
         Xml("<cpMinSendTime>", "<cpMinSendTime><LENGTH>2</LENGTH>", ""),
         Xml("<cpMinSendTime>", "<cpMinSendTime><LENGTH>4</LENGTH>", "130:20 ignored-element"),
     };
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+    ExpectFindings(slips);
 }
 
 }  // namespace
