@@ -8,7 +8,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kOwnScope = 6;
 constexpr std::int32_t kLongestVariable = 31;
 
 std::vector<const UserType*> OwnTypes(const TypeInputs& own, bool isUnvt) {

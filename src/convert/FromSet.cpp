@@ -13,7 +13,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kOwnScope = 6;
 // Members lie inside one another so deep at most; beyond, and behind so many of them in one type, bytes do.
 constexpr int kDeepestMember = 900;
 constexpr int kMostMembers = 100000;

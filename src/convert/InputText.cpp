@@ -10,7 +10,7 @@ namespace tovarek {
 namespace {
 
 // Of a property that has no name where XML needs one.
-std::string NameOf(const CCp& cp, std::size_t position) {
+std::string NameOfProperty(const CCp& cp, std::size_t position) {
     return cp.name.empty() ? "cp" + std::to_string(position + 1) : cp.name;
 }
 
@@ -136,7 +136,7 @@ void WriteXmlRecords(XmlWriter& out, const std::vector<Record>& records, std::st
         const Record& record = records[i];
         std::string name = record.name;
         if constexpr (std::is_same_v<Record, CCp>)
-            name = NameOf(record, i);
+            name = NameOfProperty(record, i);
         if (const std::string comment = CommentOf(record, names); !comment.empty())
             out.Comment(comment);
         out.Open(name);

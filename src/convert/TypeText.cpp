@@ -7,8 +7,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kOwnScope = 6;
-
 std::string_view WordOf(ElementType kind) {
     constexpr std::string_view kWords[] = {"",      "SIGNEDNUMERIC", "UNSIGNEDNUMERIC", "BITS",
                                            "ENUM",  "TEXTUAL",       "STRUCT",          "UNION",
