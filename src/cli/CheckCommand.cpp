@@ -9,8 +9,11 @@
 #include "base/Text.h"
 #include "check/WarningNames.h"
 #include "cli/Assignments.h"
-#include "cli/FindingReport.h"
+#include "cli/Json.h"
 #include "cli/OutputGuard.h"
+#include "report/FindingText.h"
+#include "report/Junit.h"
+#include "report/Sarif.h"
 
 namespace tovarek {
 namespace {
@@ -35,6 +38,17 @@ bool InColor(const std::string& wish, const Streams& streams) {
 
 std::string Count(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+// What people write for a job, as far as it is read; the catalog comes with the program.
+std::vector<std::string> InputsOf(const Tovarek& component, const std::vector<Setting>& settings) {
+    std::vector<std::string> inputs = JobsOf(settings);
+    for (const JobFile& file : component.Files().inputs) {
+        const bool isOfTypes = file.role == "typeFilesXMLFormat" || file.role == "user type file";
+        if (file.role != "catalog" && (!isOfTypes || component.mustGenerateTypes()))
+            inputs.push_back(file.path);
+    }
+    return inputs;
 }
 
 }  // namespace
@@ -62,13 +76,22 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
     const auto errors = static_cast<std::size_t>(std::count_if(
         judged.begin(), judged.end(), [](const CheckedFinding& finding) { return finding.isError; }));
     const std::size_t warnings = judged.size() - errors;
-    if (format == OutputFormat::json) {
-        streams.out << JsonText(
-                           {{"findings", FindingsJson(judged)}, {"errors", errors}, {"warnings", warnings}})
-                    << '\n';
-    } else {
-        WriteFindings(judged, inColor, streams.out);
-        streams.out << Count(errors, "error") << ", " << Count(warnings, "warning") << '\n';
+    switch (format) {
+        case OutputFormat::json:
+            streams.out << JsonText({{"findings", FindingsJson(judged)},
+                                     {"errors", errors},
+                                     {"warnings", warnings}})
+                        << '\n';
+            break;
+        case OutputFormat::sarif:
+            streams.out << SarifText(judged, TOVAREK_VERSION);
+            break;
+        case OutputFormat::junit:
+            streams.out << JunitText(judged, InputsOf(component, settings), wishes.warningsAsErrors);
+            break;
+        default:
+            WriteFindings(judged, inColor, streams.out);
+            streams.out << Count(errors, "error") << ", " << Count(warnings, "warning") << '\n';
     }
     return errors > 0 || (wishes.warningsAsErrors && warnings > 0) ? kFailed : kDone;
 }

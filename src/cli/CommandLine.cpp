@@ -60,7 +60,9 @@ constexpr Verb kVerbs[] = {
      "  --ignore NAME                   leave a warning out, e.g. --ignore ignored-key; may be repeated\n"
      "  --pedantic                      weak warnings too\n"
      "  --warnings-as-errors            exit status 1 for a warning as well\n"
-     "  --color auto|always|never       colours; auto: on a terminal, unless NO_COLOR is set\n",
+     "  --color auto|always|never       colours; auto: on a terminal, unless NO_COLOR is set\n"
+     "  --format sarif                  for code hosts: SARIF 2.1.0\n"
+     "  --format junit                  for build servers: a test case for each input, in JUnit's XML\n",
      "tovarek check --iniTemplateFile template.ini --mustGenerateTypes false --mustGenerateXif false"},
     {"explain", "explain NUMBER|NAME", "what a finding means, why it matters, an example, the mend",
      "NUMBER or NAME is what stands in brackets behind a finding of 'tovarek check', or the code of an "
@@ -156,6 +158,8 @@ constexpr FormatRow kFormats[] = {
     {"text", OutputFormat::text, ""},
     {"json", OutputFormat::json, ""},
     {"markdown", OutputFormat::markdown, "explain"},
+    {"sarif", OutputFormat::sarif, "check"},
+    {"junit", OutputFormat::junit, "check"},
 };
 
 const FormatRow* FindFormat(std::string_view name) {

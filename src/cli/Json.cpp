@@ -1,8 +1,10 @@
 #include "cli/Json.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/Text.h"
+#include "explain/ErrorNames.h"
 #include "system/Files.h"
 
 namespace tovarek {
@@ -13,6 +15,37 @@ Json RealJson(double value) {
     if (std::abs(value) < kExact && value == std::trunc(value))
         return static_cast<std::int64_t>(value);
     return value;
+}
+
+Json FindingJson(const CheckedFinding& finding) {
+    Json json = {{"severity", finding.isError ? "error" : "warning"}, {"name", finding.name}};
+    if (finding.isError) {
+        json["error"] = finding.error;
+        json["number"] = ShortNumber(finding.error);
+        json["code"] = ErrorNumberText(finding.error);
+    }
+    json["message"] = finding.message;
+    if (!finding.context.file.empty())
+        json["file"] = SystemPath(finding.context.file);
+    if (finding.context.line > 0)
+        json["line"] = finding.context.line;
+    if (finding.context.line > 0 && finding.column > 0) {
+        json["column"] = finding.column;
+        json["endColumn"] = finding.column + std::max(finding.width, 1);
+    }
+    json["order"] = finding.order;
+    json["context"] = ContextJson(finding.context);
+    Json notes = Json::array();
+    for (const FindingNote& note : finding.notes) {
+        Json row = {{"message", note.text}};
+        if (note.line > 0) {
+            row["file"] = SystemPath(note.file);
+            row["line"] = note.line;
+        }
+        notes.push_back(std::move(row));
+    }
+    json["notes"] = std::move(notes);
+    return json;
 }
 
 }  // namespace
@@ -91,6 +124,13 @@ Json ListingJson(const ByteListing& listing, std::string_view bytes) {
         json["value"] = row.value;
     }
     return rows;
+}
+
+Json FindingsJson(const std::vector<CheckedFinding>& findings) {
+    Json list = Json::array();
+    for (const CheckedFinding& finding : findings)
+        list.push_back(FindingJson(finding));
+    return list;
 }
 
 }  // namespace tovarek

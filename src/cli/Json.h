@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Error.h"
+#include "check/Check.h"
 #include "inspect/ByteListing.h"
 #include "inspect/InspectNode.h"
 
@@ -30,6 +31,9 @@ Json ValueJson(const InspectNode::Value& value);
 
 // A tree as one JSON value: objects and lists as what they are, names of list items left out.
 Json NodeJson(const InspectNode& node);
+
+// The findings as a list, sorted as they are; `order` is the place in the sequence of a generation.
+Json FindingsJson(const std::vector<CheckedFinding>& findings);
 
 // Files that were written, with their sizes, as a list.
 Json WrittenJson(const std::vector<std::string>& files);

@@ -3,8 +3,8 @@
 #include <ostream>
 
 #include "base/Text.h"
-#include "cli/FindingReport.h"
 #include "cli/Json.h"
+#include "report/FindingText.h"
 #include "system/Files.h"
 
 namespace tovarek {

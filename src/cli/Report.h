@@ -7,12 +7,12 @@
 
 #include "base/Error.h"
 #include "check/Check.h"
-#include "explain/ErrorNames.h"
 #include "cli/Streams.h"
+#include "explain/ErrorNames.h"
 
 namespace tovarek {
 
-enum class OutputFormat { text, json, markdown };
+enum class OutputFormat { text, json, markdown, sarif, junit };
 
 // What a run of `generate` comes to.
 struct RunReport {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "xml/XmlEscaped.h"
 
 namespace tovarek {
 namespace {
@@ -41,31 +42,6 @@ bool IsNameCharacter(char32_t c, bool isFirst) {
             (c < 0x300 || c > 0x36F || !isFirst)) ||
            (!isFirst && c == kMiddleDot) || (c >= 0x3001 && c <= 0xD7FF) ||
            (c >= 0xF900 && c < kReplacement) || (c >= 0x10000 && c <= 0xEFFFF);
-}
-
-// Characters that no XML document holds.
-bool IsXmlCharacter(char32_t c) {
-    return c >= 0x20 ? c != 0xFFFE && c != 0xFFFF : c == '\t' || c == '\n' || c == '\r';
-}
-
-std::string XmlText(std::string_view text) {
-    std::string escaped;
-    for (std::size_t position = 0; position < text.size();) {
-        const char32_t c = NextCharacter(text, position);
-        if (c == '&')
-            escaped += "&amp;";
-        else if (c == '<')
-            escaped += "&lt;";
-        else if (c == '>')
-            escaped += "&gt;";
-        else if (c == '\r')
-            escaped += "&#13;";
-        else if (c == '\n')
-            escaped += "&#10;";
-        else
-            AppendUtf8(escaped, IsXmlCharacter(c) ? c : U'?');
-    }
-    return escaped;
 }
 
 }  // namespace
@@ -127,7 +103,7 @@ void XmlWriter::Close(std::string_view name) {
 
 void XmlWriter::Element(std::string_view name, std::string_view text) {
     Indent();
-    text_.append("<").append(name).append(">").append(XmlText(text));
+    text_.append("<").append(name).append(">").append(XmlEscaped(text));
     text_.append("</").append(name).append(">").append(kLineEnd);
 }
 

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "check/WarningNames.h"
-#include "explain/Explanations.h"
 
 namespace tovarek {
 namespace {
@@ -36,19 +35,6 @@ std::string Code(std::string_view text) {
 
 void AddBlock(std::string_view code, std::string& document) {
     document += "```\n" + std::string(code) + "\n```\n\n";
-}
-
-void AddWarning(const Explanation& one, std::string& document) {
-    document += "### `" + std::string(one.name) + "`\n\n" + Escaped(one.meaning) + "\n\n" +
-                (RowOf(one.warning).isWeak ? "Told with `--pedantic` only.\n\n" : "") +
-                "**Why it matters.** " + Escaped(one.why) + "\n\n";
-    if (!one.wrong.empty())
-        AddBlock(one.wrong, document);
-    if (!one.right.empty()) {
-        document += "Instead:\n\n";
-        AddBlock(one.right, document);
-    }
-    document += "**Mend.** " + Escaped(one.mend) + "\n\n";
 }
 
 void AddErrorRow(const Explanation& one, std::string& document) {
@@ -84,6 +70,20 @@ void AddRuntimeErrors(std::string& document) {
 
 }  // namespace
 
+std::string MarkdownOf(const Explanation& one) {
+    std::string text = Escaped(one.meaning) + "\n\n";
+    if (!one.IsError() && RowOf(one.warning).isWeak)
+        text += "Told with `--pedantic` only.\n\n";
+    text += "**Why it matters.** " + Escaped(one.why) + "\n\n";
+    if (!one.wrong.empty())
+        AddBlock(one.wrong, text);
+    if (!one.right.empty()) {
+        text += "Instead:\n\n";
+        AddBlock(one.right, text);
+    }
+    return text + "**Mend.** " + Escaped(one.mend) + "\n\n";
+}
+
 std::string FindingsDocument() {
     std::string document(kIntroduction);
     document +=
@@ -92,7 +92,7 @@ std::string FindingsDocument() {
         "say.\n\n";
     for (const Explanation& one : Explanations())
         if (!one.IsError())
-            AddWarning(one, document);
+            document += "### `" + std::string(one.name) + "`\n\n" + MarkdownOf(one);
     document += "## Errors\n\nThe first of them ends a generation.\n\n";
     AddErrors(document);
     document +=

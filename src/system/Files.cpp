@@ -218,6 +218,19 @@ fs::path FollowLinks(fs::path path) {
 
 }  // namespace
 
+std::string FromCurrentFolder(std::string_view path) {
+    std::error_code failed;
+    const fs::path current = fs::current_path(failed);
+    const fs::path whole = (current / PathOf(SystemPath(path))).lexically_normal();
+    const fs::path relative = whole.lexically_relative(current);
+    const bool leadsIn = !failed && !relative.empty() && *relative.begin() != "..";
+    std::string text = TextOf(leadsIn ? relative : whole);
+#ifdef _WIN32
+    std::replace(text.begin(), text.end(), '\\', '/');
+#endif
+    return text;
+}
+
 std::optional<FileIdentity> IdentityOf(std::string_view path) {
     fs::path folder = FollowLinks(PathOf(SystemPath(path)));
     FileStamp stamp = StampOf(TextOf(folder));

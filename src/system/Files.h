@@ -53,6 +53,10 @@ struct FileIdentity {
 // Nothing for what holds no bytes that could be overwritten: folders, devices and pipes.
 std::optional<FileIdentity> IdentityOf(std::string_view path);
 
+// The path relative to the current folder, with '/' between its parts, where it leads into that folder; else
+// the absolute one. Links are not followed.
+std::string FromCurrentFolder(std::string_view path);
+
 // Names of the entries of a directory ("." and ".." left out), in no order; empty when it cannot be listed.
 std::vector<std::string> DirectoryEntries(std::string_view path);
 

@@ -1,4 +1,4 @@
-#include "cli/FindingReport.h"
+#include "report/FindingText.h"
 
 #include <ostream>
 
@@ -63,49 +63,11 @@ void WriteFinding(const CheckedFinding& finding, const Colors& colors, std::ostr
     }
 }
 
-Json FindingJson(const CheckedFinding& finding) {
-    Json json = {{"severity", finding.isError ? "error" : "warning"}, {"name", finding.name}};
-    if (finding.isError) {
-        json["error"] = finding.error;
-        json["number"] = ShortNumber(finding.error);
-        json["code"] = ErrorNumberText(finding.error);
-    }
-    json["message"] = finding.message;
-    if (!finding.context.file.empty())
-        json["file"] = SystemPath(finding.context.file);
-    if (finding.context.line > 0)
-        json["line"] = finding.context.line;
-    if (finding.context.line > 0 && finding.column > 0) {
-        json["column"] = finding.column;
-        json["endColumn"] = finding.column + std::max(finding.width, 1);
-    }
-    json["order"] = finding.order;
-    json["context"] = ContextJson(finding.context);
-    Json notes = Json::array();
-    for (const FindingNote& note : finding.notes) {
-        Json row = {{"message", note.text}};
-        if (note.line > 0) {
-            row["file"] = SystemPath(note.file);
-            row["line"] = note.line;
-        }
-        notes.push_back(std::move(row));
-    }
-    json["notes"] = std::move(notes);
-    return json;
-}
-
 }  // namespace
 
 void WriteFindings(const std::vector<CheckedFinding>& findings, bool inColor, std::ostream& out) {
     for (const CheckedFinding& finding : findings)
         WriteFinding(finding, inColor ? kAnsi : kPlain, out);
-}
-
-Json FindingsJson(const std::vector<CheckedFinding>& findings) {
-    Json list = Json::array();
-    for (const CheckedFinding& finding : findings)
-        list.push_back(FindingJson(finding));
-    return list;
 }
 
 }  // namespace tovarek

@@ -1,19 +1,15 @@
-// How findings are shown.
+// How findings are shown to people.
 #pragma once
 
 #include <iosfwd>
 #include <vector>
 
 #include "check/Check.h"
-#include "cli/Json.h"
 
 namespace tovarek {
 
 // One line a finding in the form "FILE:LINE:COLUMN: error: TEXT [71 nvlength]" that editors and build systems
 // know, under it the line itself with a mark, then its notes.
 void WriteFindings(const std::vector<CheckedFinding>& findings, bool inColor, std::ostream& out);
-
-// The findings as a list, sorted as they are; `order` is the place in the sequence of a generation.
-Json FindingsJson(const std::vector<CheckedFinding>& findings);
 
 }  // namespace tovarek

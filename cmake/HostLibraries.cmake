@@ -1,0 +1,15 @@
+# Two libraries of headers alone. A cross build must not see the other headers of the machine that it runs on: a folder
+# of links holds just these two.
+if(CMAKE_CROSSCOMPILING)
+  set(headers ${CMAKE_CURRENT_BINARY_DIR}/headers)
+  file(MAKE_DIRECTORY ${headers})
+  foreach(library CLI nlohmann)
+    find_path(TOVAREK_${library}_OF_HOST ${library} PATHS /usr/include NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    file(CREATE_LINK ${TOVAREK_${library}_OF_HOST}/${library} ${headers}/${library} SYMBOLIC)
+  endforeach()
+  set(TOVAREK_CLI11_INCLUDE ${headers})
+  set(TOVAREK_JSON_INCLUDE ${headers})
+else()
+  find_path(TOVAREK_CLI11_INCLUDE CLI/CLI.hpp REQUIRED)
+  find_path(TOVAREK_JSON_INCLUDE nlohmann/json.hpp REQUIRED)
+endif()
