@@ -11,8 +11,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kOwnScope = 6;
-
 bool HasListed(const TypeInputs& own, bool isUnvt) {
     return std::any_of(own.types.begin(), own.types.end(),
                        [&](const UserType& type) { return type.scope < kOwnScope && type.isUnvt == isUnvt; });
