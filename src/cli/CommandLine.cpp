@@ -14,6 +14,7 @@
 #include "cli/ExplainCommand.h"
 #include "cli/GenerateCommand.h"
 #include "cli/InspectCommands.h"
+#include "cli/InterfaceDiffCommand.h"
 #include "cli/Locations.h"
 #include "cli/ProgramIdCommand.h"
 #include "cli/ValueCommand.h"
@@ -83,7 +84,13 @@ constexpr Verb kVerbs[] = {
      "  --catalogDir DIR                the catalog that names of standard types come from\n"
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek dump fan-coil.xif"},
-    {"diff", "diff A B", "compare the content of two such files", "", "tovarek diff old.xif new.xif"},
+    {"diff", "diff A B", "compare the content of two such files",
+     "  --interface                     may B ship under the program ID of A? Both are XIF files, "
+     "templates\n"
+     "                                  (.ini, .xml) or jobs (.json); exit status 1 when it may not\n"
+     "  --catalogDir DIR                with it: folder of another catalog than the shipped one\n"
+     "  --catalogFile FILE              its file name, ldrf.cat by default\n",
+     "tovarek diff --interface released.xif template.ini"},
     {"convert", "convert INPUT... [OPTIONS]",
      "an XIF file, resource files, or a profile and a template, as other inputs",
      "INPUT is an XIF file of any version, a file of a resource set (.typ, .enu, .fmt), or a profile or\n"
@@ -240,6 +247,7 @@ struct Commands {
     std::string file;       // of dump, and the first one of diff
     std::string otherFile;  // the second one of diff
     bool bytes = false;
+    bool ofInterface = false;  // diff compares interfaces
     ProgramIdWords programIdWords;
     // But for the catalog, which stands in `place`.
     ValueOptions valueOptions;
@@ -266,7 +274,7 @@ struct Commands {
         check->add_flag("--warnings-as-errors", checkWishes.warningsAsErrors);
         check->add_option("--color", checkWishes.color)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-        for (CLI::App* command : {catalog, list, show, find, dump, encode, decode, convert}) {
+        for (CLI::App* command : {catalog, list, show, find, dump, diff, encode, decode, convert}) {
             command->add_option("--catalogDir", place.folder);
             command->add_option("--catalogFile", place.file);
         }
@@ -279,6 +287,7 @@ struct Commands {
         dump->add_flag("--bytes", bytes);
         diff->add_option("A", file);
         diff->add_option("B", otherFile);
+        diff->add_flag("--interface", ofInterface);
         for (CLI::App* command : {encode, decode}) {
             command->add_option("TYPE", valueOptions.type);
             command->add_option("VALUE", valueOptions.value);
@@ -434,6 +443,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
     if (commands.diff->parsed()) {
         if (commands.file.empty() || commands.otherFile.empty())
             return ReportWrongUse("diff needs two files to compare", format, streams);
+        if (commands.ofInterface)
+            return RunInterfaceDiff({commands.file, commands.otherFile, commands.place}, format, streams);
         return RunDiff(commands.file, commands.otherFile, format, streams);
     }
     if (commands.convert->parsed())
@@ -465,7 +476,7 @@ std::string ParserFault(const CLI::Error& error) {
     const std::string option = text.substr(0, text.find(':'));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr && option.starts_with("--"))
         return "option '" + option + "' needs a value";
-    return "the options --help, --version, --bytes, --certified and --strict take no value";
+    return "the options --help, --version, --bytes, --certified, --interface and --strict take no value";
 }
 
 }  // namespace

@@ -11,19 +11,6 @@
 namespace tovarek {
 namespace {
 
-bool IsXif(const std::string& path) {
-    constexpr std::string_view kBegin = "File:";
-    return ExtensionOf(path) == "xif" || ReadFile(path, kBegin.size()) == kBegin;
-}
-
-DeviceInterface InterfaceOfXifFile(const std::string& path, const StandardCatalog& catalog) {
-    XifFile file;
-    if (const Outcome outcome = ReadXifFile(ReadFile(path), file); !outcome.Ok())
-        CErrorHandler().RaiseQVxTypesEditError(
-            outcome.code, {.record = "XIF file", .file = path, .reason = outcome.reason});
-    return InterfaceOfXif(file, catalog);
-}
-
 DeviceInterface InterfaceOfForm(const NamedInput& input) {
     const std::string extension = ExtensionOf(input.file);
     if (extension != "ini" && extension != "xml")
@@ -49,7 +36,8 @@ class InputReader {
         if (IsResourceFile(input.file))
             return AddSet(input.file);
         const bool isXif = IsXif(input.file);
-        DeviceInterface found = isXif ? InterfaceOfXifFile(input.file, catalog_) : InterfaceOfForm(input);
+        DeviceInterface found =
+            isXif ? InterfaceOfXif(ReadXif(input.file), catalog_) : InterfaceOfForm(input);
         hasForm_ = hasForm_ || !isXif;
         DeviceInterface& whole = read_.device;
         if (Take(whole.hasProfile, found.hasProfile, "profile"))
@@ -109,6 +97,19 @@ NamedInput InputNamed(const std::string& word) {
     if (mark == std::string::npos || FileExists(word))
         return {word, {}};
     return {word.substr(0, mark), word.substr(mark + 1)};
+}
+
+bool IsXif(const std::string& path) {
+    constexpr std::string_view kBegin = "File:";
+    return ExtensionOf(path) == "xif" || ReadFile(path, kBegin.size()) == kBegin;
+}
+
+XifFile ReadXif(const std::string& path) {
+    XifFile file;
+    if (const Outcome outcome = ReadXifFile(ReadFile(path), file); !outcome.Ok())
+        CErrorHandler().RaiseQVxTypesEditError(
+            outcome.code, {.record = "XIF file", .file = path, .reason = outcome.reason});
+    return file;
 }
 
 ConvertInputs ReadInputs(const std::vector<std::string>& words, const StandardCatalog& catalog) {

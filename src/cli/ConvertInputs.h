@@ -6,6 +6,7 @@
 
 #include "convert/DeviceInterface.h"
 #include "convert/ResourceSetInput.h"
+#include "formats/xif/XifFile.h"
 
 namespace tovarek {
 
@@ -16,6 +17,11 @@ struct NamedInput {
 
 // The element is named behind the last "#" of what is no file as a whole.
 NamedInput InputNamed(const std::string& word);
+
+// By its extension or its first bytes.
+bool IsXif(const std::string& path);
+// Raises what cannot be read, with the line and the reason.
+XifFile ReadXif(const std::string& path);
 
 struct ConvertInputs {
     DeviceInterface device;              // all inputs as one

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "check/WarningNames.h"
 #include "cli/Json.h"
+#include "compare/InterfaceRules.h"
 #include "explain/Explanations.h"
 #include "explain/FindingsDocument.h"
 
@@ -18,6 +19,8 @@ int RefuseFindingWord(const std::string& word, OutputFormat format, Streams stre
     std::vector<std::string> names;
     for (const Explanation& one : Explanations())
         names.emplace_back(one.name);
+    for (const InterfaceRuleRow& rule : InterfaceRules())
+        names.emplace_back(rule.name);
     const std::string mend = DidYouMean(word, names);
     return ReportWrongUse("there is no finding '" + Excerpt(word) + "'" +
                               (mend.empty() ? "; 'tovarek explain --list' shows all" : mend),
@@ -108,6 +111,19 @@ void WriteJson(std::span<const Explanation> shown, std::ostream& out) {
     out << JsonText(list) << '\n';
 }
 
+int ShowRule(const InterfaceRuleRow& rule, OutputFormat format, std::ostream& out) {
+    const std::string_view effect = rule.IsBreaking() ? "breaking" : "harmless";
+    if (format == OutputFormat::json) {
+        out << JsonText(Json::array(
+                   {{{"effect", effect}, {"name", rule.name}, {"meaning", rule.meaning}, {"why", rule.why}}}))
+            << '\n';
+        return kDone;
+    }
+    out << rule.name << ": " << effect << " change of an interface: " << rule.meaning << '\n';
+    WriteText("Why it matters", rule.why, out);
+    return kDone;
+}
+
 int ShowAll(OutputFormat format, std::ostream& out) {
     if (format == OutputFormat::markdown)
         out << FindingsDocument();
@@ -127,6 +143,8 @@ int RunExplain(const ExplainWishes& wishes, OutputFormat format, Streams streams
         return ShowAll(format, streams.out);
     if (format == OutputFormat::markdown)
         return ReportWrongUse("markdown is the format of 'tovarek explain --list' alone", format, streams);
+    if (const InterfaceRuleRow* const rule = InterfaceRuleNamed(wishes.word))
+        return ShowRule(*rule, format, streams.out);
     const std::vector<Explanation> shown = ExplanationsOf(wishes.word);
     if (shown.empty())
         return RefuseFindingWord(wishes.word, format, streams);

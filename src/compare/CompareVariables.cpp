@@ -1,0 +1,244 @@
+#include <algorithm>
+#include <array>
+
+#include "compare/Documentation.h"
+#include "compare/RecordChanges.h"
+
+namespace tovarek {
+namespace {
+
+constexpr std::size_t kIndex = 0;  // behind the name: index, rates, array size
+constexpr std::size_t kArray = 3;
+constexpr std::size_t kDirection = 3;  // on the second line
+
+// The second line but for the direction. What may be changed in the field is only a default; the place behind
+// such a value says whether it may.
+struct VariableAttribute {
+    std::size_t place;
+    std::string_view name;
+    bool isDefault;
+};
+constexpr std::array<VariableAttribute, 12> kVariableAttributes = {{
+    {0, "offline", false},
+    {1, "second attribute", false},
+    {2, "third attribute", false},
+    {4, "defaultService", true},
+    {5, "serviceCanBeChanged", false},
+    {6, "defaultAuth", true},
+    {7, "authCanBeChanged", false},
+    {8, "defaultPriority", true},
+    {9, "priorityCanBeChanged", false},
+    {10, "polled", false},
+    {11, "synchronized", false},
+    {12, "configuration", false},
+}};
+
+constexpr std::array<std::string_view, 13> kTagAttributes = {"first attribute", "bindable",
+                                                             "third attribute", "direction",
+                                                             "service",         "serviceCanBeChanged",
+                                                             "authenticated",   "authCanBeChanged",
+                                                             "priority",        "priorityCanBeChanged",
+                                                             "polled",          "synchronized",
+                                                             "configuration"};
+constexpr std::size_t kTagPriorityCanBeChanged = 9;
+
+template <class Record>
+std::vector<std::string> NamesOf(const std::vector<Record>& records) {
+    std::vector<std::string> names;
+    names.reserve(records.size());
+    for (const Record& record : records)
+        names.push_back(record.name);
+    return names;
+}
+
+std::vector<std::string> Titles(std::string_view kind, const std::vector<std::string>& names) {
+    std::vector<std::string> titles;
+    titles.reserve(names.size());
+    for (const std::string& name : names)
+        titles.push_back(std::string(kind) + ' ' + std::to_string(titles.size() + 1) + " (" +
+                         Printable(name) + ")");
+    return titles;
+}
+
+XifNumber NumberAt(const std::vector<XifNumber>& numbers, std::size_t place) {
+    return place < numbers.size() ? numbers[place] : XifNumber(0);
+}
+
+// How far the index of each variable is from where those in front of it let it begin.
+std::vector<std::int64_t> IndexGaps(const std::vector<XifVariable>& variables) {
+    std::vector<std::int64_t> gaps;
+    gaps.reserve(variables.size());
+    std::int64_t next = 0;
+    for (const XifVariable& variable : variables) {
+        const std::int64_t index = variable.Number(kIndex).value_or(next);
+        gaps.push_back(index - next);
+        next = index;
+        const std::int64_t entries = std::max<std::int64_t>(variable.Number(kArray).value_or(0), 1);
+        next = next > INT64_MAX - entries ? INT64_MAX : next + entries;
+    }
+    return gaps;
+}
+
+class VariableComparison {
+  public:
+    VariableComparison(const XifFile& before, const XifFile& after, const ResourceNames& names,
+                       ChangeList& changes)
+        : before_(before.variables), after_(after.variables), names_(names), changes_(changes) {}
+
+    void Compare() {
+        const std::vector<std::string> namesBefore = NamesOf(before_);
+        const std::vector<std::string> namesAfter = NamesOf(after_);
+        const Alignment alignment = Align(
+            namesBefore, namesAfter, [this](std::size_t old, std::size_t now) { return Like(old, now); });
+        titles_ = Titles("network variable", namesAfter);
+        TellAlignment(alignment,
+                      {InterfaceRule::variableAdded, InterfaceRule::variableRemoved,
+                       InterfaceRule::variableMoved, InterfaceRule::variablesSwapped},
+                      Titles("network variable", namesBefore), titles_, changes_);
+        const std::vector<std::int64_t> gapsBefore = IndexGaps(before_);
+        const std::vector<std::int64_t> gapsAfter = IndexGaps(after_);
+        for (const AlignedPair& pair : alignment.pairs) {
+            if (gapsBefore[pair.before] != gapsAfter[pair.after])
+                changes_.Tell(InterfaceRule::variableIndex, titles_[pair.after], "index",
+                              NumberText(before_[pair.before].Number(kIndex)),
+                              NumberText(after_[pair.after].Number(kIndex)));
+            ComparePair(titles_[pair.after], before_[pair.before], after_[pair.after]);
+        }
+        TellElements();
+    }
+
+  private:
+    int Like(std::size_t before, std::size_t after) const {
+        const XifVariable& old = before_[before];
+        const XifVariable& now = after_[after];
+        if (old.Attribute(kDirection) != now.Attribute(kDirection))
+            return 0;
+        const bool isSameType = old.standardType == now.standardType && old.Size() == now.Size();
+        const bool isSameMember = !old.documentation.empty() && Head(old) == Head(now);
+        return (isSameType ? 2 : 0) + (isSameMember ? 1 : 0);
+    }
+
+    static std::string Head(const XifVariable& variable) {
+        const DocumentationParts parts = PartsOfDocumentation(variable.documentation);
+        return parts.head + parts.objects;
+    }
+
+    std::string TypeText(const XifVariable& variable) const {
+        const XifNumber& type = variable.standardType;
+        if (type == 0)
+            return "a type of the device's own";
+        const std::string name = type && *type > 0 && *type <= UINT8_MAX
+                                     ? names_.NvName({0, static_cast<std::uint16_t>(*type)})
+                                     : "";
+        return name.empty() ? "type " + NumberText(type) : name;
+    }
+
+    static std::string DirectionText(const XifNumber& direction) {
+        return direction == 0 ? "input" : direction == 1 ? "output" : NumberText(direction);
+    }
+
+    void ComparePair(const std::string& record, const XifVariable& old, const XifVariable& now) {
+        changes_.Expect(InterfaceRule::variableRenamed, record, "name", old.name, now.name);
+        changes_.Expect(InterfaceRule::variableDirection, record, "direction",
+                        DirectionText(old.Attribute(kDirection)), DirectionText(now.Attribute(kDirection)));
+        if (old.standardType != now.standardType)
+            changes_.Tell(InterfaceRule::variableType, record, "type", TypeText(old), TypeText(now));
+        changes_.Expect(InterfaceRule::variableSize, record, "length", std::to_string(old.Size()) + " bytes",
+                        std::to_string(now.Size()) + " bytes");
+        CompareNumbers(record, old, now);
+        CompareDocumentation(record, old, now);
+        if (old.Size() == now.Size() && !HasSameElements(old, now) && ++described_ == 1)
+            firstDescribed_ = record;
+    }
+
+    void CompareNumbers(const std::string& record, const XifVariable& old, const XifVariable& now) {
+        constexpr std::array<std::string_view, 2> kRates = {"avgRate", "maxRate"};
+        changes_.Expect(InterfaceRule::variableArray, record, "array size", NumberText(old.Number(kArray)),
+                        NumberText(now.Number(kArray)));
+        for (std::size_t i = 0; i < kRates.size(); ++i)
+            changes_.Expect(InterfaceRule::variableRates, record, kRates[i], NumberText(old.Number(i + 1)),
+                            NumberText(now.Number(i + 1)));
+        for (const VariableAttribute& attribute : kVariableAttributes) {
+            const bool isFree = attribute.isDefault && (old.Attribute(attribute.place + 1) != 0 ||
+                                                        now.Attribute(attribute.place + 1) != 0);
+            changes_.Expect(isFree ? InterfaceRule::variableDefault : InterfaceRule::variableAttribute,
+                            record, attribute.name, NumberText(old.Attribute(attribute.place)),
+                            NumberText(now.Attribute(attribute.place)));
+        }
+    }
+
+    void CompareDocumentation(const std::string& record, const XifVariable& old, const XifVariable& now) {
+        const DocumentationParts before = PartsOfDocumentation(old.documentation);
+        const DocumentationParts after = PartsOfDocumentation(now.documentation);
+        if (before.head != after.head || before.objects != after.objects)
+            changes_.Tell(InterfaceRule::variableDocumentation, record, "self-documentation",
+                          old.documentation, now.documentation);
+        else if (before.text != after.text)
+            changes_.Tell(InterfaceRule::variableText, record, "text", old.documentation, now.documentation);
+    }
+
+    static bool HasSameElements(const XifVariable& old, const XifVariable& now) {
+        return std::equal(old.elements.begin(), old.elements.end(), now.elements.begin(), now.elements.end(),
+                          [](const XifElement& a, const XifElement& b) {
+                              return a.type == b.type && a.offset == b.offset && a.size == b.size &&
+                                     a.isSigned == b.isSigned && a.array == b.array;
+                          });
+    }
+
+    // Mostly all variables at once, when another generator wrote the file.
+    void TellElements() {
+        if (described_ > 0)
+            changes_.Tell(InterfaceRule::variableElements, firstDescribed_,
+                          described_ == 1 ? "elements"
+                                          : "elements, and those of " + std::to_string(described_ - 1) +
+                                                " more variables");
+    }
+
+    const std::vector<XifVariable>& before_;
+    const std::vector<XifVariable>& after_;
+    const ResourceNames& names_;
+    ChangeList& changes_;
+    std::vector<std::string> titles_;
+    std::size_t described_ = 0;
+    std::string firstDescribed_;
+};
+
+void CompareTag(const std::string& record, const XifTag& old, const XifTag& now, bool isInPlace,
+                ChangeList& changes) {
+    constexpr std::array<std::string_view, 4> kNumbers = {"index", "avgRate", "maxRate", "fourth number"};
+    changes.Expect(InterfaceRule::tagRenamed, record, "name", old.name, now.name);
+    for (std::size_t i = isInPlace ? 0 : 1; i < kNumbers.size(); ++i)
+        changes.Expect(i == 1 || i == 2 ? InterfaceRule::tagRates : InterfaceRule::tagAttribute, record,
+                       kNumbers[i], NumberText(NumberAt(old.numbers, i)),
+                       NumberText(NumberAt(now.numbers, i)));
+    for (std::size_t i = 0; i < kTagAttributes.size(); ++i)
+        changes.Expect(
+            i == kTagPriorityCanBeChanged ? InterfaceRule::tagDefault : InterfaceRule::tagAttribute, record,
+            kTagAttributes[i], NumberText(NumberAt(old.attributes, i)),
+            NumberText(NumberAt(now.attributes, i)));
+}
+
+}  // namespace
+
+void CompareVariables(const XifFile& before, const XifFile& after, const ResourceNames& names,
+                      ChangeList& changes) {
+    VariableComparison(before, after, names, changes).Compare();
+}
+
+void CompareTags(const XifFile& before, const XifFile& after, ChangeList& changes) {
+    const std::vector<std::string> namesBefore = NamesOf(before.tags);
+    const std::vector<std::string> namesAfter = NamesOf(after.tags);
+    const Alignment alignment = Align(namesBefore, namesAfter, [&](std::size_t old, std::size_t now) {
+        return before.tags[old].attributes == after.tags[now].attributes ? 1 : 0;
+    });
+    const std::vector<std::string> titles = Titles("message tag", namesAfter);
+    TellAlignment(alignment,
+                  {InterfaceRule::tagAdded, InterfaceRule::tagRemoved, InterfaceRule::tagMoved,
+                   InterfaceRule::tagsSwapped},
+                  Titles("message tag", namesBefore), titles, changes);
+    for (const AlignedPair& pair : alignment.pairs)
+        CompareTag(titles[pair.after], before.tags[pair.before], after.tags[pair.after],
+                   pair.before == pair.after, changes);
+}
+
+}  // namespace tovarek

@@ -1,0 +1,57 @@
+// What the comparisons of variables, tags and properties have in common.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/Text.h"
+#include "compare/Align.h"
+#include "compare/InterfaceChange.h"
+#include "control/ResourceNames.h"
+#include "formats/xif/XifFile.h"
+
+namespace tovarek {
+
+class ChangeList {
+  public:
+    void Tell(InterfaceRule rule, std::string record, std::string field, const std::string& before = {},
+              const std::string& after = {}) {
+        changes_.push_back({rule, std::move(record), std::move(field), Excerpt(before), Excerpt(after)});
+    }
+    // The same where the two differ.
+    void Expect(InterfaceRule rule, const std::string& record, std::string_view field,
+                const std::string& before, const std::string& after) {
+        if (before != after)
+            Tell(rule, record, std::string(field), before, after);
+    }
+    std::vector<InterfaceChange> Take() { return std::move(changes_); }
+
+  private:
+    std::vector<InterfaceChange> changes_;
+};
+
+std::string NumberText(const XifNumber& number);
+
+// The rules for a list of records as such.
+struct ListRules {
+    InterfaceRule added;
+    InterfaceRule removed;
+    InterfaceRule moved;
+    InterfaceRule swapped;
+};
+
+// Tells what an alignment says; the titles are those of all records of both lists.
+void TellAlignment(const Alignment& alignment, const ListRules& rules, const std::vector<std::string>& before,
+                   const std::vector<std::string>& after, ChangeList& changes);
+
+void CompareVariables(const XifFile& before, const XifFile& after, const ResourceNames& names,
+                      ChangeList& changes);
+void CompareTags(const XifFile& before, const XifFile& after, ChangeList& changes);
+void CompareProperties(const XifFile& before, const XifFile& after, const ResourceNames& names,
+                       ChangeList& changes);
+
+// Whether a property is of a type that the device's own resource files describe.
+bool HasOwnPropertyTypes(const XifFile& file);
+
+}  // namespace tovarek

@@ -1,0 +1,271 @@
+#include <nlohmann/json.hpp>
+
+#include "../Samples.h"
+#include "Edits.h"
+#include "Program.h"
+#include "compare/InterfaceRules.h"
+
+namespace tovarek::test {
+namespace {
+
+constexpr const char* kEqual = "equal";
+constexpr const char* kHarmless = "harmless";
+constexpr const char* kNewId = "breaking under a new program ID";
+constexpr const char* kSameId = "breaking under the same program ID";
+
+struct EditRow {
+    const char* what;
+    Edit edit;
+    const char* verdict;
+    const char* rules;  // of all changes, in order
+};
+
+const std::string kNewVariable = "name=nviNew\nselfdoc=@1|9\ndirection=0\ntype=105\n";
+
+// Of the example's INI template, which is compared with the XIF file of the released device.
+const std::vector<EditRow>& TemplateEdits() {
+    static const std::vector<EditRow> rows = {
+        {"nothing", [](std::string text) { return text; }, kEqual, ""},
+        {"a comment", Replace("; SNVT_switch", "; changed"), kEqual, ""},
+        {"variable in front", Insert("nv", 1, kNewVariable), kSameId, "variable-added"},
+        {"variable in the middle", Insert("nv", 7, kNewVariable), kSameId, "variable-added"},
+        {"variable at the end", Insert("nv", 15, kNewVariable), kSameId, "variable-added"},
+        {"first variable gone", Remove("nv", 1), kSameId, "variable-removed"},
+        {"last variable gone", Remove("nv", 14), kSameId, "variable-removed"},
+        {"array gone", Remove("nv", 7), kSameId, "variable-removed"},
+        {"one for another", Both(Remove("nv", 6), Insert("nv", 6, kNewVariable)), kSameId,
+         "variable-removed variable-added"},
+        {"neighbours swapped", Swap("nv", 3, 4), kSameId, "variables-swapped"},
+        {"far ones swapped", Swap("nv", 1, 14), kSameId, "variables-swapped"},
+        {"swap around one", Swap("nv", 3, 5), kSameId, "variables-swapped"},
+        {"last variable to the front", Move("nv", 14, 1), kSameId, "variable-moved"},
+        {"first variable to the end", Move("nv", 1, 14), kSameId, "variable-moved"},
+        {"one up by three", Move("nv", 8, 5), kSameId, "variable-moved"},
+        {"insertion and swap", Both(Swap("nv", 3, 4), Insert("nv", 1, kNewVariable)), kSameId,
+         "variable-added variables-swapped"},
+        {"renamed", Replace("nviSetpoint", "nviTarget"), kSameId, "variable-renamed"},
+        {"case of a name", Replace("nviSetpoint", "nviSetPoint"), kSameId, "variable-renamed"},
+        {"renamed beside an insertion",
+         Both(Replace("nviSetpoint", "nviTarget"), Insert("nv", 4, kNewVariable)), kSameId,
+         "variable-added variable-renamed"},
+        {"all inputs renamed", Replace("name=nvi", "name=nvx"), kSameId,
+         "variable-renamed variable-renamed variable-renamed variable-renamed variable-renamed "
+         "variable-renamed"},
+        {"renamed and moved, by case", Both(Replace("nciSendHrtBt", "nciSendHrtbt"), Move("nv", 14, 1)),
+         kSameId, "variable-moved variable-renamed"},
+        {"direction", Replace("@1|4\ndirection=1", "@1|4\ndirection=0"), kSameId, "variable-direction"},
+        {"type of another size", Replace("type=92", "type=93"), kSameId, "variable-type variable-size"},
+        {"type of the same size", Replace("type=81", "type=105"), kSameId, "variable-type"},
+        {"own type for a standard one", Replace("type=81", "type=300\nlength=2"), kSameId, "variable-type"},
+        {"own type for another", Replace("type=300\nlength=2", "type=301\nlength=2"), kEqual, ""},
+        {"length of an own type", Replace("type=304\nlength=16", "type=304\nlength=15"), kSameId,
+         "variable-size"},
+        {"array size", Replace("arraySize=4", "arraySize=5"), kSameId, "variable-array"},
+        {"no array", Replace("arraySize=4\n", ""), kSameId, "variable-array"},
+        {"polled", Replace("polled=1", "polled=0"), kSameId, "variable-attribute"},
+        {"synchronized", Replace("synchronized=1", "synchronized=0"), kSameId, "variable-attribute"},
+        {"configuration", Replace("configuration=1", "configuration=0"), kSameId, "variable-attribute"},
+        {"offline", Replace("offline=1", "offline=0"), kSameId, "variable-attribute"},
+        {"service fixed", Replace("defaultService=1", "defaultService=1\nserviceCanBeChanged=0"), kSameId,
+         "variable-attribute"},
+        {"default service", Replace("defaultService=1", "defaultService=2"), kHarmless, "variable-default"},
+        {"default priority", Replace("defaultPriority=1", "defaultPriority=0"), kHarmless,
+         "variable-default"},
+        {"rate", Replace("maxRate=8", "maxRate=9"), kHarmless, "variable-rates"},
+        {"member of a block", Replace("selfdoc=@1|4", "selfdoc=@1|5"), kSameId, "variable-documentation"},
+        {"no self-documentation", Replace("selfdoc=@1|4\n", ""), kSameId, "variable-documentation"},
+        {"text of a variable", Replace("Water flow", "Flow of water"), kHarmless, "variable-text"},
+        {"text of a variable gone", Replace(";Window contacts", ""), kHarmless, "variable-text"},
+        {"semicolon alone", Replace("selfdoc=@1|4", "selfdoc=@1|4;"), kHarmless, "variable-text"},
+        {"block and text of a variable", Replace("@1#4;Water flow", "@1#9;Flow"), kSameId,
+         "variable-documentation"},
+        {"guidelines", Replace("&3.0@0", "&3.4@0"), kSameId, "device-documentation"},
+        {"functional blocks", Replace("@0,8020[2];", "@0,8020[3];"), kSameId, "object-list"},
+        {"text of the device", Replace("Fan-coil unit controller, 2-pipe", "Fan coil"), kHarmless,
+         "device-text"},
+        {"tag renamed", Replace("fanCoilTag", "fancoilTag"), kSameId, "tag-renamed"},
+        {"tag not bindable", Replace("bindable=1", "bindable=0"), kSameId, "tag-attribute"},
+        {"tag gone", Remove("tag", 1), kSameId, "tag-removed"},
+        {"second tag", Insert("tag", 2, "name=secondTag\nbindable=1\n"), kSameId, "tag-added"},
+        {"tag in front", Insert("tag", 1, "name=firstTag\nbindable=0\n"), kSameId, "tag-added"},
+        {"property gone", Remove("cp", 3), kSameId, "property-removed"},
+        {"property in front", Insert("cp", 1, "declaration=1,1,0\\x80,48,2;\nvalue=0001\n"), kSameId,
+         "property-added"},
+        {"properties swapped", Swap("cp", 2, 3), kSameId, "properties-swapped"},
+        {"property moved", Move("cp", 9, 1), kSameId, "property-moved"},
+        {"flags of a property", Replace("0\\x80,52", "0\\xA0,52"), kSameId, "property-changed"},
+        {"length of a property", Replace("4\\x80,1,2;\nvalue=00C8", "4\\x80,1,3;\nvalue=0000C8"), kSameId,
+         "property-changed property-value"},
+        {"array of a property", Replace("50,2,3;\nvalue=138827103A98", "50,2,2;\nvalue=13882710"), kSameId,
+         "property-changed property-value"},
+        {"block of a property", Replace("1,1,0\\x80,52", "1,2,0\\x80,52"), kSameId, "property-changed"},
+        {"property of another type", Replace("1,1,0\\x80,52", "1,1,0\\x80,49"), kSameId,
+         "property-removed property-added"},
+        {"value", Replace("value=0384", "value=0258"), kHarmless, "property-value"},
+        {"two values", Both(Replace("value=0384", "value=0258"), Replace("value=04\n", "value=03\n")),
+         kHarmless, "property-value property-value"},
+        {"raw limits", Replace("minRawVal=0FA0", "minRawVal=0FA1"), kEqual, ""},
+        {"limits in a declaration", Replace("0\\x80,50,2,3;", "0\\x80,50,2,3,0:50;"), kHarmless,
+         "property-limits"},
+        {"name of a property", Replace("0\\x80,52,2;", "0\\x80,52,2;cpMinSendTime"), kHarmless,
+         "property-name"},
+        {"version of the properties", Replace("version=1.0", "version=1.1"), kSameId, "property-version"},
+        {"maximum of variables", Replace("maximumNumberOfNvs=20", "maximumNumberOfNvs=24"), kEqual, ""},
+        {"another program ID", Replace("9FFFFF5014030401", "9FFFFF5014030402"), kHarmless, "new-program-id"},
+        {"letter case of the program ID", Replace("9FFFFF5014030401", "9fffff5014030401"), kEqual, ""},
+        {"breaking with another program ID",
+         Both(Replace("9FFFFF5014030401", "9FFFFF5014030402"), Remove("nv", 1)), kNewId,
+         "variable-removed new-program-id"},
+    };
+    return rows;
+}
+
+// Of the released XIF file itself.
+const std::vector<EditRow>& XifEdits() {
+    static const std::vector<EditRow> rows = {
+        {"nothing", [](std::string text) { return text; }, kEqual, ""},
+        {"header",
+         Both(Replace("node.xif generated by", "other.xif generated by"), Replace("Run on ", "On ")),
+         kHarmless, "file-header file-header"},
+        {"version of the format", Replace("XIF Version 4.0", "XIF Version 4.402"), kHarmless, "file-header"},
+        {"parameters", Replace("\r\n2 15 1 14 1 4 3 ", "\r\n2 14 1 14 1 4 2 "), kHarmless,
+         "parameters parameters"},
+        {"index", Replace("VAR nviSetpoint 3", "VAR nviSetpoint 4"), kSameId,
+         "variable-index variable-index"},
+        {"second attribute", Replace("VAR nviRequest 0 0 0 0\r\n0 1 63", "VAR nviRequest 0 0 0 0\r\n0 2 63"),
+         kSameId, "variable-attribute"},
+        {"one union for bytes", Replace("81 * 2\r\n0 0 0 0 0\r\n0 1 0 0 0\r\n", "81 * 1\r\n4 0 2 0 0\r\n"),
+         kHarmless, "variable-elements"},
+        {"number behind the star alone",
+         Replace("81 * 2\r\n0 0 0 0 0\r\n0 1 0 0 0\r\n", "81 * 1\r\n4 0 3 0 0\r\n"), kSameId,
+         "variable-size"},
+        {"escape for a character", Replace("\xB0", "\\xB0"), kEqual, ""},
+        {"priority of a tag",
+         Replace("0 1 63 1 0 1 0 1 0 1 0 0 0\r\nVAR nviRequest",
+                 "0 1 63 1 0 1 0 1 0 0 0 0 0\r\nVAR nviRequest"),
+         kHarmless, "tag-default"},
+        {"rates of a tag", Replace("TAG fanCoilTag 0 0 0 0", "TAG fanCoilTag 0 1 2 0"), kHarmless,
+         "tag-rates tag-rates"},
+        {"name of a file of properties", Replace("FILE value 1 1", "FILE nvValueFile 1 1"), kHarmless,
+         "property-files"},
+        {"values of configuration variables",
+         [](const std::string& text) { return text + "\r\nNVVAL\r\n\\x00 \\x05\r\n"; }, kHarmless,
+         "variable-values"},
+        {"a comment", Replace("TAG fanCoilTag", "# comment\r\nTAG fanCoilTag"), kHarmless, "other-records"},
+        {"values that do not add up", Replace("\\x03 \\x84", "\\x03"), kHarmless, "property-value"},
+    };
+    return rows;
+}
+
+class InterfaceDiff : public testing::Test {
+  protected:
+    // What generate writes of the example.
+    std::string Released(const std::string& name) const {
+        const Answer run = Call({"generate", "--iniProfileFile", Example("profile.ini"), "--iniTemplateFile",
+                                 Example("template.ini"), "--mustGenerateTypes", "false", "--outputXIFfile",
+                                 scratch_.Path(name), "--catalogDir", TOVAREK_CATALOG});
+        EXPECT_EQ(run.status, 0) << run.error;
+        return scratch_.Path(name);
+    }
+    static std::string Example(const std::string& name) { return std::string(TOVAREK_EXAMPLE) + "/" + name; }
+
+    static Answer Diff(const std::string& before, const std::string& after,
+                       const std::vector<std::string>& more = {}) {
+        std::vector<std::string> arguments = {"diff", "--interface",  before,
+                                              after,  "--catalogDir", TOVAREK_CATALOG};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Call(arguments);
+    }
+
+    static void Expect(const EditRow& row, const std::string& before, const std::string& after) {
+        SCOPED_TRACE(row.what);
+        const Answer run = Diff(before, after, {"--format", "json"});
+        ASSERT_NE(run.status, 2) << run.out;
+        const auto json = nlohmann::json::parse(run.out);
+        std::string rules;
+        for (const auto& change : json["changes"])
+            rules += (rules.empty() ? "" : " ") + change["rule"].get<std::string>();
+        EXPECT_EQ(json["verdict"], row.verdict) << run.out;
+        EXPECT_EQ(rules, row.rules) << run.out;
+        EXPECT_EQ(run.status, row.verdict == kSameId ? 1 : 0);
+    }
+
+    Scratch scratch_;
+};
+
+TEST_F(InterfaceDiff, JudgesEditsOfTheTemplate) {
+    const std::string released = Released("node.xif");
+    const std::string original = ReadFile(Example("template.ini"));
+    for (const EditRow& row : TemplateEdits())
+        Expect(row, released, scratch_.File("edited.ini", row.edit(original)));
+}
+
+TEST_F(InterfaceDiff, JudgesEditsOfTheXif) {
+    const std::string released = Released("node.xif");
+    const std::string original = ReadFile(released);
+    for (const EditRow& row : XifEdits())
+        Expect(row, released, scratch_.File("edited.xif", row.edit(original)));
+}
+
+TEST_F(InterfaceDiff, TellsValuesAsPeopleReadThem) {
+    const std::string edited = scratch_.File(
+        "edited.ini",
+        Both(Replace("138827103A98", "138827103A84"), Swap("nv", 3, 4))(ReadFile(Example("template.ini"))));
+    const Answer run = Diff(Example("template.ini"), edited);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(
+        run.out,
+        "breaking: network variable 3 (nviSetpoint): swapped with network variable 4 (nviSpaceTemp) "
+        "[variables-swapped]\n"
+        "harmless: configuration property 3 (SCPTmaxSetpoint): value: 25 % of full level, 50 % of full "
+        "level, 75 % of full level -> 25 % of full level, 50 % of full level, 74.9 % of full level "
+        "[property-value]\n"
+        "verdict: breaking under the same program ID 9F:FF:FF:50:14:03:04:01: raise the model number; own "
+        "types not compared\n");
+}
+
+TEST_F(InterfaceDiff, TakesJobsAndTemplatesOfBothForms) {
+    const std::string released = Released("node.xif");
+    for (const char* form : {"job.json", "template.ini", "template.xml", "template.xml#DEVICE"})
+        EXPECT_EQ(Diff(released, Example(form)).out, "verdict: equal; own types not compared\n") << form;
+}
+
+TEST_F(InterfaceDiff, EndsWithTwoWhereAnInterfaceCannotBeRead) {
+    const std::string released = Released("node.xif");
+    for (const std::string& bad :
+         {scratch_.Path("none.xif"), scratch_.Path("none.ini"), Example("profile.ini"), Example("format.xml"),
+          scratch_.File("damaged.xif", "File: x"), scratch_.File("x.txt", "x"),
+          scratch_.File("bad.json", "{"),
+          scratch_.File("faulty.ini", Replace("type=92", "type=255")(ReadFile(Example("template.ini")))),
+          scratch_.File("broken.xml", "<DEVICE>")})
+        EXPECT_EQ(Diff(released, bad).status, 2) << bad;
+    EXPECT_EQ(Call({"diff", "--interface", released}).status, 2);
+    const Answer json = Diff(released, scratch_.Path("none.xif"), {"--format", "json"});
+    EXPECT_EQ(nlohmann::json::parse(json.out)["name"], "fileNotFound");
+}
+
+TEST_F(InterfaceDiff, EveryRuleIsExplained) {
+    for (const InterfaceRuleRow& rule : InterfaceRules()) {
+        const std::string text = Call({"explain", std::string(rule.name)}).out;
+        EXPECT_TRUE(
+            text.starts_with(std::string(rule.name) + (rule.IsBreaking() ? ": breaking" : ": harmless")));
+        EXPECT_NE(text.find(rule.why.substr(0, 20)), std::string::npos) << text;
+    }
+    EXPECT_NE(Call({"explain", "variable-adde"}).error.find("variable-added"), std::string::npos);
+}
+
+// Files of other tools are the same to themselves, and to what comes of them through the forms of inputs.
+TEST_F(InterfaceDiff, EverySampleIsEqualToItself) {
+    const std::vector<std::string> samples = SampleFiles("xif");
+    if (samples.empty())
+        GTEST_SKIP() << "no samples";
+    for (const std::string& sample : samples) {
+        const Answer run = Diff(sample, sample);
+        if (run.status != 2) {
+            EXPECT_TRUE(run.out.starts_with("verdict: equal")) << sample << run.out;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tovarek::test
