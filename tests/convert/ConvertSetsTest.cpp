@@ -70,6 +70,58 @@ TEST_F(ConvertSets, FilesThatWereGeneratedComeBackByteForByte) {
         << "numbers come from the names of enumerations";
 }
 
+// The example's XIF file, with a piece of its template changed.
+TEST_F(ConvertSets, AnXifFileGetsItsTypesFromItsSets) {
+    Generate(TOVAREK_EXAMPLE "/job.json", "given");
+    std::vector<std::string> inputs = {Out("node.xif")};
+    for (const char* scope : {"3", "4", "5", "6"})
+        inputs.push_back(Out("given/fancoil_" + std::string(scope) + ".typ"));
+    const struct {
+        const char* old;
+        const char* changed;
+        std::vector<std::string> reasons;  // parts of the list; what else there is follows from them
+    } rows[] = {
+        {"", "", {}},
+        {"<LENGTH>9<", "<LENGTH>8<", {"UNVT__unitState would be its type, and has 9 bytes, not 8"}},
+        {"<SNVTTYPE>320<", "<SNVTTYPE>105<", {"5 variables are of type 0 and 6 network-variable types"}},
+        {"6\\x80,2,1;", "6\\x80,9,1;", {"have no property type of this number", "none with the number 2"}},
+        {"6\\x80,3,16;", "6\\x80,2,16;", {"UCPT_2_cpStartFanMode has 1 bytes, not 16"}},
+    };
+    for (const auto& row : rows) {
+        std::string device = ReadFile(TOVAREK_EXAMPLE "/template.xml");
+        const std::size_t at = device.find(row.old);
+        ASSERT_NE(at, std::string::npos) << row.old;
+        device.replace(at, std::string(row.old).size(), row.changed);
+        std::vector<std::string> arguments = {"generate",
+                                              "--xmlTemplateFile",
+                                              scratch_.File("device.xml", device),
+                                              "--catalogDir",
+                                              TOVAREK_CATALOG,
+                                              "--xmlTemplateNodeName",
+                                              "DEVICE",
+                                              "--xmlProfileFile",
+                                              TOVAREK_EXAMPLE "/profile.xml",
+                                              "--xmlProfileNodeName",
+                                              "DEVICEPROFILE",
+                                              "--outputXIFfile",
+                                              Out("node.xif"),
+                                              "--mustGenerateTypes",
+                                              "false"};
+        ASSERT_EQ(Call(arguments).status, 0) << Call(arguments).error;
+        const std::string losses = Converted(inputs, "x", "xml").dump();
+        for (const std::string& reason : row.reasons)
+            EXPECT_NE(losses.find(reason), std::string::npos) << reason << '\n' << losses;
+        if (!row.reasons.empty())
+            continue;
+        EXPECT_EQ(losses, "[]");
+        Generate(Out("x.json"), "again");
+        for (const auto& entry : std::filesystem::directory_iterator(StandardPath(Out("given")))) {
+            const std::string name = SystemSpelling(entry.path().filename());
+            EXPECT_EQ(ReadFile(Out("again/" + name)), ReadFile(Out("given/" + name))) << name;
+        }
+    }
+}
+
 TypeMember Member(const std::string& name, TypeDescription type) {
     return {name, {}, {}, {}, std::move(type)};
 }
