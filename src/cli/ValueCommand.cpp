@@ -31,8 +31,39 @@ class TypeFinder {
 
     const ResourceNames& Names() const { return names_; }
 
-    ValueType Find() {
-        ValueType type = TypeOf(options_.type, false);
+    // The type that the options name. "TYPE[3]" is an array of three values, and so are as many `bytes` of a
+    // property type, whose properties may be arrays.
+    ValueType Find(std::size_t bytes = 0) {
+        std::string word = options_.type;
+        std::size_t count = TakeCount(word);
+        const ValueType element = FindElement(word);
+        const std::uint32_t size = SizeOf(element.type);
+        if (count == 0 && isProperty_ && size > 0 && bytes > size && bytes % size == 0)
+            count = bytes / size;
+        if (count > kLargestArray)
+            throw NoType{true, "an array has 1 to 65535 values, not " + std::to_string(count)};
+        return count == 0 ? element : ArrayOfValues(element, static_cast<std::uint16_t>(count));
+    }
+
+  private:
+    static constexpr std::size_t kLargestArray = 65535;
+
+    // Takes "[3]" off the end of a type; 0 where there is none.
+    static std::size_t TakeCount(std::string& word) {
+        const std::size_t open = word.rfind('[');
+        std::size_t count = 0;
+        if (open == std::string::npos || word.back() != ']')
+            return 0;
+        const char* const end = word.data() + word.size() - 1;
+        const auto parsed = std::from_chars(word.data() + open + 1, end, count);
+        if (parsed.ec == std::errc::invalid_argument || parsed.ptr != end || count == 0)
+            return 0;
+        word.resize(open);
+        return parsed.ec == std::errc() ? count : kLargestArray + 1;
+    }
+
+    ValueType FindElement(const std::string& word) {
+        ValueType type = TypeOf(word, false);
         if (!inherits_) {
             if (!options_.of.empty())
                 throw NoType{true, type.name + " has a type of its own; leave out --of"};
@@ -45,10 +76,10 @@ class TypeFinder {
         inherits_ = false;
         ValueType variable = TypeOf(options_.of, true);
         variable.name = type.name + " of " + variable.name;
+        isProperty_ = true;
         return variable;
     }
 
-  private:
     void Use(OwnTypes own) {
         own_ = std::move(own);
         names_.Use(own_.types);
@@ -83,7 +114,7 @@ class TypeFinder {
         return StandardType(named.front());
     }
 
-    // The number of a type element of the format file, where `word` is one: "300" or "SNVT_300".
+    // The number of a type element of the format file, where `word` is one, "300" or "SNVT_300", or its NAME.
     std::optional<std::int32_t> DefinedNumber(const std::string& word) const {
         if (options_.formatFile.empty())
             return std::nullopt;
@@ -92,8 +123,14 @@ class TypeFinder {
             digits.remove_prefix(options_.prefix.size());
         std::int32_t number = 0;
         const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-        const bool isNumber = parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size();
-        return isNumber && number > kLargestStandardIndex ? std::optional(number) : std::nullopt;
+        if (parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size())
+            return number > kLargestStandardIndex ? std::optional(number) : std::nullopt;
+        const std::vector<std::int32_t> named = DefinedTypesNamed(options_.formatFile, options_.prefix, word);
+        if (named.size() > 1)
+            throw NoType{false, "'" + Excerpt(word) + "' names several type elements of the format file, " +
+                                    std::to_string(named[0]) + " and " + std::to_string(named[1]) +
+                                    " for two; give the number"};
+        return named.empty() ? std::nullopt : std::optional(named.front());
     }
 
     std::vector<CatalogType> OwnList(bool isOfVariable) const {
@@ -112,7 +149,8 @@ class TypeFinder {
         return list;
     }
 
-    ValueType OwnType(const CatalogType& type) const {
+    ValueType OwnType(const CatalogType& type) {
+        isProperty_ = !type.isNv;
         const std::size_t position = type.entry.index - std::size_t{1};
         return type.isNv ? ValueTypeOf(type.entry.name, *own_.types.nvTypes.at(position))
                          : ValueTypeOf(type.entry.name, *own_.types.cpTypes.at(position), names_);
@@ -123,6 +161,7 @@ class TypeFinder {
         inherits_ =
             std::any_of(kInheritingTypes.begin(), kInheritingTypes.end(),
                         [&](const InheritingType& row) { return !type.isNv && row.name == type.entry.name; });
+        isProperty_ = !type.isNv;
         if (inherits_)
             return {.name = type.entry.name};
         if (const NvType* nv = type.isNv ? standard.Nv(type.entry.index) : nullptr)
@@ -143,7 +182,9 @@ class TypeFinder {
     std::unique_ptr<CCatalog> catalog_;
     OwnTypes own_;
     ResourceNames names_;
-    bool inherits_ = false;  // the type that was found last
+    // Of the type that was found last: whether it takes that of its variable, whether properties have it.
+    bool inherits_ = false;
+    bool isProperty_ = false;
 };
 
 Json ValueAsJson(const DecodedValue& value) {
@@ -193,10 +234,11 @@ int Report(const ValueType& type, std::string_view bytes, const DecodedValue& va
 
 // Opens the types and hands the one that is meant to `action`.
 template <class Action>
-int WithType(const ValueOptions& options, OutputFormat format, Streams streams, const Action& action) {
+int WithType(const ValueOptions& options, std::size_t bytes, OutputFormat format, Streams streams,
+             const Action& action) {
     try {
         TypeFinder finder(options);
-        return action(finder.Find(), finder.Names());
+        return action(finder.Find(bytes), finder.Names());
     } catch (const NoType& fault) {
         return fault.isWrongUse ? ReportWrongUse(fault.message, format, streams)
                                 : ReportUnknownType(fault.message, format, streams);
@@ -205,18 +247,20 @@ int WithType(const ValueOptions& options, OutputFormat format, Streams streams, 
     }
 }
 
-// Words as one value: those behind the first are further members.
+// Words as one value: those behind the first are further members, with or without a comma between.
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;
-    for (const std::string& word : words)
-        text += (&word == &words.front() ? "" : ", ") + word;
+    for (const std::string& word : words) {
+        const bool isSeparate = text.empty() || TrimBlanks(text).ends_with(',');
+        text += (&word == &words.front() ? "" : isSeparate ? " " : ", ") + word;
+    }
     return text;
 }
 
 }  // namespace
 
 int RunValueEncode(const ValueOptions& options, OutputFormat format, Streams streams) {
-    return WithType(options, format, streams, [&](const ValueType& type, const ResourceNames& names) {
+    return WithType(options, 0, format, streams, [&](const ValueType& type, const ResourceNames& names) {
         std::string bytes;
         std::vector<std::string> notes;
         DecodedValue value;
@@ -240,13 +284,14 @@ int RunValueDecode(const ValueOptions& options, OutputFormat format, Streams str
         return ReportWrongUse(
             "'" + Excerpt(digits) + "' are not bytes: give two hexadecimal digits each, such as 0258", format,
             streams);
-    return WithType(options, format, streams, [&](const ValueType& type, const ResourceNames& names) {
-        DecodedValue value;
-        std::vector<std::string> notes;
-        if (const Outcome outcome = DecodeValue(type, *bytes, names, value, notes); !outcome.Ok())
-            return ReportBadValue(outcome.reason, format, streams);
-        return Report(type, *bytes, value, notes, WrittenValue(value), format, streams);
-    });
+    return WithType(
+        options, bytes->size(), format, streams, [&](const ValueType& type, const ResourceNames& names) {
+            DecodedValue value;
+            std::vector<std::string> notes;
+            if (const Outcome outcome = DecodeValue(type, *bytes, names, value, notes); !outcome.Ok())
+                return ReportBadValue(outcome.reason, format, streams);
+            return Report(type, *bytes, value, notes, WrittenValue(value), format, streams);
+        });
 }
 
 }  // namespace tovarek

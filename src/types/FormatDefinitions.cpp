@@ -1,7 +1,9 @@
 #include "types/FormatDefinitions.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "support/Readings.h"
 #include "types/DefinitionReader.h"
@@ -17,6 +19,21 @@ FormatDefinitions::FormatDefinitions(const std::string& path, std::string prefix
     for (XmlNode child = table_.first.FirstChild(); child; child = child.NextSibling())
         if (child.IsElement())
             table_.elements.try_emplace(UpperCase(child.Name()), child);
+}
+
+std::vector<std::int32_t> FormatDefinitions::Numbers() const {
+    constexpr std::size_t kMostDigits = 9;
+    std::vector<std::int32_t> numbers;
+    for (const auto& [name, element] : table_.elements) {
+        if (!name.starts_with(table_.prefix))
+            continue;
+        const std::string_view digits = std::string_view(name).substr(table_.prefix.size());
+        if (!digits.empty() && digits.size() <= kMostDigits &&
+            std::all_of(digits.begin(), digits.end(), IsDigit))
+            numbers.push_back(LeadingInt32(digits));
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
 }
 
 void FormatDefinitions::Listen(Readings& readings, const StandardCatalog* catalog) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "support/CErrorHandler.h"
 #include "support/Findings.h"
@@ -23,6 +24,9 @@ class FormatDefinitions {
     // for an unknown kind, runtime error 6 for a number beyond its range and runtime error 28 for a type that
     // contains itself or has too many or too deeply nested members. Its content is refused then.
     const TypeDefinition& Get(std::int32_t number, bool readsScope, FindingSink& findings);
+
+    // The format numbers of the file's type elements, in ascending order; the largest is 9 digits long.
+    std::vector<std::int32_t> Numbers() const;
 
     // From now on tells `readings` what is read otherwise than it was written; `catalog`, which may be null,
     // knows the standard types.

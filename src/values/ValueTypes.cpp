@@ -1,7 +1,9 @@
 #include "values/ValueTypes.h"
 
+#include <algorithm>
 #include <memory>
 
+#include "base/Text.h"
 #include "control/ResourceSet.h"
 #include "formats/records/ResourceKinds.h"
 #include "support/CErrorHandler.h"
@@ -35,6 +37,22 @@ void Read(const std::string& bytes, Outcome (*reader)(std::string_view, File&), 
           const std::string& path) {
     if (const Outcome outcome = reader(bytes, file); !outcome.Ok())
         CErrorHandler().RaiseQVxTypesEditError(outcome.code, {.file = path, .reason = outcome.reason});
+}
+
+// What is wrong with a definition is told when it is asked for.
+class RefusedAlone : public FindingSink {
+  public:
+    void Take(Finding /*finding*/) override {}
+};
+
+// In capitals, without what stands in front of the names of types.
+std::string BareName(std::string_view name) {
+    std::string bare = UpperCase(name);
+    for (const std::string_view prefix : {"UNVT", "UCPT"})
+        if (bare.starts_with(prefix))
+            bare.erase(0, prefix.size());
+    bare.erase(0, std::min(bare.find_first_not_of('_'), bare.size()));
+    return bare;
 }
 
 // Has the control write one type and keeps the bytes.
@@ -136,6 +154,29 @@ OwnTypes ReadDefinedType(const std::string& path, const std::string& prefix, std
                           .line = definition.content.LineOf()});
         throw;
     }
+}
+
+std::vector<std::int32_t> DefinedTypesNamed(const std::string& path, const std::string& prefix,
+                                            std::string_view name) {
+    const CErrorHandler errorHandler;
+    FormatDefinitions definitions(path, prefix, errorHandler);
+    const std::string wanted = BareName(name);
+    std::vector<std::int32_t> found;
+    for (const std::int32_t number : definitions.Numbers()) {
+        if (number <= kLargestStandardIndex)
+            continue;
+        RefusedAlone refused;
+        TellingErrors(refused, [&] {
+            const std::optional<std::string>& own = definitions.Get(number, false, refused).name;
+            if (own && BareName(*own) == wanted)
+                found.push_back(number);
+        });
+    }
+    return found;
+}
+
+ValueType ArrayOfValues(const ValueType& element, std::uint16_t count) {
+    return {element.name + '[' + std::to_string(count) + ']', ArrayOf(element.type, count, 0), element.unit};
 }
 
 }  // namespace tovarek

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "formats/language/LanguageFile.h"
 #include "types/catalog/CCatalog.h"
@@ -48,5 +49,13 @@ OwnTypes ReadOwnTypes(const std::string& path);
 // free.
 OwnTypes ReadDefinedType(const std::string& path, const std::string& prefix, std::int32_t number,
                          CCatalog& catalog);
+
+// The numbers of the type elements above 255 in that file whose NAME is `name`, in any letter case and with
+// or without one of the prefixes of types. Elements that are refused have no name. Raises error 89.
+std::vector<std::int32_t> DefinedTypesNamed(const std::string& path, const std::string& prefix,
+                                            std::string_view name);
+
+// The type of `count` values one after the other, as an array of properties has it; at most 65535.
+ValueType ArrayOfValues(const ValueType& element, std::uint16_t count);
 
 }  // namespace tovarek

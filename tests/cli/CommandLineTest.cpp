@@ -547,7 +547,9 @@ TEST_F(CommandLine, ValuesAreEncodedAndDecoded) {
     const std::string format =
         scratch_.File("format.xml",
                       "<T><SNVT_300><TYPE>USER</TYPE><NAME>a</NAME><LENGTH>2</LENGTH><B_COEF>-2</B_COEF>"
-                      "<UNIT>bar</UNIT></SNVT_300></T>");
+                      "<UNIT>bar</UNIT></SNVT_300>"
+                      "<SNVT_310><TYPE>USER</TYPE><NAME>b</NAME><LENGTH>1</LENGTH></SNVT_310>"
+                      "<SNVT_311><TYPE>USER</TYPE><NAME>B</NAME><LENGTH>1</LENGTH></SNVT_311></T>");
     const struct {
         std::vector<std::string> arguments;
         int status;
@@ -559,6 +561,13 @@ TEST_F(CommandLine, ValuesAreEncodedAndDecoded) {
         {{"decode", "SNVT_switch", "C8", "01"}, 0, "value=100 % of full level, state=1 state code\n"},
         {{"decode", "300", "2EE0", "--typeFilesXMLFormat", format}, 0, "120 bar\n"},
         {{"decode", "snvt_300", "2EE0", "--typeFilesXMLFormat", format}, 0, "120 bar\n"},
+        {{"decode", "UNVT_A", "2EE0", "--typeFilesXMLFormat", format}, 0, "120 bar\n"},
+        {{"decode", "b", "01", "--typeFilesXMLFormat", format}, 1, "310 and 311"},
+        {{"decode", "SCPTmaxSendTime", "02580300"}, 0, "60 seconds, 76.8 seconds\n"},
+        {{"encode", "SCPTmaxSendTime[2]", "60,", "76.8"}, 0, "02580300\n"},
+        {{"encode", "temp_p[2]", "1", "2"}, 0, "006400C8\n"},
+        {{"decode", "temp_p", "00000000"}, 1, "has 2 bytes, 4 were given"},
+        {{"encode", "temp_p[70000]", "1"}, 2, "1 to 65535 values"},
         {{"encode", "SCPTdefOutput", "21.5", "--of", "temp_p"}, 0, "0866\n"},
         {{"encode", "SCPTdefOutput", "1.2", "--of", "300", "--typeFilesXMLFormat", format}, 0, "0078\n"},
         {{"encode", "SCPTdefOutput", "21.5"}, 2, "--of TYPE"},

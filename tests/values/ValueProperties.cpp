@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "Standard.h"
@@ -26,24 +27,38 @@ std::string AnyBytes(std::uint32_t size) {
                              rc::gen::elementOf(std::string("\0\x01\x7F\x80\xFF ,\"", 8))));
 }
 
+// Bytes of all kinds have a text, and the text has the bytes.
+void ExpectToComeBack(const ValueType& type, const Standard& standard) {
+    const std::string bytes = AnyBytes(SizeOf(type.type));
+    std::vector<std::string> notes;
+    const std::string text = Decoded(type, bytes, standard.names, notes);
+    std::string again;
+    std::vector<std::string> rounded;
+    const Outcome outcome = EncodeValue(type, text, standard.names, again, rounded);
+    RC_ASSERT(outcome.reason == "");
+    RC_ASSERT(rounded.empty());
+    std::vector<std::string> ignored;
+    RC_ASSERT(Decoded(type, again, standard.names, ignored) == text);
+    const bool hidesBits = std::any_of(notes.begin(), notes.end(), [](const std::string& note) {
+        return note.find("no member") != std::string::npos;
+    });
+    RC_ASSERT((again == bytes) != hidesBits);
+}
+
 TEST(Values, OfAllStandardTypesComeBack) {
+    constexpr std::size_t kVariables = 214;
+    constexpr int kArrays = 20;
     const Standard standard;
     const std::vector<ValueType> types = AllStandard(standard);
-    ASSERT_EQ(types.size(), 214U + 359U);
+    ASSERT_EQ(types.size(), kVariables + 359U);
     EXPECT_TRUE(rc::check([&] {
-        for (const ValueType& type : types) {
-            const std::string bytes = AnyBytes(SizeOf(type.type));
-            std::vector<std::string> notes;
-            const std::string text = Decoded(type, bytes, standard.names, notes);
-            std::string again;
-            std::vector<std::string> rounded;
-            const Outcome outcome = EncodeValue(type, text, standard.names, again, rounded);
-            RC_ASSERT(outcome.reason == "");
-            RC_ASSERT(rounded.empty());
-            std::vector<std::string> ignored;
-            RC_ASSERT(Decoded(type, again, standard.names, ignored) == text);
-            const bool hidesBits = !notes.empty() && notes.back().find("no member") != std::string::npos;
-            RC_ASSERT((again == bytes) != hidesBits);
+        for (const ValueType& type : types)
+            ExpectToComeBack(type, standard);
+        // Properties may be arrays.
+        for (int i = 0; i < kArrays; ++i) {
+            const auto position = *rc::gen::inRange(kVariables, types.size());
+            const auto count = *rc::gen::inRange<std::uint16_t>(1, 5);
+            ExpectToComeBack(ArrayOfValues(types[position], count), standard);
         }
     }));
 }

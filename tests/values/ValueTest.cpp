@@ -205,6 +205,8 @@ TEST(Values, OfTypesInTheFormatFileHaveTheirUnitsAndLimits) {
               "t=-50 \xC2\xB0"
               "C, m=M_ON, s={value=100 % of full level, state=1 state code}");
     EXPECT_THROW(decoded(303, "00"), Error);
+    EXPECT_EQ(DefinedTypesNamed(path, "SNVT_", "UNVT__Heat"), std::vector<std::int32_t>{300});
+    EXPECT_EQ(DefinedTypesNamed(path, "SNVT_", "he"), std::vector<std::int32_t>{});
 }
 
 }  // namespace
