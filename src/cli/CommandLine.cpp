@@ -88,6 +88,11 @@ constexpr Verb kVerbs[] = {
      "  --interface                     may B ship under the program ID of A? Both are XIF files, "
      "templates\n"
      "                                  (.ini, .xml) or jobs (.json); exit status 1 when it may not\n"
+     "  --known DIR                     with it: folder of the XIF files that were released; without A the "
+     "one "
+     "with\n"
+     "                                  B's program ID is compared, and the next free model number is named\n"
+     "  --format markdown               with it: a table for a review\n"
      "  --catalogDir DIR                with it: folder of another catalog than the shipped one\n"
      "  --catalogFile FILE              its file name, ldrf.cat by default\n",
      "tovarek diff --interface released.xif template.ini"},
@@ -159,12 +164,13 @@ void WriteVerbHelp(const Verb& verb, std::ostream& out) {
 struct FormatRow {
     std::string_view name;
     OutputFormat format;
-    std::string_view verb;  // the only one that has it; empty: all have
+    std::string_view verb;  // one that has it; empty: all have
 };
 constexpr FormatRow kFormats[] = {
     {"text", OutputFormat::text, ""},
     {"json", OutputFormat::json, ""},
     {"markdown", OutputFormat::markdown, "explain"},
+    {"markdown", OutputFormat::markdown, "diff"},
     {"sarif", OutputFormat::sarif, "check"},
     {"junit", OutputFormat::junit, "check"},
 };
@@ -178,15 +184,17 @@ const FormatRow* FindFormat(std::string_view name) {
 
 // What is wrong with a name after --format; empty when the command has such a format.
 std::string FaultOfFormat(std::string_view name, std::string_view verb) {
-    const FormatRow* const asked = FindFormat(name);
-    if (asked != nullptr && (asked->verb.empty() || asked->verb == verb))
-        return {};
     std::string choice;
-    for (const FormatRow& row : kFormats)
-        if (row.verb.empty() || row.verb == verb)
-            choice += (choice.empty() ? "" : " or ") + ("--format " + std::string(row.name));
+    for (const FormatRow& row : kFormats) {
+        if (!row.verb.empty() && row.verb != verb)
+            continue;
+        if (row.name == name)
+            return {};
+        choice += (choice.empty() ? "" : " or ") + ("--format " + std::string(row.name));
+    }
     return "there is no output format '" + Excerpt(name) + "'" +
-           (asked == nullptr ? "" : " for 'tovarek " + std::string(verb) + "'") + "; give " + choice;
+           (FindFormat(name) == nullptr ? "" : " for 'tovarek " + std::string(verb) + "'") + "; give " +
+           choice;
 }
 
 // The options of a command that set properties.
@@ -248,6 +256,7 @@ struct Commands {
     std::string otherFile;  // the second one of diff
     bool bytes = false;
     bool ofInterface = false;  // diff compares interfaces
+    std::string known;         // their folder
     ProgramIdWords programIdWords;
     // But for the catalog, which stands in `place`.
     ValueOptions valueOptions;
@@ -288,6 +297,7 @@ struct Commands {
         diff->add_option("A", file);
         diff->add_option("B", otherFile);
         diff->add_flag("--interface", ofInterface);
+        diff->add_option("--known", known);
         for (CLI::App* command : {encode, decode}) {
             command->add_option("TYPE", valueOptions.type);
             command->add_option("VALUE", valueOptions.value);
@@ -393,6 +403,20 @@ int RunCatalog(const Commands& commands, Streams streams) {
     return ReportWrongUse("catalog needs a command: list, show TYPE or find WORD", format, streams);
 }
 
+int RunDiff(const Commands& commands, Streams streams) {
+    const OutputFormat format = commands.Format();
+    const bool isKnown = commands.ofInterface && !commands.known.empty() && commands.otherFile.empty();
+    if (commands.file.empty() || (commands.otherFile.empty() && !isKnown))
+        return ReportWrongUse("diff needs two files to compare", format, streams);
+    if (commands.ofInterface)
+        return RunInterfaceDiff({isKnown ? "" : commands.file, isKnown ? commands.file : commands.otherFile,
+                                 commands.known, commands.place},
+                                format, streams);
+    if (format == OutputFormat::markdown || !commands.known.empty())
+        return ReportWrongUse("--known and --format markdown belong to diff --interface", format, streams);
+    return RunDiff(commands.file, commands.otherFile, format, streams);
+}
+
 int RunValue(const Commands& commands, Streams streams) {
     const OutputFormat format = commands.Format();
     ValueOptions options = commands.valueOptions;
@@ -440,13 +464,8 @@ int RunParsed(const Commands& commands, const std::string& program, Streams stre
             return ReportWrongUse("dump needs a file to show", format, streams);
         return RunDump(commands.file, {format, commands.bytes, commands.place}, streams);
     }
-    if (commands.diff->parsed()) {
-        if (commands.file.empty() || commands.otherFile.empty())
-            return ReportWrongUse("diff needs two files to compare", format, streams);
-        if (commands.ofInterface)
-            return RunInterfaceDiff({commands.file, commands.otherFile, commands.place}, format, streams);
-        return RunDiff(commands.file, commands.otherFile, format, streams);
-    }
+    if (commands.diff->parsed())
+        return RunDiff(commands, streams);
     if (commands.convert->parsed())
         return RunConvert(commands, streams);
     if (commands.value->parsed())

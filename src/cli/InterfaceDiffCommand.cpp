@@ -7,6 +7,7 @@
 #include "cli/Assignments.h"
 #include "cli/InterfaceInput.h"
 #include "cli/Json.h"
+#include "cli/KnownInterfaces.h"
 
 namespace tovarek {
 namespace {
@@ -15,22 +16,62 @@ std::string_view EffectName(const InterfaceChange& change) {
     return RowOf(change.rule).IsBreaking() ? "breaking" : "harmless";
 }
 
-std::string VerdictText(const InterfaceComparison& comparison) {
+// A comparison, and what the folder of known interfaces says of it.
+struct Judgement {
+    InterfaceComparison comparison;
+    std::string comparedWith;  // the known interface, where one was looked for
+    bool isNew = false;        // none is known under the program ID
+    std::string nextFree;      // program ID, where a new one is needed and known ones are told
+};
+
+std::string VerdictOf(const Judgement& judgement) {
+    return judgement.isNew ? "new" : std::string(VerdictName(judgement.comparison.Verdict()));
+}
+
+std::string VerdictText(const Judgement& judgement) {
+    const InterfaceComparison& comparison = judgement.comparison;
     const InterfaceVerdict verdict = comparison.Verdict();
-    std::string text(VerdictName(verdict));
+    std::string text = VerdictOf(judgement);
+    if (judgement.isNew)
+        return text + ": no known interface has the program ID " + comparison.programIdAfter;
     if (verdict == InterfaceVerdict::breakingUnderNewId)
         text += " " + comparison.programIdAfter + ": fine";
     if (verdict == InterfaceVerdict::breakingUnderSameId)
-        text += " " + comparison.programIdAfter + ": raise the model number";
+        text += " " + comparison.programIdAfter + ": raise the model number" +
+                (judgement.nextFree.empty() ? "" : ", the next free one is " + judgement.nextFree);
     if (comparison.hasOwnTypes)
         text += "; own types not compared";
     return text;
 }
 
-void WriteText(const InterfaceComparison& comparison, std::ostream& out) {
-    for (const InterfaceChange& change : comparison.changes)
+void WriteText(const Judgement& judgement, std::ostream& out) {
+    if (!judgement.comparedWith.empty())
+        out << "compared with " << judgement.comparedWith << '\n';
+    for (const InterfaceChange& change : judgement.comparison.changes)
         out << EffectName(change) << ": " << ChangeText(change) << " [" << RowOf(change.rule).name << "]\n";
-    out << "verdict: " << VerdictText(comparison) << '\n';
+    out << "verdict: " << VerdictText(judgement) << '\n';
+}
+
+// A cell of a table, as it stands.
+std::string Cell(const std::string& text) {
+    std::string cell;
+    for (const char c : Printable(text)) {
+        if (std::string_view("\\`*_|<[&~").find(c) != std::string_view::npos)
+            cell += '\\';
+        cell += c;
+    }
+    return cell;
+}
+
+void WriteMarkdown(const Judgement& judgement, std::ostream& out) {
+    out << "**Interface: " << Cell(VerdictText(judgement)) << "**\n";
+    if (judgement.comparison.changes.empty())
+        return;
+    out << "\n| Effect | Where | What | Old | New | Rule |\n|---|---|---|---|---|---|\n";
+    for (const InterfaceChange& change : judgement.comparison.changes)
+        out << "| " << (RowOf(change.rule).IsBreaking() ? "**breaking**" : "harmless") << " | "
+            << Cell(change.record) << " | " << Cell(change.field) << " | " << Cell(change.before) << " | "
+            << Cell(change.after) << " | `" << RowOf(change.rule).name << "` |\n";
 }
 
 Json ChangeJson(const InterfaceChange& change) {
@@ -39,29 +80,56 @@ Json ChangeJson(const InterfaceChange& change) {
             {"old", change.before},         {"new", change.after}};
 }
 
-void WriteJson(const InterfaceComparison& comparison, std::ostream& out) {
+void WriteJson(const Judgement& judgement, std::ostream& out) {
+    const InterfaceComparison& comparison = judgement.comparison;
     Json changes = Json::array();
     for (const InterfaceChange& change : comparison.changes)
         changes.push_back(ChangeJson(change));
-    out << JsonText({{"verdict", VerdictName(comparison.Verdict())},
-                     {"text", VerdictText(comparison)},
-                     {"programID", {{"old", comparison.programIdBefore}, {"new", comparison.programIdAfter}}},
-                     {"ownTypes", comparison.hasOwnTypes ? "not compared" : "none"},
-                     {"changes", std::move(changes)}})
-        << '\n';
+    Json json = {{"verdict", VerdictOf(judgement)},
+                 {"text", VerdictText(judgement)},
+                 {"programID", {{"old", comparison.programIdBefore}, {"new", comparison.programIdAfter}}},
+                 {"ownTypes", comparison.hasOwnTypes ? "not compared" : "none"},
+                 {"changes", std::move(changes)}};
+    if (!judgement.comparedWith.empty())
+        json["comparedWith"] = judgement.comparedWith;
+    if (!judgement.nextFree.empty())
+        json["nextFree"] = judgement.nextFree;
+    out << JsonText(json) << '\n';
+}
+
+Judgement Judge(const InterfaceDiffOptions& options) {
+    const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
+    const ResourceNames names(catalog->types.Catalog());
+    const ComparedInterface after = ReadComparedInterface(options.after, options.place);
+    const std::string programId = UpperCase(after.file.programId);
+    std::vector<KnownInterface> known;
+    if (!options.known.empty())
+        known = ReadKnownInterfaces(options.known, options.after);
+    Judgement judgement;
+    if (!options.before.empty()) {
+        judgement.comparison =
+            CompareInterfaces(ReadComparedInterface(options.before, options.place), after, names);
+    } else if (const KnownInterface* const one = FindKnown(known, programId)) {
+        judgement.comparedWith = one->path;
+        judgement.comparison = CompareInterfaces({one->file}, after, names);
+    } else {
+        judgement.isNew = true;
+        judgement.comparison.programIdAfter = programId;
+    }
+    if (!known.empty() && judgement.comparison.Verdict() == InterfaceVerdict::breakingUnderSameId)
+        judgement.nextFree = NextFreeModel(programId, known).value_or("");
+    return judgement;
 }
 
 int Diff(const InterfaceDiffOptions& options, OutputFormat format, Streams streams) {
-    const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
-    const ResourceNames names(catalog->types.Catalog());
-    const InterfaceComparison comparison =
-        CompareInterfaces(ReadComparedInterface(options.before, options.place),
-                          ReadComparedInterface(options.after, options.place), names);
+    const Judgement judgement = Judge(options);
     if (format == OutputFormat::json)
-        WriteJson(comparison, streams.out);
+        WriteJson(judgement, streams.out);
+    else if (format == OutputFormat::markdown)
+        WriteMarkdown(judgement, streams.out);
     else
-        WriteText(comparison, streams.out);
-    return comparison.Verdict() == InterfaceVerdict::breakingUnderSameId ? kDifferent : kDone;
+        WriteText(judgement, streams.out);
+    return judgement.comparison.Verdict() == InterfaceVerdict::breakingUnderSameId ? kDifferent : kDone;
 }
 
 }  // namespace

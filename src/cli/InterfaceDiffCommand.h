@@ -9,9 +9,10 @@
 namespace tovarek {
 
 struct InterfaceDiffOptions {
-    // XIF files, templates or jobs.
+    // XIF files, templates or jobs; with `known` an empty `before` is looked for there.
     std::string before;
     std::string after;
+    std::string known;  // folder of the interfaces that were released; may be empty
     CatalogPlace place;
 };
 

@@ -15,10 +15,9 @@ namespace tovarek {
 
 class ChangeList {
   public:
+    // Long texts are told from shortly before the place where they begin to differ.
     void Tell(InterfaceRule rule, std::string record, std::string field, const std::string& before = {},
-              const std::string& after = {}) {
-        changes_.push_back({rule, std::move(record), std::move(field), Excerpt(before), Excerpt(after)});
-    }
+              const std::string& after = {});
     // The same where the two differ.
     void Expect(InterfaceRule rule, const std::string& record, std::string_view field,
                 const std::string& before, const std::string& after) {
