@@ -7,6 +7,7 @@
 
 #include "base/ErrorTable.h"
 #include "base/Text.h"
+#include "check/MeantFindings.h"
 #include "check/SourceLines.h"
 #include "check/WarningNames.h"
 
@@ -58,12 +59,17 @@ bool Explains(const Finding& warning) {
            warning.warning == Warning::missingValue || warning.warning == Warning::cutText;
 }
 
-bool IsWanted(const Finding& finding, const CheckOptions& options) {
-    if (finding.warning == Warning::none)
-        return true;
-    const WarningRow& row = RowOf(finding.warning);
-    return (!row.isWeak || options.isPedantic) &&
-           std::find(options.ignored.begin(), options.ignored.end(), row.name) == options.ignored.end();
+// Whether what says so is meant was asked for every warning, also for those that are told as notes.
+std::vector<bool> MeantOnes(std::vector<Finding>& findings, const CheckOptions& options) {
+    MeantFindings meant(options.inputs, options.ignored);
+    std::vector<bool> isMeant;
+    for (const Finding& finding : findings)
+        isMeant.push_back(meant.Covers(finding));
+    for (Finding& unused : options.isWhole ? meant.TakeUnused() : std::vector<Finding>()) {
+        isMeant.push_back(meant.Covers(unused));
+        findings.push_back(std::move(unused));
+    }
+    return isMeant;
 }
 
 class Judgement {
@@ -72,6 +78,7 @@ class Judgement {
         : findings_(std::move(findings)), options_(options) {}
 
     std::vector<CheckedFinding> Make() {
+        const std::vector<bool> isMeant = MeantOnes(findings_, options_);
         Index();
         std::vector<std::vector<FindingNote>> notes(findings_.size());
         std::vector<bool> isNote(findings_.size());
@@ -87,7 +94,7 @@ class Judgement {
         }
         std::vector<CheckedFinding> judged;
         for (std::size_t i = 0; i < findings_.size(); ++i)
-            if (!isNote[i] && IsWanted(findings_[i], options_))
+            if (!isNote[i] && !isMeant[i] && IsToldAtAll(findings_[i]))
                 judged.push_back(Judged(findings_[i], std::move(notes[i]), i + 1));
         std::stable_sort(judged.begin(), judged.end(), [](const CheckedFinding& a, const CheckedFinding& b) {
             return std::tie(a.context.file, a.context.line, a.column) <
@@ -97,6 +104,9 @@ class Judgement {
     }
 
   private:
+    bool IsToldAtAll(const Finding& finding) const {
+        return finding.warning == Warning::none || options_.isPedantic || !RowOf(finding.warning).isWeak;
+    }
     static std::string CauseKey(const Finding& finding, int line) {
         return finding.context.file + '\n' + std::to_string(line);
     }

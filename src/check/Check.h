@@ -28,6 +28,10 @@ struct CheckedFinding {
 struct CheckOptions {
     std::vector<std::string> ignored;  // names of warnings that are left out
     bool isPedantic = false;           // weak ones too
+    // Files in which comments may say that a warning is meant.
+    std::vector<std::string> inputs{};
+    // Whether the whole job was looked at: what ignores nothing then is told.
+    bool isWhole = true;
 };
 
 // Keeps what it is told, in order.

@@ -40,17 +40,6 @@ std::string Count(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// What people write for a job, as far as it is read; the catalog comes with the program.
-std::vector<std::string> InputsOf(const Tovarek& component, const std::vector<Setting>& settings) {
-    std::vector<std::string> inputs = JobsOf(settings);
-    for (const JobFile& file : component.Files().inputs) {
-        const bool isOfTypes = file.role == "typeFilesXMLFormat" || file.role == "user type file";
-        if (file.role != "catalog" && (!isOfTypes || component.mustGenerateTypes()))
-            inputs.push_back(file.path);
-    }
-    return inputs;
-}
-
 }  // namespace
 
 int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, OutputFormat format,
@@ -70,9 +59,11 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     }
+    CheckOptions options = wishes.options;
+    options.inputs = InputsOf(component, settings);
     std::vector<Finding> all = findings.TakeAll();
     PlaceInJobs(set, all);
-    const std::vector<CheckedFinding> judged = Judge(std::move(all), wishes.options);
+    const std::vector<CheckedFinding> judged = Judge(std::move(all), options);
     const auto errors = static_cast<std::size_t>(std::count_if(
         judged.begin(), judged.end(), [](const CheckedFinding& finding) { return finding.isError; }));
     const std::size_t warnings = judged.size() - errors;
@@ -87,7 +78,7 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
             streams.out << SarifText(judged, TOVAREK_VERSION);
             break;
         case OutputFormat::junit:
-            streams.out << JunitText(judged, InputsOf(component, settings), wishes.warningsAsErrors);
+            streams.out << JunitText(judged, options.inputs, wishes.warningsAsErrors);
             break;
         default:
             WriteFindings(judged, inColor, streams.out);

@@ -31,11 +31,12 @@ int RunGenerate(const std::vector<Setting>& settings, bool warns, OutputFormat f
     RaisingSink sink(errorHandler, warns ? &warnings : nullptr);
     std::vector<SetProperty> set;
     RunReport report{.format = format, .streams = streams};
-    const auto finish = [&] {
+    const auto finish = [&](bool isWhole) {
         report.written = component.WrittenFiles();
         std::vector<Finding> all = warnings.TakeAll();
         PlaceInJobs(set, all);
-        report.warnings = Judge(std::move(all), {});
+        report.warnings =
+            Judge(std::move(all), {.inputs = InputsOf(component, settings), .isWhole = isWhole && warns});
     };
     try {
         set = SetUp(component, settings, sink);
@@ -53,10 +54,10 @@ int RunGenerate(const std::vector<Setting>& settings, bool warns, OutputFormat f
         return ReportWrongUse(fault.what(), format, streams);
     } catch (Error& error) {
         ExplainError(component, error);
-        finish();
+        finish(false);
         return ReportFailedRun(error, report);
     }
-    finish();
+    finish(true);
     return ReportRun(report);
 }
 

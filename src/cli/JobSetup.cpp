@@ -130,4 +130,14 @@ std::vector<std::string> JobsOf(const std::vector<Setting>& settings) {
     return jobs;
 }
 
+std::vector<std::string> InputsOf(const Tovarek& component, const std::vector<Setting>& settings) {
+    std::vector<std::string> inputs = JobsOf(settings);
+    for (const JobFile& file : component.Files().inputs) {
+        const bool isOfTypes = file.role == "typeFilesXMLFormat" || file.role == "user type file";
+        if (file.role != "catalog" && (!isOfTypes || component.mustGenerateTypes()))
+            inputs.push_back(file.path);
+    }
+    return inputs;
+}
+
 }  // namespace tovarek

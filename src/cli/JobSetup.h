@@ -35,6 +35,9 @@ void UseShippedCatalog(Tovarek& component);
 // Adds what helps where the program knows more than the component.
 void ExplainError(const Tovarek& component, Error& error);
 
+// What people write for a job, as far as it is read; the catalog comes with the program.
+std::vector<std::string> InputsOf(const Tovarek& component, const std::vector<Setting>& settings);
+
 // The job files among the settings.
 std::vector<std::string> JobsOf(const std::vector<Setting>& settings);
 

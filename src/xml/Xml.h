@@ -65,6 +65,8 @@ class XmlNode {
     std::string Name() const;
     // The text of a text node, entities expanded; empty for other kinds.
     std::string Text() const;
+    // The text of a comment; empty for other kinds.
+    std::string Comment() const;
     // 1-based line in the file, of an element that of its start tag; 0 when unknown and for a node that a
     // host handed over.
     int Line() const;

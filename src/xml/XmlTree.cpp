@@ -128,6 +128,10 @@ std::string XmlNode::Text() const {
     return text;
 }
 
+std::string XmlNode::Comment() const {
+    return Kind() == XmlNodeKind::comment ? std::string(View(Raw(node_)->content)) : std::string();
+}
+
 int XmlNode::Line() const {
     if (node_ == nullptr || node_ == DeclarationMark())
         return node_ == nullptr ? 0 : 1;
