@@ -88,8 +88,11 @@ class VariableComparison {
     void Compare() {
         const std::vector<std::string> namesBefore = NamesOf(before_);
         const std::vector<std::string> namesAfter = NamesOf(after_);
-        const Alignment alignment = Align(
-            namesBefore, namesAfter, [this](std::size_t old, std::size_t now) { return Like(old, now); });
+        const std::vector<Shape> shapesBefore(before_.begin(), before_.end());
+        const std::vector<Shape> shapesAfter(after_.begin(), after_.end());
+        const Alignment alignment = Align(namesBefore, namesAfter, [&](std::size_t old, std::size_t now) {
+            return Like(shapesBefore[old], shapesAfter[now]);
+        });
         titles_ = Titles("network variable", namesAfter);
         TellAlignment(alignment,
                       {InterfaceRule::variableAdded, InterfaceRule::variableRemoved,
@@ -108,19 +111,26 @@ class VariableComparison {
     }
 
   private:
-    int Like(std::size_t before, std::size_t after) const {
-        const XifVariable& old = before_[before];
-        const XifVariable& now = after_[after];
-        if (old.Attribute(kDirection) != now.Attribute(kDirection))
-            return 0;
-        const bool isSameType = old.standardType == now.standardType && old.Size() == now.Size();
-        const bool isSameMember = !old.documentation.empty() && Head(old) == Head(now);
-        return (isSameType ? 2 : 0) + (isSameMember ? 1 : 0);
-    }
+    // What makes variables alike, put together once: every pair of a long list may be asked for.
+    struct Shape {
+        explicit Shape(const XifVariable& variable)
+            : direction(variable.Attribute(kDirection)), type(variable.standardType), size(variable.Size()) {
+            const DocumentationParts parts = PartsOfDocumentation(variable.documentation);
+            head = parts.head + parts.objects;
+        }
 
-    static std::string Head(const XifVariable& variable) {
-        const DocumentationParts parts = PartsOfDocumentation(variable.documentation);
-        return parts.head + parts.objects;
+        XifNumber direction;
+        XifNumber type;
+        std::int64_t size;
+        std::string head;  // of the self-documentation
+    };
+
+    static int Like(const Shape& old, const Shape& now) {
+        if (old.direction != now.direction)
+            return 0;
+        const bool isSameType = old.type == now.type && old.size == now.size;
+        const bool isSameMember = !old.head.empty() && old.head == now.head;
+        return (isSameType ? 2 : 0) + (isSameMember ? 1 : 0);
     }
 
     std::string TypeText(const XifVariable& variable) const {
