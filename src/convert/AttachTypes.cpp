@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t kLongestVariable = 31;
 
-std::vector<const UserType*> OwnTypes(const TypeInputs& own, bool isUnvt) {
+std::vector<const UserType*> TypesOfTemplate(const TypeInputs& own, bool isUnvt) {
     std::vector<const UserType*> types;
     for (const UserType& type : own.types)
         if (type.scope == kOwnScope && type.isUnvt == isUnvt)
@@ -68,7 +68,7 @@ void AttachVariables(DeviceInterface& found) {
     for (std::size_t i = 0; i < found.device.nvs.size(); ++i)
         if (found.device.nvs[i].typeIndex == 0)
             untyped.push_back(i);
-    const std::vector<const UserType*> types = OwnTypes(found.own, true);
+    const std::vector<const UserType*> types = TypesOfTemplate(found.own, true);
     for (std::size_t i = 0; i < untyped.size(); ++i) {
         CNv& nv = found.device.nvs[untyped[i]];
         const std::string record = RecordTitle(nv, untyped[i]);
@@ -89,7 +89,7 @@ void AttachVariables(DeviceInterface& found) {
 }
 
 void AttachProperties(DeviceInterface& found) {
-    const std::vector<const UserType*> types = OwnTypes(found.own, false);
+    const std::vector<const UserType*> types = TypesOfTemplate(found.own, false);
     for (std::size_t i = 0; i < found.device.cps.size(); ++i) {
         CCp& cp = found.device.cps[i];
         CCp declared = cp;
@@ -122,9 +122,9 @@ void AttachProperties(DeviceInterface& found) {
 void AddTemplateOfTypes(DeviceInterface& found) {
     found.hasTemplate = true;
     found.device.programID = found.own.programIds.empty() ? "" : found.own.programIds.rbegin()->second;
-    for (const UserType* type : OwnTypes(found.own, true))
+    for (const UserType* type : TypesOfTemplate(found.own, true))
         AddVariable(*type, found);
-    for (const UserType* type : OwnTypes(found.own, false))
+    for (const UserType* type : TypesOfTemplate(found.own, false))
         AddProperty(*type, found.device);
     if (!found.device.cps.empty())
         found.device.versionCP = "1.0";

@@ -14,8 +14,8 @@ namespace tovarek {
 namespace {
 
 // Members lie inside one another so deep at most; beyond, and behind so many of them in one type, bytes do.
-constexpr int kDeepestMember = 900;
-constexpr int kMostMembers = 100000;
+constexpr int kDeepestPart = 900;
+constexpr int kMostParts = 100000;
 
 struct Texts {
     std::string name;
@@ -215,7 +215,7 @@ class SetConverter {
 
     void AddPlaces(const TypeDescription& type, const std::string& path, int depth,
                    std::vector<UnitPlace>& places) {
-        if (depth > kDeepestMember || ++members_ > kMostMembers)
+        if (depth > kDeepestPart || ++members_ > kMostParts)
             return;
         if (const NvType* target = OwnTarget(type))
             return AddPlaces(target->type, path, depth + 1, places);
@@ -232,7 +232,7 @@ class SetConverter {
     // ---- definitions ----
 
     std::int32_t Define(const TypeDescription& type, const Texts& texts, const std::string& path, int depth) {
-        if (depth > kDeepestMember || ++members_ > kMostMembers)
+        if (depth > kDeepestPart || ++members_ > kMostParts)
             return DefineBytes(SizeOf(type), texts);
         switch (type.kind) {
             case TypeKind::reference:

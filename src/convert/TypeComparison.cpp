@@ -8,8 +8,8 @@ namespace tovarek {
 namespace {
 
 // Further down nobody reads on, and a damaged file may refer in circles.
-constexpr int kDeepest = 1000;
-constexpr int kMostMembers = 100000;
+constexpr int kDeepestCompared = 1000;
+constexpr int kMostCompared = 100000;
 
 std::string KindText(const TypeDescription& type) {
     std::string text(kKindNames.at(static_cast<std::size_t>(type.kind)));
@@ -55,7 +55,7 @@ TypeComparison::Resolved TypeComparison::Resolve(const SetView& view, const Reco
                                          {&found.unit, inner.unit}})
             *text = text->number == 0 ? more : *text;
     };
-    for (int i = 0; i < kDeepest && found.type->kind == TypeKind::reference; ++i) {
+    for (int i = 0; i < kDeepestCompared && found.type->kind == TypeKind::reference; ++i) {
         const NvType* target = found.type->target.scope == 0 ? nullptr : view.names.Nv(found.type->target);
         if (target == nullptr)
             break;
@@ -88,7 +88,7 @@ void TypeComparison::Texts(const Resolved& given, const Resolved& made, const st
 
 void TypeComparison::Descriptions(const Resolved& given, const Resolved& made, const std::string& path,
                                   int depth) {
-    if (depth > kDeepest || ++members_ > kMostMembers)
+    if (depth > kDeepestCompared || ++members_ > kMostCompared)
         return;
     const TypeDescription& old = *given.type;
     const TypeDescription& now = *made.type;
