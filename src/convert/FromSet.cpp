@@ -116,6 +116,12 @@ ElementType ElementOf(TypeKind kind) {
     }
 }
 
+// One value, which may have units.
+bool IsValue(TypeKind kind) {
+    return IsInteger(kind) || kind == TypeKind::floatingPoint || kind == TypeKind::enumeration ||
+           kind == TypeKind::bitField;
+}
+
 bool IsCharacter(TypeKind kind) {
     return kind == TypeKind::signedChar || kind == TypeKind::unsignedChar;
 }
@@ -223,9 +229,10 @@ class SetConverter {
             for (const TypeMember& member : type.members)
                 AddPlaces(member.type, path.empty() ? member.name : path + '.' + member.name, depth + 1,
                           places);
-        } else if (type.kind != TypeKind::reference) {
+        } else {
             const TypeDescription& value = type.kind == TypeKind::array ? type.members[0].type : type;
-            places.push_back({path, value.kind == TypeKind::enumeration || IsText(type)});
+            if (IsValue(value.kind))
+                places.push_back({path, value.kind == TypeKind::enumeration || IsText(type)});
         }
     }
 
@@ -308,10 +315,9 @@ class SetConverter {
             defined.content.length = type.count;
             return definitions_.Add(std::move(defined));
         }
-        const bool isValue = IsInteger(element->kind) || element->kind == TypeKind::floatingPoint ||
-                             element->kind == TypeKind::enumeration;
-        return isValue && type.count > 0 ? DefineValue(*element, merged, path, type.count)
-                                         : DefineBytes(SizeOf(type), merged);
+        const bool isElement = IsValue(element->kind) && element->kind != TypeKind::bitField;
+        return isElement && type.count > 0 ? DefineValue(*element, merged, path, type.count)
+                                           : DefineBytes(SizeOf(type), merged);
     }
 
     std::int32_t DefineMembers(const TypeDescription& type, const Texts& texts, const std::string& path,

@@ -233,6 +233,19 @@ TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
     }
 }
 
+TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
+    TypeFile file = OddTypes();
+    file.header.scope = 6;
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    scratch_.File("Own.fmt", "UNVTouter#SI: text(\"%d\",\r\n wide);\r\n");
+    Converted({scratch_.File("Own.typ", bytes)}, "own");
+    EXPECT_NE(ReadFile(Out("own-format.xml")).find("<UNITS>\r\n      <SI>\r\n      </SI>"), std::string::npos)
+        << "a display format without a unit keeps its name";
+    EXPECT_NE(ReadFile(Out("own-template.xml")).find("<MINRAWVAL>0000</MINRAWVAL>"), std::string::npos)
+        << "a missing limit would be the property's value";
+}
+
 TEST_F(ConvertSets, WrongUseTellsWhatBelongsTogether) {
     std::string bytes;
     TypeFile file = OddTypes();
