@@ -19,8 +19,8 @@ struct Colors {
     const char* mark;
     const char* none;
 };
-constexpr Colors kPlain = {"", "", "", "", ""};
-constexpr Colors kAnsi = {"\x1B[1m", "\x1B[1;31m", "\x1B[1;35m", "\x1B[1;32m", "\x1B[0m"};
+constexpr Colors kNoColors = {"", "", "", "", ""};
+constexpr Colors kTerminalColors = {"\x1B[1m", "\x1B[1;31m", "\x1B[1;35m", "\x1B[1;32m", "\x1B[0m"};
 
 std::string PlaceText(const std::string& file, int line, int column) {
     std::string text = OneLine(SystemPath(file));
@@ -67,7 +67,7 @@ void WriteFinding(const CheckedFinding& finding, const Colors& colors, std::ostr
 
 void WriteFindings(const std::vector<CheckedFinding>& findings, bool inColor, std::ostream& out) {
     for (const CheckedFinding& finding : findings)
-        WriteFinding(finding, inColor ? kAnsi : kPlain, out);
+        WriteFinding(finding, inColor ? kTerminalColors : kNoColors, out);
 }
 
 }  // namespace tovarek

@@ -29,11 +29,11 @@ const char* LevelOf(const Explanation& rule) {
 
 // The path as a URI: what is no letter, digit or one of a few marks is escaped byte by byte.
 std::string UriOf(const std::string& path) {
-    constexpr std::string_view kPlain = "-._~/";
+    constexpr std::string_view kUriMarks = "-._~/";
     std::string uri;
     for (const char c : path) {
         const bool isLetter = AsciiUpper(c) >= 'A' && AsciiUpper(c) <= 'Z';
-        if (isLetter || IsDigit(c) || kPlain.find(c) != std::string_view::npos) {
+        if (isLetter || IsDigit(c) || kUriMarks.find(c) != std::string_view::npos) {
             uri += c;
         } else {
             uri += '%';

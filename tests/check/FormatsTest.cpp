@@ -11,7 +11,7 @@
 namespace tovarek::test {
 namespace {
 
-constexpr const char* kFaulty =
+constexpr const char* kFaultyTexts =
     "[general]\nprogramID=9FFFFF5014030401\n[nvs]\nnumberOfStaticNvs=none\n[nv1]\nname=a\n[tags]\n"
     "numberOfTags=1\n[tag1]\nname=t & \"u\"\nbindable=2\n";
 
@@ -39,7 +39,7 @@ class Formats : public testing::Test {
 };
 
 TEST_F(Formats, SarifHasRulesPlacesAndNotes) {
-    const Json run = Run(kFaulty);
+    const Json run = Run(kFaultyTexts);
     ASSERT_EQ(run["results"].size(), 3U) << run.dump(1);
     const Json& number = run["results"][0];
     EXPECT_EQ(number["ruleId"], "not-a-number");
@@ -68,8 +68,8 @@ TEST_F(Formats, FingerprintsStayWhenLinesAreAdded) {
             all.push_back(result["partialFingerprints"]["primaryLocationLineHash"]);
         return all;
     };
-    const std::vector<std::string> before = prints(kFaulty);
-    EXPECT_EQ(prints("; one\n; two\n" + std::string(kFaulty)), before);
+    const std::vector<std::string> before = prints(kFaultyTexts);
+    EXPECT_EQ(prints("; one\n; two\n" + std::string(kFaultyTexts)), before);
     const std::string head = "[general]\nprogramID=9FFFFF5014030401\n";
     const std::vector<std::string> twins = prints(head + "a=1\n[x]\n[general]\nb=1\n[y]\n[x]\n");
     EXPECT_EQ(std::set<std::string>(twins.begin(), twins.end()).size(), twins.size());
@@ -78,9 +78,9 @@ TEST_F(Formats, FingerprintsStayWhenLinesAreAdded) {
 
 TEST_F(Formats, PathsAreRelativeOnlyInsideTheCurrentFolder) {
     const Scratch other;
-    const std::string outside = other.File("o.ini", kFaulty);
+    const std::string outside = other.File("o.ini", kFaultyTexts);
     std::filesystem::create_directory("sub");
-    const std::string inside = scratch_.File("sub/i.ini", kFaulty);
+    const std::string inside = scratch_.File("sub/i.ini", kFaultyTexts);
     const std::pair<std::string, std::string> rows[] = {
         {inside, "sub/i.ini"}, {"sub/../sub/i.ini", "sub/i.ini"}, {outside, "/o.ini"}};
     for (const auto& [path, end] : rows) {
@@ -94,7 +94,7 @@ TEST_F(Formats, PathsAreRelativeOnlyInsideTheCurrentFolder) {
 
 TEST_F(Formats, JunitHasATestForEachInput) {
     const std::string profile = scratch_.File("p.ini", "");
-    const std::string text = Check(kFaulty, {"--format", "junit", "--iniProfileFile", profile});
+    const std::string text = Check(kFaultyTexts, {"--format", "junit", "--iniProfileFile", profile});
     EXPECT_EQ(
         text,
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -113,9 +113,9 @@ TEST_F(Formats, JunitHasATestForEachInput) {
         "./t 1.ini:10:6: warning: \"t &amp; \"u\"\" has white space in it; other programs refuse the "
         "file or read the name up to there [blank-in-name]\n    name=t &amp; \"u\"\n         ^~~~~~~\n"
         "</system-out>\n    </testcase>\n  </testsuite>\n</testsuites>\n");
-    const std::string strict = Check(kFaulty, {"--format", "junit", "--warnings-as-errors"});
+    const std::string strict = Check(kFaultyTexts, {"--format", "junit", "--warnings-as-errors"});
     EXPECT_EQ(strict.find("system-out"), std::string::npos) << strict;
-    const std::string noFile = Check(kFaulty, {"--format", "junit", "--mustGenerateXif", "true"});
+    const std::string noFile = Check(kFaultyTexts, {"--format", "junit", "--mustGenerateXif", "true"});
     EXPECT_NE(noFile.find("<testcase name=\"tovarek\""), std::string::npos) << noFile;
 }
 
