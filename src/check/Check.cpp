@@ -63,6 +63,7 @@ bool Explains(const Finding& warning) {
 std::vector<bool> MeantOnes(std::vector<Finding>& findings, const CheckOptions& options) {
     MeantFindings meant(options.inputs, options.ignored);
     std::vector<bool> isMeant;
+    isMeant.reserve(findings.size());
     for (const Finding& finding : findings)
         isMeant.push_back(meant.Covers(finding));
     for (Finding& unused : options.isWhole ? meant.TakeUnused() : std::vector<Finding>()) {
