@@ -105,6 +105,10 @@ void CTemplate::TellXmlReadings(XmlReading& reading, FindingSink& findings) cons
         else
             record.Integer(field.element, field.name);
     }
+    if (!userTypeFile.empty() && !record.Find("USERCPFILE"))
+        findings.Take(AtElement(Warning::missingValue, reading.Root(),
+                                "<" + Excerpt(reading.Root().Name()) + "> has no USERCPFILE; \"" +
+                                    Excerpt(userTypeFile) + "\" of the template before it is kept"));
     TellRecords(nvs, elements, catalog, reading, findings);
     TellRecords(tags, elements, catalog, reading, findings);
     TellRecords(cps, elements, catalog, reading, findings);

@@ -29,6 +29,18 @@ ErrorContext PlaceInProperty(const CTemplate& source, std::size_t position, Type
     return {};
 }
 
+// Types of other scopes than the device's own come from the user type file.
+void TellDropped(const CType& type, FindingSink& findings) {
+    findings.Take({.context = {.field = "SCOPE",
+                               .value = std::to_string(type.scope),
+                               .line = type.LineOf("SCOPE"),
+                               .reason = "the type of this variable is not written: its SCOPE is " +
+                                         std::to_string(type.scope) + ", types of a template have scope " +
+                                         std::to_string(kOwnScope) +
+                                         "; leave SCOPE out, or list the type in the user type file"},
+                   .warning = Warning::ignoredElement});
+}
+
 std::string Key(std::int32_t scope, std::int32_t indexInScope) {
     return std::to_string(scope) + '_' + std::to_string(indexInScope);
 }
@@ -175,8 +187,11 @@ bool CTypes::Complete(CType& type, const TypeRequest& request, FindingSink& find
     type.indexInScope = next != nullptr ? *next : request.typeNumber;
     if (type.isUnvt && FindType(true, type.indexInScope, type.scope) != nullptr)
         return false;
-    if (request.onlyScope6 && type.scope != kOwnScope)
+    if (request.onlyScope6 && type.scope != kOwnScope) {
+        if (findings.WantsWarnings())
+            TellDropped(type, findings);
         return false;
+    }
     type.ComputeReferenceLength(*catalog);
     if (useReferenceUnits)
         type.VerifyReferenceFormats(type, *catalog);

@@ -365,6 +365,7 @@ void DefinitionReader::ReadUnits(const XmlNode& node) {
     TellList(node, !Content().isReference(), "");
     if (Content().isReference())
         return;
+    Top().units = node;
     if (!Top().formats) {
         Top().formats = std::make_shared<CFormats>();
         Content().availableFormats = Top().formats;

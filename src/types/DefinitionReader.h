@@ -35,6 +35,7 @@ class DefinitionReader {
         TypeDefinition* definition = nullptr;
         XmlNode child;          // next child of the type element
         XmlNode member;         // next child of the FIELDS element that is being read, or nothing
+        XmlNode units;          // its UNITS element, or nothing
         std::string shortName;  // of the type element: its name without a standard prefix
         std::string enumName;   // shortName and the latest NAME; empty before the first
         std::shared_ptr<CFormats> formats;

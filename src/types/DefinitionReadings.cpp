@@ -113,6 +113,15 @@ void DefinitionReader::TellFinished() {
     const CType& type = Content();
     if (type.isReference() || type.elementType == elementNone)
         return;
+    if (type.inheritable)
+        TellUseless("INHERIT", "resource files have no place for it");
+    if (Top().units && (type.HasMembers() || type.elementType == elementSigned))
+        file_.warnings->Take(AtElement(
+            Warning::ignoredElement, Top().units,
+            std::string("<UNITS> does not count: ") +
+                (type.HasMembers() ? "the members are shown, each in its own units"
+                                   : "format files say nothing of a plain signed number; UNSIGNEDNUMERIC, "
+                                     "FLOAT and bit fields have units")));
     if (type.elementType != elementBits)
         for (const std::string_view name : kBitFieldNames)
             TellUseless(name, "only BITS are a part of a byte");
