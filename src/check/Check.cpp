@@ -86,8 +86,9 @@ class Judgement {
         for (std::size_t i = 0; i < findings_.size(); ++i)
             notes[i] = std::move(findings_[i].notes);
         for (std::size_t i = 0; i < findings_.size(); ++i) {
-            const auto cause = causes_.find(CauseKey(findings_[i], findings_[i].causeLine));
-            isNote[i] = findings_[i].causeLine > 0 && cause != causes_.end();
+            const auto& causes = IsOwnCause(findings_[i]) ? suggesting_ : causes_;
+            const auto cause = causes.find(CauseKey(findings_[i], findings_[i].causeLine));
+            isNote[i] = findings_[i].causeLine > 0 && cause != causes.end();
             if (isNote[i])
                 AddNote(notes[cause->second], findings_[i]);
             else if (findings_[i].warning == Warning::none)
@@ -111,6 +112,8 @@ class Judgement {
     static std::string CauseKey(const Finding& finding, int line) {
         return finding.context.file + '\n' + std::to_string(line);
     }
+    // What nobody reads is explained by an error that suggests it, and explains others itself.
+    static bool IsOwnCause(const Finding& finding) { return finding.causeLine == finding.context.line; }
     static std::string RecordKey(const Finding& finding) {
         return finding.context.file + '\n' + finding.context.record;
     }
@@ -118,7 +121,10 @@ class Judgement {
     void Index() {
         for (std::size_t i = 0; i < findings_.size(); ++i) {
             const Finding& finding = findings_[i];
-            if (finding.causeLine == 0 && finding.context.line > 0)
+            if (finding.context.line > 0 && finding.warning == Warning::none &&
+                finding.context.reason.find("did you mean") != std::string::npos)
+                suggesting_.try_emplace(CauseKey(finding, finding.context.line), i);
+            if (finding.context.line > 0 && (finding.causeLine == 0 || IsOwnCause(finding)))
                 causes_.try_emplace(CauseKey(finding, finding.context.line), i);
             if (!Explains(finding))
                 continue;
@@ -169,6 +175,7 @@ class Judgement {
     SourceLines lines_;
     // The first finding of each line that explains others, and the explaining ones of each record and line.
     std::unordered_map<std::string, std::size_t> causes_;
+    std::unordered_map<std::string, std::size_t> suggesting_;  // errors with "did you mean", by line
     std::unordered_map<std::string, std::vector<std::size_t>> explanations_;
     std::unordered_map<std::string, std::size_t> explanationsOfLine_;
 };

@@ -62,6 +62,7 @@ int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, Ou
     CheckOptions options = wishes.options;
     options.inputs = InputsOf(component, settings);
     std::vector<Finding> all = findings.TakeAll();
+    ExplainErrors(component, all);
     PlaceInJobs(set, all);
     const std::vector<CheckedFinding> judged = Judge(std::move(all), options);
     const auto errors = static_cast<std::size_t>(std::count_if(

@@ -75,8 +75,8 @@ void TakeClockFromEnvironment(Tovarek& component) {
 }
 
 // A standard type that nobody can know.
-bool LacksCatalog(const Tovarek& component, const Error& error) {
-    return error.Number() == eQVXIFerr_unknowntype && component.catalogDir().empty() &&
+bool LacksCatalog(const Tovarek& component, std::int32_t error) {
+    return error == eQVXIFerr_unknowntype && component.catalogDir().empty() &&
            component.catalogFile() == kUsualCatalogFile;
 }
 
@@ -118,8 +118,18 @@ void UseShippedCatalog(Tovarek& component) {
 }
 
 void ExplainError(const Tovarek& component, Error& error) {
-    if (LacksCatalog(component, error))
+    if (LacksCatalog(component, error.Number()))
         error.AddReason(NoShippedCatalog());
+}
+
+void ExplainErrors(const Tovarek& component, std::vector<Finding>& findings) {
+    for (Finding& finding : findings) {
+        if (finding.warning != Warning::none)
+            continue;
+        Error error(finding.error, {}, std::move(finding.context));
+        ExplainError(component, error);
+        finding.context = error.Context();
+    }
 }
 
 std::vector<std::string> JobsOf(const std::vector<Setting>& settings) {

@@ -34,6 +34,7 @@ void UseShippedCatalog(Tovarek& component);
 
 // Adds what helps where the program knows more than the component.
 void ExplainError(const Tovarek& component, Error& error);
+void ExplainErrors(const Tovarek& component, std::vector<Finding>& findings);
 
 // What people write for a job, as far as it is read; the catalog comes with the program.
 std::vector<std::string> InputsOf(const Tovarek& component, const std::vector<Setting>& settings);

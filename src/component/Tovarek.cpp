@@ -112,6 +112,8 @@ void Tovarek::Run(FindingSink& findings, Purpose purpose) {
             TellingErrors(findings, [&] { DoTypeFiles(readings, output); });
         if (mustGenerateXif_)
             TellingErrors(findings, [&] { DoXif(readings, output); });
+        else
+            profile_.SkipReadings(readings);
         if (findings.WantsWarnings())
             readings.TellUnread();
     } catch (const std::bad_alloc&) {

@@ -41,9 +41,10 @@ InputPlace CProfile::PlaceOf(const ProfileField& field) const {
                     return true;
             return false;
         };
-        return IniSource(iniFile).Find(
-            SectionOf(field.line), field.iniKey,
-            [](std::string_view name) { return IsLine(name, SectionOf); }, isKnownKey);
+        return IniSource(iniFile, loadedIni_)
+            .Find(
+                SectionOf(field.line), field.iniKey,
+                [](std::string_view name) { return IsLine(name, SectionOf); }, isKnownKey);
     }
     if (!xifFile.empty())
         return {.file = xifFile, .line = field.line, .typed = tokens_[IndexOf(field)]};

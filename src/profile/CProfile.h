@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,7 @@ namespace tovarek {
 struct ProfileField;
 class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
+class IniText;     // support/IniText.h
 class XmlReading;  // support/XmlReading.h
 
 // Holds one load at a time. The values are whole numbers without a unit, encoded as the XIF format encodes
@@ -41,6 +43,8 @@ class CProfile : public ProfileValues {
     void Load(FindingSink& findings);
     // Tells what the last load read otherwise than it was written.
     void TellReadings(Readings& readings) const;
+    // In a job that reads no profile: what stands in a file of another loader for the profile is no finding.
+    void SkipReadings(Readings& readings) const;
 
     // Checks the values in a fixed order and raises the first fault. Changes nothing.
     void VerifyData() const;
@@ -70,6 +74,7 @@ class CProfile : public ProfileValues {
 
     // Where the values of the last load come from, for error messages.
     XmlNode loadedXml_;
+    std::shared_ptr<const IniText> loadedIni_;
     std::array<XmlNode, 68> elements_;    // by field, empty = no element
     std::array<std::string, 68> tokens_;  // of an XIF file, by field
     bool wasLoaded_ = false;              // before the load at hand

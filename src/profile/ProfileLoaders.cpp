@@ -82,13 +82,13 @@ void CProfile::Load(FindingSink& findings) {
 void CProfile::LoadFromIni() {
     cIni ini;
     ini.iniFile(iniFile);
-    const auto text = ini.Text();
+    loadedIni_ = ini.Text();
     IniSection section;
     int line = 0;
     for (const ProfileField& field : kProfileFields) {
         if (field.line != line) {
             line = field.line;
-            text->ReadSection("Line" + std::to_string(line), section);
+            loadedIni_->ReadSection("Line" + std::to_string(line), section);
         }
         this->*field.value = section.LongValue(field.iniKey, -1);
     }

@@ -67,11 +67,19 @@ std::string MisplacedReason(std::string_view upperName, int line) {
 
 void CProfile::TellReadings(Readings& readings) const {
     if (!iniFile.empty())
-        TellIniReadings(readings.Ini(iniFile), readings.Findings());
+        TellIniReadings(readings.Ini(iniFile, loadedIni_), readings.Findings());
     else if (!xifFile.empty())
         TellXifReadings(readings.Findings());
     else if (loadedXml_)
         TellXmlReadings(readings.Xml(loadedXml_), readings.Findings());
+}
+
+void CProfile::SkipReadings(Readings& readings) const {
+    IniReading* const ini = iniFile.empty() ? nullptr : readings.FindIni(iniFile);
+    if (ini == nullptr)
+        return;
+    for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line)
+        ini->Skip("Line" + std::to_string(line));
 }
 
 void CProfile::TellIniReadings(IniReading& ini, FindingSink& findings) const {
@@ -144,6 +152,9 @@ void CProfile::TellMissingElements(const std::array<XmlNode, 5>& lines, FindingS
                               (wasLoaded_ ? ", " + whose : std::string()));
             finding.context.record = RecordOf(line);
             finding.context.field = ElementName(field);
+            // A misspelt element explains it.
+            if (const int nearest = XmlPlaceOf(field).line; nearest != finding.context.line)
+                finding.causeLine = nearest;
             findings.Take(std::move(finding));
         }
     }

@@ -52,60 +52,58 @@ bool IsNamed(std::string_view name, std::string_view wanted) {
 
 }  // namespace
 
-IniReading::IniReading(std::string path) : path_(std::move(path)), bytes_(ReadOrNothing(path_)) {
-    text_ = DecodeIni(bytes_, &encoding_);
-    Scan();
+IniReading::IniReading(std::string path, std::shared_ptr<const IniText> text)
+    : path_(std::move(path)), text_(std::move(text)) {
+    const std::vector<IniBody>& bodies = text_->Bodies();
+    const std::string_view whole = text_->Whole();
+    all_.resize(bodies.size() + 1);
+    Scan(bodies.empty() ? whole
+                        : whole.substr(0, static_cast<std::size_t>(bodies[0].header.data() - whole.data())),
+         all_[0]);
+    for (std::size_t i = 0; i < bodies.size(); ++i) {
+        Section& section = all_[i + 1];
+        section.body = &bodies[i];
+        section.isFirst = bodies[i].first == i;
+        section.isAsked = bodies[i].isPlain;
+        if (!bodies[i].isPlain)
+            Scan(bodies[i].lines, section);
+    }
 }
 
-void IniReading::Scan() {
-    all_.emplace_back();
-    FirstLines keys;
-    std::string_view rest = text_;
-    for (int number = 1; !rest.empty(); ++number)
-        ScanLine(TrimIniLine(TakeLine(rest)), number, keys);
+void IniReading::Scan(std::string_view lines, Section& section) {
+    FirstKeys keys;
+    while (!lines.empty())
+        ScanLine(TrimIniLine(TakeLine(lines)), section, keys);
 }
 
-// The line of the first key with the name of `entry` in its section, 0 when it is the first itself. Few keys
-// are compared one by one, many are looked up in `keys`.
-int IniReading::FirstLine(const Section& section, const Line& entry, FirstLines& keys) {
+// The first key with the name of `entry` in its section, null when it is the first itself. Few keys are
+// compared one by one, many are looked up in `keys`.
+const char* IniReading::FirstOf(const Section& section, const Line& entry, FirstKeys& keys) {
     if ((section.names & NameBit(entry.key)) == 0 && keys.empty())
-        return 0;
+        return nullptr;
     constexpr std::size_t kFew = 32;
     if (section.lines.size() < kFew) {
         for (const Line& line : section.lines)
             if (line.kind == Kind::key && IsNamed(line.key, entry.key))
-                return line.firstLine > 0 ? line.firstLine : line.number;
-        return 0;
+                return line.first != nullptr ? line.first : line.key.data();
+        return nullptr;
     }
     if (keys.empty())
         for (const Line& line : section.lines)
             if (line.kind == Kind::key)
-                keys.try_emplace(line.key, line.number);
-    const auto [first, isNew] = keys.try_emplace(entry.key, entry.number);
-    return isNew ? 0 : first->second;
+                keys.try_emplace(line.key, line.key.data());
+    const auto [first, isNew] = keys.try_emplace(entry.key, entry.key.data());
+    return isNew ? nullptr : first->second;
 }
 
-// `keys`: those of the section at hand, once they are many.
-void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
+// `keys`: those of the section, once they are many.
+void IniReading::ScanLine(std::string_view line, Section& section, FirstKeys& keys) {
     if (line.empty() || line.starts_with(';'))
         return;
-    if (const std::string_view name = IniSectionName(line); name.data() != nullptr) {
-        const auto [first, isNew] = sections_.try_emplace(name, all_.size());
-        Section& section = all_.emplace_back();
-        section.name = name;
-        section.line = number;
-        constexpr std::size_t kUsualKeys = 12;
-        section.lines.reserve(kUsualKeys);
-        section.firstLine = isNew ? 0 : all_[first->second].line;
-        if (!keys.empty())
-            keys.clear();
-        return;
-    }
-    Section& section = all_.back();
-    Line entry{.number = number};
+    Line entry;
     if (SplitIniKey(line, entry.key, entry.value)) {
         entry.value = IniValue(entry.value);
-        entry.firstLine = FirstLine(section, entry, keys);
+        entry.first = FirstOf(section, entry, keys);
         section.names |= NameBit(entry.key);
     } else {
         entry.kind = Kind::other;
@@ -114,33 +112,18 @@ void IniReading::ScanLine(std::string_view line, int number, FirstLines& keys) {
     section.lines.push_back(entry);
 }
 
-const IniReading::Line* IniReading::Find(std::string_view section, std::string_view key) const {
-    const auto found = sections_.find(section);
-    if (found == sections_.end())
-        return nullptr;
-    for (const Line& line : all_[found->second].lines)
-        if (line.kind == Kind::key && IsNamed(line.key, key))
-            return &line;
-    return nullptr;
-}
-
-bool IniReading::HasKey(std::string_view section, std::string_view key) const {
-    return Find(section, key) != nullptr;
-}
-
-int IniReading::LineOf(std::string_view section, std::string_view key) const {
-    if (const Line* const line = Find(section, key))
-        return line->number;
-    const auto found = sections_.find(section);
-    return found == sections_.end() ? 0 : all_[found->second].line;
+// The value of a key; a view of null when there is none.
+std::string_view IniReading::Value(std::string_view section, std::string_view key) const {
+    IniSection keys;
+    text_->ReadSection(section, keys);
+    return keys.RawValue(key);
 }
 
 IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key) {
     // The keys of a section are asked for one behind the other.
     if (lastPlace_ == 0 || lastName_ != section) {
-        const auto found = sections_.find(section);
         lastName_ = section;
-        lastPlace_ = found == sections_.end() ? 0 : found->second;
+        lastPlace_ = text_->HasSection(section) ? text_->PlaceOf(section) + 1 : 0;
         // Names to suggest; a suggestion out of thousands helps nobody.
         constexpr std::size_t kMostSuggested = 32;
         if (lastPlace_ == 0 && missingSections_.size() < kMostSuggested &&
@@ -163,6 +146,14 @@ IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key
     return nullptr;
 }
 
+void IniReading::Skip(std::string_view section) {
+    if (!HasSection(section))
+        return;
+    Section& skipped = all_[text_->PlaceOf(section) + 1];
+    skipped.isAsked = true;
+    skipped.lines.clear();
+}
+
 Finding IniReading::At(Warning warning, int line, LinePart part, std::string reason) const {
     return {.context = {.file = path_, .line = line, .reason = std::move(reason)},
             .warning = warning,
@@ -183,7 +174,7 @@ void IniReading::Integer(std::string_view section, std::string_view key, const T
     std::string reason = read.isWhole ? Quoted(typed) + " is beyond 32 bits; it is read as " + value +
                                             (more.empty() ? more : ", " + more)
                                       : NotANumber(typed, key, value, more);
-    Finding finding = At(read.isWhole ? Warning::overflowedNumber : Warning::notANumber, line->number,
+    Finding finding = At(read.isWhole ? Warning::overflowedNumber : Warning::notANumber, LineOf(*line),
                          LinePart::value, std::move(reason));
     finding.context.record = record();
     finding.context.field = key;
@@ -202,7 +193,7 @@ void IniReading::Text(std::string_view section, std::string_view key, const Titl
     if (length <= kLongestIniValue)
         return;
     Finding finding =
-        At(Warning::cutText, line->number, LinePart::value,
+        At(Warning::cutText, LineOf(*line), LinePart::value,
            "only the first " + std::to_string(kLongestIniValue) + " of the " + std::to_string(length) +
                " characters are read; an XML template has no such bound");
     finding.context.record = record();
@@ -215,25 +206,30 @@ void IniReading::Numbered(std::string_view prefix, std::string_view section, std
 }
 
 void IniReading::TellFile(FindingSink& findings) const {
-    if (encoding_ == IniEncoding::codePage && !IsAscii(bytes_) && IsUtf8(bytes_))
+    if (!IsAscii(text_->Whole()))
         TellEncoding(findings);
-    for (const Section& section : all_) {
-        if (section.firstLine > 0)
-            findings.Take(At(Warning::duplicateSection, section.line, LinePart::all,
-                             "section [" + Excerpt(section.name) + "] stands in line " +
-                                 std::to_string(section.firstLine) + " already; only that one is read"));
-    }
+    for (const Section& section : all_)
+        if (!section.isFirst)
+            findings.Take(At(Warning::duplicateSection, LineOf(section), LinePart::all,
+                             "section [" + Excerpt(section.body->name) + "] stands in line " +
+                                 std::to_string(LineOf(all_[section.body->first + 1])) +
+                                 " already; only that one is read"));
 }
 
 void IniReading::TellEncoding(FindingSink& findings) const {
+    const std::string bytes = ReadOrNothing(path_);
+    IniEncoding encoding = IniEncoding::codePage;
+    DecodeIni(bytes, &encoding);
+    if (encoding != IniEncoding::codePage || IsAscii(bytes) || !IsUtf8(bytes))
+        return;
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     const auto first =
-        static_cast<std::size_t>(std::find_if_not(bytes_.begin(), bytes_.end(), isAscii) - bytes_.begin());
+        static_cast<std::size_t>(std::find_if_not(bytes.begin(), bytes.end(), isAscii) - bytes.begin());
     std::size_t end = first;
-    NextCharacter(bytes_, end);
-    const std::string character = bytes_.substr(first, end - first);
+    NextCharacter(bytes, end);
+    const std::string character = bytes.substr(first, end - first);
     int line = 0;
-    for (std::string_view rest = bytes_; bytes_.size() - rest.size() <= first; ++line)
+    for (std::string_view rest = bytes; bytes.size() - rest.size() <= first; ++line)
         TakeLine(rest);
     Finding finding =
         At(Warning::encoding, line, LinePart::value,
@@ -248,58 +244,64 @@ void IniReading::TellEncoding(FindingSink& findings) const {
 // so, or such a section in place of its section. 0 when there is none.
 int IniReading::LineMeantFor(const NumberedSections& row) const {
     std::vector<std::string> unread;
-    const auto found = sections_.find(row.section);
-    if (found == sections_.end()) {
+    if (!HasSection(row.section)) {
         for (const Section& section : all_)
-            if (!section.isAsked && NumberBehind(section.name, row.prefix) == 0)
-                unread.emplace_back(section.name);
+            if (section.body != nullptr && !section.isAsked &&
+                NumberBehind(section.body->name, row.prefix) == 0)
+                unread.emplace_back(section.body->name);
         return LineOf(Nearest(row.section, unread));
     }
-    for (const Line& line : all_[found->second].lines)
+    for (const Line& line : all_[text_->PlaceOf(row.section) + 1].lines)
         if (line.kind == Kind::key && !line.isAsked)
             unread.emplace_back(line.key);
     const std::string nearest = Nearest(row.count, unread);
     return nearest.empty() ? 0 : LineOf(row.section, nearest);
 }
 
+std::vector<IniReading::Section>::const_iterator IniReading::FirstNumbered(
+    const NumberedSections& row) const {
+    return std::find_if(all_.begin(), all_.end(), [&](const Section& section) {
+        return section.body != nullptr && NumberBehind(section.body->name, row.prefix) > 0;
+    });
+}
+
 // The line of the finding that explains why no section with the prefix is read: the count, what was meant by
 // it, or where it should stand.
 int IniReading::LineOfCount(const NumberedSections& row) const {
-    if (const Line* const count = Find(row.section, row.count))
-        return count->number;
+    if (HasKey(row.section, row.count))
+        return LineOf(row.section, row.count);
     if (const int meant = LineMeantFor(row); meant > 0)
         return meant;
     if (HasSection(row.section))
         return LineOf(row.section);
-    const auto first = std::find_if(all_.begin(), all_.end(), [&](const Section& section) {
-        return NumberBehind(section.name, row.prefix) > 0;
-    });
-    return first == all_.end() ? 0 : first->line;
+    const auto first = FirstNumbered(row);
+    return first == all_.end() ? 0 : LineOf(*first);
+}
+
+int IniReading::CauseLine(const NumberedSections& row) const {
+    if (!row.causeLine)
+        row.causeLine = LineOfCount(row);
+    return *row.causeLine;
 }
 
 // A count that is missing altogether explains all sections that are not read for it.
 void IniReading::TellMissingCount(const NumberedSections& row, FindingSink& findings) const {
-    const bool hasSections = std::any_of(all_.begin(), all_.end(), [&](const Section& section) {
-        return NumberBehind(section.name, row.prefix) > 0;
-    });
-    if (hasSections && !HasKey(row.section, row.count) && LineMeantFor(row) == 0)
-        findings.Take(At(Warning::countMismatch, row.causeLine, LinePart::all,
+    if (!HasKey(row.section, row.count) && FirstNumbered(row) != all_.end() && LineMeantFor(row) == 0)
+        findings.Take(At(Warning::countMismatch, CauseLine(row), LinePart::all,
                          "there is no " + std::string(row.count) + " in [" + std::string(row.section) +
                              "], so none of the sections [" + std::string(row.prefix) + "1], [" +
                              std::string(row.prefix) + "2], ... is read"));
 }
 
 void IniReading::TellUnread(FindingSink& findings) {
-    for (NumberedSections& row : numbered_) {
-        row.causeLine = LineOfCount(row);
+    for (const NumberedSections& row : numbered_)
         TellMissingCount(row, findings);
-    }
     bool isSorted = false;
     for (std::size_t place = 0; place < all_.size(); ++place) {
         const Section& section = all_[place];
-        if (section.firstLine > 0)
+        if (!section.isFirst)
             continue;
-        if (section.line > 0 && !section.isAsked)
+        if (section.body != nullptr && !section.isAsked)
             TellUnreadSection(section, findings);
         else if (std::any_of(section.lines.begin(), section.lines.end(),
                              [](const Line& line) { return !line.isAsked; })) {
@@ -318,55 +320,100 @@ std::vector<std::string> IniReading::MissingKeys(std::size_t place) const {
         std::lower_bound(asked_.begin(), asked_.end(), place,
                          [](const auto& asked, std::size_t wanted) { return asked.first < wanted; });
     for (auto asked = first; asked != asked_.end() && asked->first == place; ++asked)
-        if (!HasKey(all_[place].name, asked->second))
+        if (!HasKey(all_[place].body->name, asked->second))
             missing.emplace_back(asked->second);
     return missing;
 }
 
 void IniReading::TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
                                  FindingSink& findings) const {
-    for (const Line& line : section.lines)
-        if (!line.isAsked)
-            TellUnreadLine(section, line, missing, findings);
+    // Behind a header that lacks a bracket stand the keys of another section.
+    int header = 0;
+    for (const Line& line : section.lines) {
+        if (line.isAsked)
+            continue;
+        Finding finding = UnreadLine(section, line, missing);
+        if (line.kind == Kind::other && (line.key.starts_with('[') || line.key.ends_with(']')))
+            header = CauseOfHeader(line);
+        if (header > 0)
+            finding.causeLine = header;
+        findings.Take(std::move(finding));
+    }
+}
+
+// The line of the finding that explains a header that is none: the count of such sections, or itself.
+int IniReading::CauseOfHeader(const Line& line) const {
+    std::string_view name = line.key;
+    if (name.starts_with('['))
+        name.remove_prefix(1);
+    else
+        name.remove_suffix(1);
+    for (const NumberedSections& row : numbered_)
+        if (NumberBehind(Trim(name), row.prefix) > 0)
+            return CauseLine(row);
+    return LineOf(line);
 }
 
 void IniReading::TellUnreadSection(const Section& section, FindingSink& findings) const {
-    const std::string name = "section [" + Excerpt(section.name) + "]";
+    const std::string name = "section [" + Excerpt(section.body->name) + "]";
     for (const NumberedSections& row : numbered_) {
-        if (NumberBehind(section.name, row.prefix) == 0)
+        if (NumberBehind(section.body->name, row.prefix) == 0)
             continue;
-        const Line* const count = Find(row.section, row.count);
-        Finding finding = At(
-            Warning::ignoredSection, section.line, LinePart::all,
-            name + " is not read: " +
-                (count == nullptr
-                     ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
-                     : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count->value).value)));
-        finding.causeLine = row.causeLine;
+        const std::string_view count = Value(row.section, row.count);
+        Finding finding =
+            At(Warning::ignoredSection, LineOf(section), LinePart::all,
+               name + " is not read: " +
+                   (count.data() == nullptr
+                        ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
+                        : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count).value)));
+        finding.causeLine = CauseLine(row);
         findings.Take(std::move(finding));
         return;
     }
-    findings.Take(At(Warning::ignoredSection, section.line, LinePart::all,
-                     name + " is not read: no section of this name is asked for" +
-                         DidYouMean(section.name, missingSections_)));
+    Finding finding = At(Warning::ignoredSection, LineOf(section), LinePart::all,
+                         name + " is not read: no section of this name is asked for" +
+                             DidYouMean(section.body->name, missingSections_));
+    // An error that suggests it tells the same.
+    finding.causeLine = finding.context.line;
+    findings.Take(std::move(finding));
 }
 
-void IniReading::TellUnreadLine(const Section& section, const Line& line,
-                                const std::vector<std::string>& missing, FindingSink& findings) const {
+Finding IniReading::UnreadLine(const Section& section, const Line& line,
+                               const std::vector<std::string>& missing) const {
     if (line.kind == Kind::other)
-        findings.Take(At(Warning::ignoredKey, line.number, LinePart::all,
-                         Quoted(line.key) + " is not read: it has no '='; a comment begins with ';'"));
-    else if (section.line == 0)
-        findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
-                         Quoted(line.key) + " is not read: it stands in front of the first section"));
-    else if (line.firstLine > 0)
-        findings.Take(At(Warning::duplicateKey, line.number, LinePart::name,
-                         Excerpt(line.key) + " stands in line " + std::to_string(line.firstLine) +
-                             " already; only that one is read"));
-    else
-        findings.Take(At(Warning::ignoredKey, line.number, LinePart::name,
-                         Quoted(line.key) + " is not read: [" + Excerpt(section.name) +
-                             "] has no key of this name" + DidYouMean(line.key, missing)));
+        return LineWithoutKey(section, line, missing);
+    if (section.body == nullptr)
+        return At(Warning::ignoredKey, LineOf(line), LinePart::name,
+                  Quoted(line.key) + " is not read: it stands in front of the first section");
+    if (line.first != nullptr)
+        return At(Warning::duplicateKey, LineOf(line), LinePart::name,
+                  Excerpt(line.key) + " stands in line " + std::to_string(text_->LineAt(line.first)) +
+                      " already; only that one is read");
+    Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::name,
+                         Quoted(line.key) + " is not read: [" + Excerpt(section.body->name) +
+                             "] has no key of this name" + DidYouMean(line.key, missing));
+    // An error that suggests it tells the same.
+    finding.causeLine = finding.context.line;
+    return finding;
+}
+
+Finding IniReading::LineWithoutKey(const Section& section, const Line& line,
+                                   const std::vector<std::string>& missing) const {
+    const std::string reason = Quoted(line.key) + " is not read: ";
+    if (line.key.starts_with('[') || line.key.ends_with(']'))
+        return At(Warning::ignoredKey, LineOf(line), LinePart::all,
+                  reason + "the name of a section stands between '[' and ']'");
+    const std::string_view word = line.key.substr(0, line.key.find_first_of(" \t:"));
+    const auto meant = std::find_if(missing.begin(), missing.end(),
+                                    [&](const std::string& key) { return CaselessEqual()(key, word); });
+    Finding finding =
+        At(Warning::ignoredKey, LineOf(line), LinePart::all,
+           reason + "it has no '='; " +
+               (meant == missing.end() ? "a comment begins with ';'" : "write " + *meant + "=..."));
+    // That the key is missing is told at the section.
+    if (meant != missing.end() && section.body != nullptr)
+        finding.causeLine = LineOf(section);
+    return finding;
 }
 
 }  // namespace tovarek

@@ -1,10 +1,12 @@
-// How an INI file was read, for warnings: every line of it with its place, and which of them the loaders of a
-// job asked for. What is read otherwise than it was written is told when it is asked for, what nobody asked
-// for in the end. Put together only when somebody listens.
+// How an INI file was read, for warnings: the lines that are not plainly what a loader read, and which of
+// them the loaders of a job asked for. What is read otherwise than it was written is told when it is asked
+// for, what nobody asked for in the end. Put together only when somebody listens.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,8 +27,8 @@ class IniReading {
     // What messages call the record that a value belongs to; asked only where there is something to tell.
     using Title = std::function<std::string()>;
 
-    // Reads the file; one that cannot be read holds nothing, as for the loaders.
-    explicit IniReading(std::string path);
+    // `text`: the file as a loader has read it, with what it found to be plain.
+    IniReading(std::string path, std::shared_ptr<const IniText> text);
     IniReading(const IniReading&) = delete;
     IniReading& operator=(const IniReading&) = delete;
 
@@ -39,10 +41,17 @@ class IniReading {
     // The loaders read the key as a text.
     void Text(std::string_view section, std::string_view key, const Title& record, FindingSink& findings);
 
-    bool HasSection(std::string_view section) const { return sections_.contains(section); }
-    bool HasKey(std::string_view section, std::string_view key) const;
+    // Whether a loader has read all of the section as it stands, so that none of it need be told.
+    bool IsPlain(std::string_view section) const { return text_->IsPlain(section); }
+    // What the section holds is meant for somebody who does not read in this job.
+    void Skip(std::string_view section);
+
+    bool HasSection(std::string_view section) const { return text_->HasSection(section); }
+    bool HasKey(std::string_view section, std::string_view key) const { return text_->HasKey(section, key); }
     // Lines, for places of what is told elsewhere; 0 for what does not exist.
-    int LineOf(std::string_view section, std::string_view key = {}) const;
+    int LineOf(std::string_view section, std::string_view key = {}) const {
+        return text_->LineOf(section, key);
+    }
 
     // Sections that begin with `prefix` and a number are read as far as the key `count` of `section` says.
     void Numbered(std::string_view prefix, std::string_view section, std::string_view count);
@@ -54,53 +63,57 @@ class IniReading {
 
   private:
     enum class Kind { key, other };
+    // Lines are counted when there is something to tell of them.
     struct Line {
-        int number = 0;
         Kind kind = Kind::key;
-        std::string_view key;    // the line itself for one that is no key
-        std::string_view value;  // without quotes
-        int firstLine = 0;       // of the key with its name that counts; 0: it is that one
+        std::string_view key;         // the line itself for one that is no key
+        std::string_view value;       // without quotes
+        const char* first = nullptr;  // the key with its name that counts; null: it is that one
         bool isAsked = false;
     };
     struct Section {
-        std::string_view name;
-        int line = 0;
-        int firstLine = 0;  // of the section with its name that counts; 0: it is that one
+        const IniBody* body = nullptr;  // nothing for what precedes every section
+        bool isFirst = true;            // of its name
         bool isAsked = false;
         std::uint64_t names = 0;  // a bit for each kind of name among the keys
-        std::vector<Line> lines;
+        std::vector<Line> lines;  // none of a plain section
     };
     struct NumberedSections {
         std::string_view prefix;
         std::string_view section;
         std::string_view count;
-        int causeLine = 0;  // of the finding that explains why such sections are not read
+        // Of the finding that explains why such sections are not read, once it was asked for.
+        mutable std::optional<int> causeLine;
     };
 
-    void Scan();
-    using FirstLines = std::unordered_map<std::string_view, int, CaselessHash, CaselessEqual>;
-    static int FirstLine(const Section& section, const Line& entry, FirstLines& keys);
-    void ScanLine(std::string_view line, int number, FirstLines& keys);
+    using FirstKeys = std::unordered_map<std::string_view, const char*, CaselessHash, CaselessEqual>;
+    static const char* FirstOf(const Section& section, const Line& entry, FirstKeys& keys);
+    static void Scan(std::string_view lines, Section& section);
+    static void ScanLine(std::string_view line, Section& section, FirstKeys& keys);
+    int LineOf(const Section& section) const { return text_->LineAt(section.body->header.data()); }
+    int LineOf(const Line& line) const { return text_->LineAt(line.key.data()); }
+    std::string_view Value(std::string_view section, std::string_view key) const;
     Line* Ask(std::string_view section, std::string_view key);
-    const Line* Find(std::string_view section, std::string_view key) const;
     Finding At(Warning warning, int line, LinePart part, std::string reason) const;
     void TellEncoding(FindingSink& findings) const;
+    std::vector<Section>::const_iterator FirstNumbered(const NumberedSections& row) const;
     int LineMeantFor(const NumberedSections& row) const;
+    int CauseLine(const NumberedSections& row) const;
     int LineOfCount(const NumberedSections& row) const;
     void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
     void TellUnreadSection(const Section& section, FindingSink& findings) const;
     std::vector<std::string> MissingKeys(std::size_t place) const;
     void TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
                          FindingSink& findings) const;
-    void TellUnreadLine(const Section& section, const Line& line, const std::vector<std::string>& missing,
-                        FindingSink& findings) const;
+    int CauseOfHeader(const Line& line) const;
+    Finding UnreadLine(const Section& section, const Line& line,
+                       const std::vector<std::string>& missing) const;
+    Finding LineWithoutKey(const Section& section, const Line& line,
+                           const std::vector<std::string>& missing) const;
 
     std::string path_;
-    std::string bytes_;
-    std::string text_;
-    IniEncoding encoding_ = IniEncoding::codePage;
-    std::vector<Section> all_;  // the first stands for what precedes every section
-    std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> sections_;
+    std::shared_ptr<const IniText> text_;
+    std::vector<Section> all_;                  // what precedes every section, then those of the file
     std::vector<std::string> missingSections_;  // asked for and not there; the first ones
     std::vector<NumberedSections> numbered_;
     // Every key that was asked for, by its section's place in all_. Most files are asked for all that they

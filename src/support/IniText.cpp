@@ -183,7 +183,7 @@ bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view&
     return true;
 }
 
-std::string_view IniSection::RawValue(std::string_view key) const {
+const IniSection::Entry* IniSection::Ask(std::string_view key) const {
     const CaselessEqual equal;
     // Most keys differ in their first letter; that is seen without a call.
     const bool isPlain = !key.empty() && static_cast<unsigned char>(key[0]) < 0x80;
@@ -191,10 +191,22 @@ std::string_view IniSection::RawValue(std::string_view key) const {
     for (const Entry& entry : entries_) {
         if (entry.key.size() != key.size() || (isPlain && AsciiUpper(entry.key[0]) != first))
             continue;
-        if (equal(entry.key, key))
-            return entry.value;
+        if (equal(entry.key, key)) {
+            entry.isAsked = true;
+            return &entry;
+        }
     }
-    return {};
+    return nullptr;
+}
+
+bool IniSection::IsPlain() const {
+    return isPlain_ &&
+           std::all_of(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.isAsked; });
+}
+
+std::string_view IniSection::RawValue(std::string_view key) const {
+    const Entry* const entry = Ask(key);
+    return entry == nullptr ? std::string_view() : entry->value;
 }
 
 std::vector<std::string> IniSection::Keys() const {
@@ -206,7 +218,11 @@ std::vector<std::string> IniSection::Keys() const {
 
 std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) const {
     const std::string_view value = RawValue(key);
-    return value.data() == nullptr ? missing : ReadIniInteger(value).value;
+    if (value.data() == nullptr)
+        return missing;
+    const IniInteger read = ReadIniInteger(value);
+    isPlain_ = isPlain_ && read.isWhole && !read.wraps;
+    return read.value;
 }
 
 std::string IniSection::StringValue(std::string_view key, std::string_view missing) const {
@@ -214,13 +230,13 @@ std::string IniSection::StringValue(std::string_view key, std::string_view missi
     const std::string_view value = TrimBlanks(found.data() == nullptr ? missing : found);
     if (value.size() <= kLongestIniValue)
         return std::string(value);
+    isPlain_ = false;
     return std::string(TrimBlanks(FirstCharacters(value, kLongestIniValue)));
 }
 
 IniText::IniText(std::string text) : text_(std::move(text)) {
     // Only lines that begin with "[" are looked at here; those between them wait until their section is read.
     const std::string_view all = text_;
-    Body* open = nullptr;
     for (std::size_t bracket = all.find('['); bracket != std::string_view::npos;) {
         std::size_t start = bracket;
         while (start > 0 && kLineBlanks.Has(all[start - 1]) && all[start - 1] != '\r')
@@ -232,33 +248,55 @@ IniText::IniText(std::string text) : text_(std::move(text)) {
         const std::string_view name = IniSectionName(line);
         if (!beginsLine || name.data() == nullptr)
             continue;
-        if (open != nullptr)
-            open->lines =
-                open->lines.substr(0, static_cast<std::size_t>(all.data() + start - open->lines.data()));
-        const auto [place, isNew] = sections_.try_emplace(name, Body{line, rest});
+        if (!bodies_.empty()) {
+            std::string_view& lines = bodies_.back().lines;
+            lines = lines.substr(0, static_cast<std::size_t>(all.data() + start - lines.data()));
+        }
         // The second of two sections with one name does not exist, but it ends the one before it.
-        open = isNew ? &place->second : nullptr;
+        const std::size_t first = sections_.try_emplace(name, bodies_.size()).first->second;
+        bodies_.push_back({.name = name, .header = line, .lines = rest, .first = first});
     }
 }
 
 void IniText::ReadSection(std::string_view name, IniSection& section) const {
     section.entries_.clear();
+    section.isPlain_ = false;
     const auto found = sections_.find(name);
     if (found == sections_.end())
         return;
-    std::string_view rest = found->second.lines;
+    section.place_ = found->second;
+    section.isPlain_ = true;
+    std::string_view rest = bodies_[found->second].lines;
     while (!rest.empty()) {
         const std::string_view line = TrimIniLine(TakeLine(rest));
         IniSection::Entry entry;
-        if (!SplitIniKey(line, entry.key, entry.value))
+        if (!SplitIniKey(line, entry.key, entry.value)) {
+            section.isPlain_ = section.isPlain_ && (line.empty() || line.starts_with(';'));
             continue;
+        }
         entry.value = IniValue(entry.value);
         section.entries_.push_back(entry);
     }
 }
 
+bool IniText::HasKey(std::string_view section, std::string_view key) const {
+    IniSection keys;
+    ReadSection(section, keys);
+    return keys.RawValue(key).data() != nullptr;
+}
+
+void IniText::KeepPlain(const IniSection& section) const {
+    if (section.IsPlain())
+        bodies_[section.place_].isPlain = true;
+}
+
+bool IniText::IsPlain(std::string_view section) const {
+    const auto found = sections_.find(section);
+    return found != sections_.end() && bodies_[found->second].isPlain;
+}
+
 void IniText::ForEachSection(const std::function<void(std::string_view name)>& visit) const {
-    for (const auto& [name, body] : sections_)
+    for (const auto& [name, place] : sections_)
         visit(name);
 }
 
@@ -268,18 +306,21 @@ int IniText::LineOf(std::string_view section, std::string_view key) const {
         return 0;
     IniSection keys;
     ReadSection(section, keys);
-    const char* place = found->second.header.data();
+    const char* place = bodies_[found->second].header.data();
     for (const IniSection::Entry& entry : keys.entries_)
         if (CaselessEqual()(entry.key, key)) {
             place = entry.key.data();
             break;
         }
-    int line = 0;
-    for (std::string_view rest = text_; !rest.empty() && rest.data() <= place;) {
-        TakeLine(rest);
-        ++line;
-    }
-    return line;
+    return LineAt(place);
+}
+
+int IniText::LineAt(const char* place) const {
+    if (lineStarts_.empty())
+        for (std::string_view rest = text_; !rest.empty(); TakeLine(rest))
+            lineStarts_.push_back(rest.data());
+    const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), place);
+    return static_cast<int>(next - lineStarts_.begin());
 }
 
 }  // namespace tovarek

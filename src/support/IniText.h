@@ -60,8 +60,23 @@ class IniSection {
     struct Entry {
         std::string_view key;
         std::string_view value;
+        mutable bool isAsked = false;
     };
+    const Entry* Ask(std::string_view key) const;
+    bool IsPlain() const;
+
     std::vector<Entry> entries_;
+    std::size_t place_ = 0;         // in IniText::Bodies
+    mutable bool isPlain_ = false;  // so far
+};
+
+// One section of a file as it lies there.
+struct IniBody {
+    std::string_view name;
+    std::string_view header;
+    std::string_view lines;  // behind the header line, up to the next header
+    std::size_t first = 0;   // where the section with its name that counts stands in IniText::Bodies
+    mutable bool isPlain = false;
 };
 
 // The text of an INI file and where its sections stand in it. Lookups cannot fail: what the file lacks is
@@ -78,6 +93,9 @@ class IniText {
     void ReadSection(std::string_view name, IniSection& section) const;
 
     bool HasSection(std::string_view name) const { return sections_.contains(name); }
+    bool HasKey(std::string_view section, std::string_view key) const;
+    // Where a section that exists stands in Bodies.
+    std::size_t PlaceOf(std::string_view section) const { return sections_.find(section)->second; }
 
     // The number of sections that exist.
     std::size_t SectionCount() const { return sections_.size(); }
@@ -85,18 +103,26 @@ class IniText {
     // Calls `visit` with the name of every section that exists, in no order.
     void ForEachSection(const std::function<void(std::string_view name)>& visit) const;
 
+    // Remembers a section that was read whole where all of it was read as it stands: every line is a key that
+    // was asked for, an integer where that was asked, a text that was not cut. Warnings need not look there.
+    void KeepPlain(const IniSection& section) const;
+    bool IsPlain(std::string_view section) const;
+
+    // Everything, and the sections in it, in order.
+    std::string_view Whole() const { return text_; }
+    const std::vector<IniBody>& Bodies() const { return bodies_; }
+
+    // 1-based line of a place in the text; as LineOf.
+    int LineAt(const char* place) const;
     // 1-based line of the key, of the section's header when it has no such key, 0 when there is no such
-    // section. Counts from the start of the file: for error messages.
+    // section. For messages: the first call counts the lines of the whole file.
     int LineOf(std::string_view section, std::string_view key) const;
 
   private:
-    struct Body {
-        std::string_view header;
-        std::string_view lines;  // behind the header line, up to the next header
-    };
-
     std::string text_;
-    std::unordered_map<std::string_view, Body, CaselessHash, CaselessEqual> sections_;
+    std::vector<IniBody> bodies_;
+    mutable std::vector<const char*> lineStarts_;  // in order, once they were asked for
+    std::unordered_map<std::string_view, std::size_t, CaselessHash, CaselessEqual> sections_;
 };
 
 // ---- the line rules, shared with the writer ----

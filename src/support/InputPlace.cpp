@@ -23,15 +23,23 @@ std::string NearestUnknown(std::string_view wanted, std::vector<std::string> nam
     return Nearest(wanted, names);
 }
 
-void TellMissingSection(const IniText& text, std::string_view section, const IsKnownName& isKnown,
-                        InputPlace& place) {
+// The sections that stand for nothing themselves.
+std::vector<std::string> UnknownSections(const IniText& text, const IsKnownName& isKnown) {
     std::vector<std::string> names;
-    text.ForEachSection([&](std::string_view name) { names.emplace_back(name); });
+    text.ForEachSection([&](std::string_view name) {
+        if (!isKnown(name))
+            names.emplace_back(name);
+    });
     // The order of sections is that of a hash; the same file must give the same answer everywhere.
     std::sort(names.begin(), names.end());
+    return names;
+}
+
+void TellMissingSection(const IniText& text, std::string_view section,
+                        const std::vector<std::string>& unknown, InputPlace& place) {
     place.missing = InputPart::group;
     place.absence = "the file has no section [" + std::string(section) + "]";
-    const std::string nearest = NearestUnknown(section, std::move(names), isKnown);
+    const std::string nearest = Nearest(section, unknown);
     if (nearest.empty())
         return;
     place.line = text.LineOf(nearest, {});
@@ -79,7 +87,10 @@ std::string JoinSentences(std::string first, std::string_view second) {
     return first.append(second);
 }
 
-IniSource::IniSource(std::string file) : file_(std::move(file)) {
+IniSource::IniSource(std::string file, std::shared_ptr<const IniText> text)
+    : file_(std::move(file)), text_(std::move(text)) {
+    if (text_ && text_->SectionCount() > 0)
+        return;
     std::string bytes;
     try {
         bytes = ReadFile(file_);
@@ -102,7 +113,9 @@ InputPlace IniSource::Find(std::string_view section, std::string_view key, const
     text.ReadSection(section, keys);
     const std::string_view raw = keys.RawValue(key);
     if (!text.HasSection(section)) {
-        TellMissingSection(text, section, isKnownSection, place);
+        if (!unknownSections_)
+            unknownSections_ = UnknownSections(text, isKnownSection);
+        TellMissingSection(text, section, *unknownSections_, place);
     } else if (raw.data() == nullptr) {
         TellMissingKey(text, section, key, isKnownKey, place);
     } else {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,9 +42,11 @@ using IsKnownName = std::function<bool(std::string_view name)>;
 // one.
 class IniSource {
   public:
-    explicit IniSource(std::string file);
+    // `text`: as a loader has read it, where that is known.
+    explicit IniSource(std::string file, std::shared_ptr<const IniText> text = {});
 
     const IniText& Text() const { return *text_; }
+    // `isKnownSection` is the same each time.
     InputPlace Find(std::string_view section, std::string_view key, const IsKnownName& isKnownSection,
                     const IsKnownName& isKnownKey) const;
 
@@ -51,6 +54,7 @@ class IniSource {
     std::string file_;
     std::string whyUnread_;
     std::shared_ptr<const IniText> text_;
+    mutable std::optional<std::vector<std::string>> unknownSections_;  // to suggest, once one is missing
 };
 
 // All elements below `parent`, in document order.

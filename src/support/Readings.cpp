@@ -5,22 +5,38 @@
 #include "system/Files.h"
 
 namespace tovarek {
+namespace {
 
-IniReading& Readings::Ini(const std::string& path) {
-    for (const auto& reading : ini_)
-        if (reading->Path() == path || IdentityOf(reading->Path()) == IdentityOf(path))
-            return *reading;
-    IniReading& reading = *ini_.emplace_back(std::make_unique<IniReading>(path));
+// Two files that are missing are two all the same.
+bool IsOneFile(const std::string& a, const std::string& b) {
+    if (a == b)
+        return true;
+    const auto identity = IdentityOf(a);
+    return identity && identity == IdentityOf(b);
+}
+
+}  // namespace
+
+IniReading& Readings::Ini(const std::string& path, std::shared_ptr<const IniText> text) {
+    if (IniReading* const known = FindIni(path))
+        return *known;
+    IniReading& reading = *ini_.emplace_back(std::make_unique<IniReading>(path, std::move(text)));
     reading.TellFile(findings_);
     return reading;
+}
+
+IniReading* Readings::FindIni(const std::string& path) const {
+    for (const auto& reading : ini_)
+        if (IsOneFile(reading->Path(), path))
+            return reading.get();
+    return nullptr;
 }
 
 XmlReading& Readings::Xml(const XmlNode& root) {
     auto marks = std::make_shared<XmlMarks>();
     if (const std::string& file = root.File(); !file.empty()) {
-        const auto known = std::find_if(marks_.begin(), marks_.end(), [&](const auto& row) {
-            return row.first == file || IdentityOf(row.first) == IdentityOf(file);
-        });
+        const auto known = std::find_if(marks_.begin(), marks_.end(),
+                                        [&](const auto& row) { return IsOneFile(row.first, file); });
         if (known != marks_.end())
             marks = known->second;
         else

@@ -20,7 +20,11 @@ class Readings {
     FindingSink& Findings() const { return findings_; }
 
     // The one reading of an INI file, whichever loaders ask for it: a file may be profile and template.
-    IniReading& Ini(const std::string& path);
+    // `text`: as the loader that asks has read it.
+    IniReading& Ini(const std::string& path, std::shared_ptr<const IniText> text);
+
+    // The reading of an INI file that some loader has asked for; null for any other.
+    IniReading* FindIni(const std::string& path) const;
 
     // The reading of an element that a loader was given. Readings of one file share what they read.
     XmlReading& Xml(const XmlNode& root);

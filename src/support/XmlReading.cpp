@@ -189,7 +189,10 @@ void XmlReading::TellElement(const XmlNode& element, const XmlNode& parent,
         candidates.insert(candidates.end(), list.begin(), list.end());
     reason +=
         "no element of this name is asked for in " + Tag(parent) + DidYouMean(element.Name(), candidates);
-    findings.Take(AtElement(Warning::ignoredElement, element, std::move(reason)));
+    Finding finding = AtElement(Warning::ignoredElement, element, std::move(reason));
+    // An error that suggests it tells the same.
+    finding.causeLine = finding.context.line;
+    findings.Take(std::move(finding));
 }
 
 void XmlRecord::Keep(const XmlNode& element, std::string_view field) {

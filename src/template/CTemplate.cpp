@@ -28,6 +28,7 @@ void CTemplate::Load(FindingSink& findings) {
 
 void CTemplate::ResetTemplate() {
     loadedNode_ = {};
+    loadedIni_.reset();
     source_.reset();
     programID.clear();
     selfDocumentation.clear();

@@ -18,6 +18,7 @@ namespace tovarek {
 struct TemplateSource;
 class Readings;    // support/Readings.h
 class IniReading;  // support/IniReading.h
+class IniText;     // support/IniText.h
 class XmlReading;  // support/XmlReading.h
 
 // One message tag.
@@ -118,6 +119,7 @@ class CTemplate {
     void VerifyCp(CCp& cp, std::size_t position, std::int64_t& zeros, FindingSink& findings);
 
     XmlNode loadedNode_;
+    std::shared_ptr<const IniText> loadedIni_;
     mutable std::shared_ptr<const TemplateSource> source_;
 };
 

@@ -31,6 +31,7 @@ void ReadRecord(const IniText& text, std::int64_t number, IniSection& section, R
         else
             record.*field.number = section.LongValue(field.iniKey, field.iniDefault);
     }
+    text.KeepPlain(section);
 }
 
 // The variables behind the last one that is read: `lastRead` entries of the table are taken already, the rest
@@ -121,18 +122,19 @@ void ReadCps(const IniText& text, std::int32_t count, std::vector<CCp>& cps) {
 void CTemplate::LoadTemplateFromIni(FindingSink& findings) {
     cIni ini;
     ini.iniFile(iniFile);
-    const auto text = ini.Text();
+    loadedIni_ = ini.Text();
+    const IniText& text = *loadedIni_;
     IniSection section;
     for (const TemplateField& field : TemplateFields()) {
-        text->ReadSection(field.iniSection, section);
+        text.ReadSection(field.iniSection, section);
         if (field.text != nullptr)
             this->*field.text = section.StringValue(field.iniKey, "");
         else
             this->*field.number = section.LongValue(field.iniKey, 0);
     }
-    ReadNvs(*text, *this, nvs, findings);
-    ReadTags(*text, numberOfMessageTags, tags);
-    ReadCps(*text, numberOfCps, cps);
+    ReadNvs(text, *this, nvs, findings);
+    ReadTags(text, numberOfMessageTags, tags);
+    ReadCps(text, numberOfCps, cps);
 }
 
 }  // namespace tovarek

@@ -43,7 +43,7 @@ IsKnownName OneOf(const std::vector<std::string_view>& names) {
 const TemplateSource& CTemplate::Source() const {
     if (!source_)
         source_ = std::make_shared<const TemplateSource>(
-            TemplateSource{IniSource(iniFile), loadedNode_, ElementsOfTemplate(loadedNode_)});
+            TemplateSource{IniSource(iniFile, loadedIni_), loadedNode_, ElementsOfTemplate(loadedNode_)});
     return *source_;
 }
 

@@ -56,7 +56,12 @@ class TemplatePlaces {
     template <class Record, class Value>
     bool Has(std::size_t position, Value Record::*member) const {
         const RecordField<Record>& field = FieldOf(RecordNames<Record>::Fields(), member);
-        return !NameOf(field).empty() && PlaceOf<Record>(position, field, {}).missing == InputPart::none;
+        if (NameOf(field).empty())
+            return false;
+        if (fromIni_)
+            return source_.Source().ini.Text().HasKey(
+                std::string(RecordNames<Record>::iniPrefix) + std::to_string(position + 1), field.iniKey);
+        return PlaceOf<Record>(position, field, {}).missing == InputPart::none;
     }
 
     // Whether an INI file does not have the record at all, or is not there itself.

@@ -14,6 +14,8 @@ void TellIniRecords(const std::vector<Record>& records, const CCatalog* catalog,
                     FindingSink& findings) {
     for (std::size_t i = 0; i < records.size(); ++i) {
         const std::string section = std::string(RecordNames<Record>::iniPrefix) + std::to_string(i + 1);
+        if (ini.IsPlain(section))
+            continue;
         const IniReading::Title title = [&records, i] { return RecordTitle(records[i], i); };
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.iniKey.empty())
@@ -43,7 +45,7 @@ void TellIniRecords(const std::vector<Record>& records, const CCatalog* catalog,
 
 void CTemplate::TellReadings(Readings& readings) const {
     if (!iniFile.empty())
-        TellIniReadings(readings.Ini(iniFile), readings.Findings());
+        TellIniReadings(readings.Ini(iniFile, loadedIni_), readings.Findings());
     else if (loadedNode_)
         TellXmlReadings(readings.Xml(loadedNode_), readings.Findings());
     TellTexts(readings.Findings());

@@ -207,7 +207,8 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
             return;
         }
         const std::int32_t given = std::exchange(nv.length, catalog->types.SelectedTypeSize());
-        if (findings.WantsWarnings() && given != nv.length)
+        // What an INI section lacks is no other value.
+        if (findings.WantsWarnings() && given != nv.length && given != -1)
             TellOverruled(nv, position, &CNv::length, nv.length, "standard type", findings);
     }
     if (nv.length >= 1 && nv.length <= kLongestNv)
@@ -224,7 +225,11 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
                   "its type \"" + Excerpt(typed) + "\" is not a number and reads as 0, a user type",
                   NumberOfType(*catalog, typed))});
     else
-        fail(eQVXIFerr_nvlength, &CNv::length, Range(1, kLongestNv, " bytes"));
+        fail(eQVXIFerr_nvlength, &CNv::length,
+             {.values = Range(1, kLongestNv, " bytes").values,
+              .sentence = places.Has(position, &CNv::typeIndex)
+                              ? ""
+                              : "the variable has no type, so it counts as one of a user type"});
 }
 
 // A value that is not the one that counts, when it is a number at all; one that is none was told.

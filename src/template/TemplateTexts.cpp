@@ -99,9 +99,9 @@ void CTemplate::TellTexts(FindingSink& findings) const {
     for (std::size_t i = 0; i < cps.size(); ++i) {
         const std::string& declaration = cps[i].declaration;
         // A line break in it was told.
-        if (declaration.find_first_of("\r\n") != std::string::npos || !IsTaken(cps[i]))
+        if (declaration.find_first_of("\r\n") != std::string::npos)
             continue;
-        if (std::string oddity = OddityOfDeclaration(declaration); !oddity.empty())
+        if (std::string oddity = OddityOfDeclaration(declaration); !oddity.empty() && IsTaken(cps[i]))
             findings.Take(places.Warn(Warning::oddDeclaration, cps[i], i, &CCp::declaration,
                                       "the declaration is not what it seems: " + oddity));
     }

@@ -40,7 +40,9 @@ TEST(Check, EverySlipInAProfileIsFound) {
         ProfileXif("200 0\r\n", "200  0\r\n", "8:22 not-a-number"),
         ProfileXif("78125 0 0 0", "78125\t0 0 0 0", "9:1 not-a-number"),
         ProfileIni("firmware=7", "firmware=&H07", "34:10 not-a-number"),
-        ProfileIni("[Line7]", "[Line 7]", "29:1 typeneuron; 29:1 ignored-section"),
+        ProfileIni("[Line7]", "[Line 7]", "29:1 typeneuron"),
+        ProfileIni("domains=2", "domain=2", "6:1 domainnumber"),
+        ProfileXml("<ADDRESSES>15</ADDRESSES>", "<ADRESSES>15</ADRESSES>", "7:5 ignored-element"),
     };
     ExpectFindings(slips);
 }
@@ -48,6 +50,14 @@ TEST(Check, EverySlipInAProfileIsFound) {
 TEST(Check, AProfileThatIsNotThereIsOneFinding) {
     const Slip none = {"profile.ini", "", "", "", Form::ini, {"--iniProfileFile", "none.ini"}};
     EXPECT_EQ(SlipCheck(none).Findings("none.ini"), "0:0 domainnumber");
+}
+
+TEST(Check, AProfileInTheTemplatesFileIsNotReadWithoutXif) {
+    const Slip slip = {"template.ini",    "[general]\n", "[Line6]\ndomains=two\nnote\n[general]\nnote=1\n",
+                       "9:1 ignored-key", Form::ini,     {"--mustGenerateXif", "false"}};
+    SlipCheck check(slip);
+    check.AddFile("--iniProfileFile", slip.file);
+    EXPECT_EQ(check.Findings(slip.file), slip.findings);
 }
 
 TEST(Check, NumbersThatPeopleMeanAreNamed) {

@@ -47,6 +47,9 @@ class SlipCheck {
         Add(slip.more);
     }
 
+    // An option that names a file of the example.
+    void AddFile(const char* option, const char* file) { Add({option, scratch_.Path(file)}); }
+
     // All findings as "LINE:COLUMN NAME; ...", those of other files with the name of the file in front.
     std::string Findings(const std::string& file) {
         const Json answer = Run();
