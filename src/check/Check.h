@@ -37,12 +37,15 @@ struct CheckOptions {
 // Keeps what it is told, in order.
 class FindingList : public FindingSink {
   public:
+    explicit FindingList(bool wantsWeak = false) : wantsWeak_(wantsWeak) {}
     void Take(Finding finding) override { findings_.push_back(std::move(finding)); }
     bool WantsWarnings() const override { return true; }
+    bool WantsWeak() const override { return wantsWeak_; }
     // All that was told since the last call.
     std::vector<Finding> TakeAll() { return std::move(findings_); }
 
   private:
+    bool wantsWeak_;
     std::vector<Finding> findings_;
 };
 

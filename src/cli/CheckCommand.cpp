@@ -45,7 +45,7 @@ std::string Count(std::size_t count, const std::string& what) {
 int RunCheck(const std::vector<Setting>& settings, const CheckWishes& wishes, OutputFormat format,
              Streams streams) {
     Tovarek component;
-    FindingList findings;
+    FindingList findings(wishes.options.isPedantic);
     std::vector<SetProperty> set;
     bool inColor = false;
     try {

@@ -10,6 +10,7 @@
 #include "base/Numbers.h"
 #include "base/Path.h"
 #include "base/Text.h"
+#include "contradictions/Contradictions.h"
 #include "support/TextWriter.h"
 #include "system/Files.h"
 
@@ -117,11 +118,17 @@ class OnceSink : public FindingSink {
         told_;
 };
 
-// Tries out a run of the control.
+// Tries out a run of the control, and keeps what it describes.
 class Trial {
   public:
-    Trial(QVxTypes& control, TrialOutput* output) : control_(control) { control_.SetTrial(output); }
-    ~Trial() { control_.SetTrial(nullptr); }
+    Trial(QVxTypes& control, TrialOutput* output, std::vector<OwnTypes>* sets) : control_(control) {
+        control_.SetTrial(output);
+        control_.KeepSets(sets);
+    }
+    ~Trial() {
+        control_.SetTrial(nullptr);
+        control_.KeepSets(nullptr);
+    }
     Trial(const Trial&) = delete;
     Trial& operator=(const Trial&) = delete;
 
@@ -231,12 +238,13 @@ void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFil
     types.errorHandler = &step.errorHandler;
     types.catalog = &step.catalog;
     OnceSink once(run.findings);
+    MarkingSink loading(once);
     if (step.readings != nullptr)
         TellRootFolders(step, once);
     const auto inputsReason = [&](std::int32_t error, const ErrorContext& context) {
         return InputsReason(step, error, context);
     };
-    WithReason(once, inputsReason, [&](FindingSink& findings) {
+    WithReason(loading, inputsReason, [&](FindingSink& findings) {
         types.LoadTypes(step.formatFile, UserTypeFile(step.deviceTemplate, step.userTypeFilePath), findings,
                         step.readings);
     });
@@ -247,12 +255,15 @@ void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFil
                   "current one"
                 : "");
     };
-    const Trial trial(step.catalog.types, run.trial);
+    std::vector<OwnTypes> sets;
+    const Trial trial(step.catalog.types, run.trial, step.readings != nullptr ? &sets : nullptr);
     WithReason(once, folderReason, [&](FindingSink& findings) {
         TellingErrors(findings, [&] {
             WriteTypeFiles(types, step, {findings, run.writtenFiles, run.trial});
         });
     });
+    if (step.readings != nullptr)
+        TellTypeContradictions(types, sets, !loading.HasError(), once);
 }
 
 }  // namespace tovarek

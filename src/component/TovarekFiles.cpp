@@ -46,7 +46,7 @@ void Tovarek::TellOutputs(FindingSink& findings) const {
     std::vector<OutputPath> outputs;
     for (const JobFile& file : Files().outputs) {
         const bool isXif = file.role == "outputXIFfile";
-        outputs.push_back({file.path, isXif ? file.role : "typeFilesBaseName", file.role});
+        outputs.push_back({file.path, isXif ? file.role : "typeFilesBaseName", file.role, isXif});
     }
     TellOutputContradictions(outputs, findings);
 }

@@ -38,7 +38,8 @@ void TellDuplicates(const CTemplate& source, const std::vector<Record>& records,
             continue;
         const std::string kind(RecordNames<Record>::kind);
         const std::string name = '"' + Excerpt(records[i].name) + '"';
-        std::string reason = name + " is the name of " + kind + " " + std::to_string(first->second + 1);
+        std::string reason = name + " is the name of ";
+        reason.append(kind).append(" ").append(std::to_string(first->second + 1));
         reason.append(" as well; other programs find a ").append(kind);
         reason.append(" by its name: give each a name of its own");
         const ErrorContext other = AtName(source, Warning::duplicateName, records, first->second, "").context;

@@ -44,6 +44,11 @@ class OutputRules {
     void Tell(const OutputPath& output) {
         TellDevice(output.folderProperty, DeviceIn(FolderOf(output.path)));
         TellDevice(output.nameProperty, DeviceIn(NameOf(output.path)));
+        if (output.isXif && findings_.WantsWeak() && NameOf(output.path).find(' ') != std::string_view::npos)
+            findings_.Take({.context = {.field = output.nameProperty,
+                                        .reason = "the first line of the interface file holds its name, and "
+                                                  "some programs read it up to the blank: write it without"},
+                            .warning = Warning::blankInFileName});
         const std::string path = SystemPath(output.path);
         const auto [first, isNew] = firsts_.try_emplace(AsciiLowerCase(path), &output);
         const std::string other = SystemPath(first->second->path);

@@ -218,6 +218,9 @@ void QVxTypes::SetFileOpener(std::function<std::unique_ptr<FileSink>(const std::
 void QVxTypes::SetTrial(TrialOutput* trial) {
     impl_->creator.SetTrial(trial);
 }
+void QVxTypes::KeepSets(std::vector<OwnTypes>* sets) {
+    impl_->creator.KeepSets(sets);
+}
 void QVxTypes::SkipType(bool isUnvt) {
     if (impl_->creator.Editing(ResourceKind::type).Ok())
         impl_->creator.SkipType(isUnvt);

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "control/TypeElement.h"
 #include "formats/records/Outcome.h"
@@ -19,6 +20,7 @@
 namespace tovarek {
 
 class StandardCatalog;  // control/StandardCatalog.h
+struct OwnTypes;        // control/OwnTypes.h
 
 // One display format of a standard type. For a format with several parameters factor, offset and unit are
 // those of its first one. Displayed value = factor x scaled value + offset.
@@ -82,6 +84,9 @@ class QVxTypes {
     // From now on files are only tried out: what is written goes to `trial`, which also tells whether a
     // folder is there. It lives until the next call; null ends the trial.
     void SetTrial(TrialOutput* trial);
+    // From now on the types and texts of each set whose type file is saved are added to `sets`, in a trial
+    // too; null ends that.
+    void KeepSets(std::vector<OwnTypes>* sets);
     // In a trial a refused type does not hold up those behind it: it is dropped and its number counts as
     // used.
     void SkipType(bool isUnvt);

@@ -51,6 +51,7 @@ ResourceCreator::ResourceCreator()
 std::int32_t ResourceCreator::BeginSet() {
     file_.reset();
     builder_ = {};
+    texts_ = {};
     scope_ = -1;
     handle_ = handle_ == 0x7FFFFFFF ? 1 : handle_ + 1;
     return handle_;
@@ -341,6 +342,13 @@ Outcome ResourceCreator::WriteOut(const std::string& bytes) {
     }
 }
 
+void ResourceCreator::KeepFile() {
+    if (file_->kind == ResourceKind::language)
+        texts_ = std::move(file_->language);
+    else if (file_->kind == ResourceKind::type)
+        sets_->push_back({std::move(file_->types), std::move(texts_)});
+}
+
 Outcome ResourceCreator::Save() {
     if (!file_)
         return Failure(resultFileIsNotOpened, "no resource file is open");
@@ -352,6 +360,8 @@ Outcome ResourceCreator::Save() {
         outcome = Bytes(bytes);
     if (outcome.Ok())
         outcome = WriteOut(bytes);
+    if (outcome.Ok() && sets_ != nullptr)
+        KeepFile();
     file_.reset();
     builder_ = {};
     return outcome;

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "control/OwnTypes.h"
 #include "control/TypeBuilder.h"
 #include "formats/language/LanguageFile.h"
 #include "formats/profile/ProfileFile.h"
@@ -48,6 +49,9 @@ class ResourceCreator {
 
     // From now on it is only tried whether files could be written; null for files again.
     void SetTrial(TrialOutput* trial) { trial_ = trial; }
+
+    // Where the contents of sets go when they are saved; null for nowhere.
+    void KeepSets(std::vector<OwnTypes>* sets) { sets_ = sets; }
 
     // Begins a new set: an unsaved file of an earlier one, left by a failure, is forgotten, and so is the
     // scope.
@@ -95,11 +99,14 @@ class ResourceCreator {
     ResourceHeader HeaderOf(const CreationRequest& request) const;
     Outcome CheckRegistration(std::int32_t number, std::size_t registered) const;
     Outcome Bytes(std::string& bytes) const;
+    void KeepFile();
     Outcome WriteOut(const std::string& bytes);
 
     std::shared_ptr<const Clock> clock_;
     std::function<std::unique_ptr<FileSink>(const std::string&)> opener_;
     TrialOutput* trial_ = nullptr;
+    std::vector<OwnTypes>* sets_ = nullptr;
+    LanguageFile texts_;  // of the set, until its types are saved
     std::int32_t handle_ = 0;
     std::int32_t scope_ = -1;  // none chosen
     std::unique_ptr<OpenFile> file_;

@@ -62,6 +62,8 @@ class FindingSink {
 
     // Whether warnings are wanted; looking for them takes time.
     virtual bool WantsWarnings() const { return false; }
+    // Whether weak ones are wanted; what stands between who tells them and the sink of a job need not know.
+    virtual bool WantsWeak() const { return false; }
     // Whether Take raises errors: they gather their context on their way out then.
     virtual bool Raises() const { return false; }
 };

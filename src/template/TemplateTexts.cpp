@@ -39,6 +39,10 @@ void TellText(const std::string& text, const Warn& warn, FindingSink& findings) 
                            "the text has a line break, but stands on one line of the interface file: other "
                            "programs refuse the file; write it without"));
     const std::string_view lost = LostCharacter(text);
+    if (lost.empty() && findings.WantsWeak() && !IsAscii(text))
+        findings.Take(warn(Warning::eightBitText,
+                           "the text has a character above 7F, and many programs take the interface file for "
+                           "UTF-8: write \\xHH, its byte in the code page windows-1252"));
     if (lost.empty())
         return;
     Finding finding =

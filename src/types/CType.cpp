@@ -49,14 +49,19 @@ int CType::LineOf(std::string_view child) const {
     return PlaceOf(child, {}).line;
 }
 
+const ElementLines::Child* CType::ChildOf(std::string_view child) const {
+    if (!lines)
+        return nullptr;
+    const auto last = std::find_if(lines->children.rbegin(), lines->children.rend(),
+                                   [&](const ElementLines::Child& other) { return other.name == child; });
+    return last == lines->children.rend() ? nullptr : &*last;
+}
+
 ErrorContext CType::PlaceOf(std::string_view child, std::string read) const {
     ErrorContext found{
         .field = std::string(child), .value = std::move(read), .line = lines ? lines->element : 0};
-    if (!lines)
-        return found;
-    const auto last = std::find_if(lines->children.rbegin(), lines->children.rend(),
-                                   [&](const ElementLines::Child& other) { return other.name == child; });
-    if (last == lines->children.rend())
+    const ElementLines::Child* const last = ChildOf(child);
+    if (last == nullptr)
         return found;
     found.line = last->line;
     if (!last->typed.empty()) {

@@ -71,7 +71,8 @@ struct ElementLines {
     struct Child {
         std::string_view name;  // in capitals
         int line = 0;
-        std::string typed;  // of a number, where it is not written as it is read
+        std::string typed{};      // of a number, where it is not written as it is read
+        std::int32_t number = 0;  // of a whole number, as it is read
     };
     int element = 0;
     std::vector<Child> children;
@@ -129,6 +130,8 @@ class CType {
     // The line of the last child called `child`, in capitals, of the type element, or of the element itself
     // where it has none such; 0 = unknown.
     int LineOf(std::string_view child = {}) const;
+    // That child, of several the last one; null where it has none such.
+    const ElementLines::Child* ChildOf(std::string_view child) const;
     // The place and the value of a number that the child sets, with what it was read as.
     ErrorContext PlaceOf(std::string_view child, std::string read) const;
 

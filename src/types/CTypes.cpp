@@ -41,6 +41,20 @@ void TellDropped(const CType& type, FindingSink& findings) {
                    .warning = Warning::ignoredElement});
 }
 
+// A property type of the user type file whose number is taken.
+void TellRepeated(const TypeRequest& request, const CType& first, FindingSink& findings) {
+    Finding finding{.context = request.inputPlace(TypeInput::number), .warning = Warning::duplicateType};
+    finding.context.reason = "type " + std::to_string(request.typeNumber) + " of scope " +
+                             std::to_string(request.scope) +
+                             " stands in the file already; only the first one is written: give this one "
+                             "another number";
+    if (first.inputPlace) {
+        const ErrorContext other = (*first.inputPlace)(TypeInput::number);
+        finding.notes.push_back({other.file, other.line, "the first one"});
+    }
+    findings.Take(std::move(finding));
+}
+
 std::string Key(std::int32_t scope, std::int32_t indexInScope) {
     return std::to_string(scope) + '_' + std::to_string(indexInScope);
 }
@@ -125,8 +139,12 @@ void CTypes::AddTemplateTypes(FormatDefinitions* definitions, FindingSink& findi
 
 void CTypes::AddType(FormatDefinitions* definitions, const TypeRequest& request, FindingSink& findings) {
     // The first definition of a property type wins.
-    if (!request.isUnvt && FindType(false, request.typeNumber, request.scope) != nullptr)
+    if (const CType* const first =
+            request.isUnvt ? nullptr : FindType(false, request.typeNumber, request.scope)) {
+        if (request.fromUserTypeFile && findings.WantsWarnings())
+            TellRepeated(request, *first, findings);
         return;
+    }
     const TypeDefinition* definition = nullptr;
     // Only a network-variable type of the template may choose its scope.
     TellingErrors(findings, [&] {

@@ -243,7 +243,7 @@ void DefinitionReader::ReadChild(const XmlNode& node) {
     const std::string name = UpperCase(node.Name());
     for (const ChildRule& rule : kChildRules) {
         if (rule.name == name) {
-            Top().lines->children.push_back({rule.name, node.Line(), {}});
+            Top().lines->children.push_back({rule.name, node.Line()});
             std::visit([&](auto target) { ReadInto(target, node); }, rule.target);
             return;
         }
@@ -254,6 +254,7 @@ void DefinitionReader::ReadInto(std::int32_t CType::*field, const XmlNode& node)
     if (Record() != nullptr)
         Record()->Integer(node, ChildName());
     Content().*field = Integer(node);
+    Top().lines->children.back().number = Content().*field;
     KeepTyped(node);
 }
 void DefinitionReader::ReadInto(std::string CType::*field, const XmlNode& node) {

@@ -75,6 +75,9 @@ void FormatDefinitions::TellUnused() {
                                             "<" + child.Name() + "> stands in line " +
                                                 std::to_string(first.Line()) +
                                                 " already; only that one is read"));
+        else if (table_.warnings->WantsWeak())
+            table_.warnings->Take(AtElement(Warning::unusedType, child,
+                                            "no type of this job is made of <" + child.Name() + ">"));
         table_.reading->Skip(child);
     }
 }

@@ -43,7 +43,7 @@ class Decoder {
             case ValueShape::real:
                 return Real(shown, at, path);
             case ValueShape::enumeration:
-                return Enumerator(*shown.type, at);
+                return Enumerator(*shown.type, at, path);
             case ValueShape::text:
                 return Text(shown, at);
             case ValueShape::bytes:
@@ -64,16 +64,17 @@ class Decoder {
         const TypeDescription& type = *shown.type;
         const std::int64_t raw = ReadRaw(bytes_, at, type);
         if (type.invalid && raw == *type.invalid)
-            return {.kind = Kind::word, .text = "invalid"};
+            return {.kind = Kind::word, .text = "invalid", .isInvalid = true};
         const std::optional<std::string> text = ScaledText(raw, type);
         const std::string unit = UnitText(shown.unit, names_);
         const bool isInside = raw >= type.minimum && raw <= type.maximum;
         if (isInside && text)
             return {.kind = Kind::number, .unit = unit, .text = *text};
+        DecodedValue value{.kind = Kind::word, .text = "raw:" + std::to_string(raw)};
         if (!isInside)
-            Note(path, "raw " + std::to_string(raw) + (text ? " (" + *text + ")" : "") + " is outside of " +
-                           LimitsText(type, unit));
-        return {.kind = Kind::word, .text = "raw:" + std::to_string(raw)};
+            value.fault = Note(path, "raw " + std::to_string(raw) + (text ? " (" + *text + ")" : "") +
+                                         " is outside of " + LimitsText(type, unit));
+        return value;
     }
 
     DecodedValue Real(const ShownType& shown, std::size_t at, const std::string& path) {
@@ -82,18 +83,19 @@ class Decoder {
             static_cast<std::uint32_t>(ReadRaw(bytes_, at, NumberOfKind(TypeKind::unsignedQuad)));
         const auto number = std::bit_cast<float>(bits);
         if (type.floatInvalid && bits == std::bit_cast<std::uint32_t>(*type.floatInvalid))
-            return {.kind = Kind::word, .text = "invalid"};
+            return {.kind = Kind::word, .text = "invalid", .isInvalid = true};
         if (number >= type.floatMinimum && number <= type.floatMaximum && std::isfinite(number))
             return {.kind = Kind::number, .unit = UnitText(shown.unit, names_), .text = RealText(number)};
-        Note(path, RealText(number) + " is outside of " + RealText(type.floatMinimum) + " to " +
-                       RealText(type.floatMaximum));
-        std::string text = "raw:0x";
-        AppendHex(text, bits, 8);
-        return {.kind = Kind::word, .text = std::move(text)};
+        DecodedValue value{.kind = Kind::word, .text = "raw:0x"};
+        value.fault = Note(path, RealText(number) + " is outside of " + RealText(type.floatMinimum) + " to " +
+                                     RealText(type.floatMaximum));
+        AppendHex(value.text, bits, 8);
+        return value;
     }
 
-    DecodedValue Enumerator(const TypeDescription& type, std::size_t at) {
+    DecodedValue Enumerator(const TypeDescription& type, std::size_t at, const std::string& path) {
         const std::int64_t raw = ReadRaw(bytes_, at, type);
+        DecodedValue unnamed{.kind = Kind::word, .text = "raw:" + std::to_string(raw)};
         if (const Enumeration* set = names_.EnumerationSet(type.target)) {
             const auto& values = set->values;
             const auto named =
@@ -104,8 +106,12 @@ class Decoder {
                 std::none_of(values.begin(), named,
                              [&](const EnumerationValue& value) { return value.name == named->name; }))
                 return {.kind = Kind::word, .text = named->name};
+            // The standard sets grow.
+            if (named == values.end() && type.target.scope != 0)
+                unnamed.fault =
+                    path + (path.empty() ? "" : ": ") + std::to_string(raw) + " is no value of " + set->name;
         }
-        return {.kind = Kind::word, .text = "raw:" + std::to_string(raw)};
+        return unnamed;
     }
 
     DecodedValue Text(const ShownType& shown, std::size_t at) {
@@ -135,7 +141,7 @@ class Decoder {
     }
 
     DecodedValue Structure(const ShownType& shown, std::size_t at, const std::string& path, int depth) {
-        DecodedValue structure{.kind = Kind::structure};
+        DecodedValue structure{.kind = Kind::structure, .isUnion = shown.shape == ValueShape::oneOf};
         const TypeDescription& type = *shown.type;
         const std::vector<std::string> keys = MemberKeys(type);
         values_ += keys.size();
@@ -171,10 +177,12 @@ class Decoder {
         return Excerpt(list);
     }
 
-    void Note(const std::string& path, const std::string& sentence) {
+    std::string Note(const std::string& path, const std::string& sentence) {
         constexpr std::size_t kMostNotes = 100;
+        std::string note = path.empty() ? sentence : path + ": " + sentence;
         if (notes_.size() < kMostNotes)
-            notes_.push_back(path.empty() ? sentence : path + ": " + sentence);
+            notes_.push_back(note);
+        return note;
     }
 
     std::string_view bytes_;

@@ -44,6 +44,10 @@ struct DecodedValue {
     std::string text;   // of a number or word, as it is written; of a text, its characters
     std::string bytes;  // of a text
     std::vector<DecodedValue> children;
+    bool isInvalid = false;  // what the type sets apart as no value
+    bool isUnion = false;    // one of several members that share the bytes
+    // Why the bytes are none of the values that the type allows, with the path of the member.
+    std::string fault;
 };
 
 // Code 16: not as many bytes as the type has. `notes` gets a sentence for each number outside its limits,

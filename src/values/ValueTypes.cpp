@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "control/ResourceSet.h"
+#include "formats/language/LanguageFile.h"
 #include "formats/records/ResourceKinds.h"
 #include "support/CErrorHandler.h"
 #include "system/Files.h"

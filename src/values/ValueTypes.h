@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "formats/language/LanguageFile.h"
+#include "control/OwnTypes.h"
 #include "types/catalog/CCatalog.h"
 #include "values/ValueText.h"
 
@@ -33,12 +33,6 @@ inline constexpr std::array<InheritingType, 22> kInheritingTypes = {{
 ValueType ValueTypeOf(const std::string& name, const NvType& type);
 // A property type may have narrower limits than the type that it refers to.
 ValueType ValueTypeOf(const std::string& name, const CpType& type, const ResourceNames& names);
-
-// A type as a type file holds it, with the texts of its units.
-struct OwnTypes {
-    TypeFile types;
-    LanguageFile texts;
-};
 
 // Reads a type file and, where it lies beside it, its language file. Raises the file errors and those of the
 // control's codes of ReadTypeFile.

@@ -25,7 +25,7 @@ std::string Told(const std::vector<Finding>& findings) {
 // The type element `number`; each stands in a line of its own, 300 in line 2.
 std::string Element(int number, const std::string& content) {
     const std::string name = "SNVT_" + std::to_string(number);
-    return "\n<" + name + "><NAME>n</NAME>" + content + "</" + name + ">";
+    return "\n<" + name + "><NAME>n" + std::to_string(number) + "</NAME>" + content + "</" + name + ">";
 }
 std::string Byte(const std::string& more) {
     return "<TYPE>USER</TYPE><LENGTH>1</LENGTH>" + more;
