@@ -5,7 +5,7 @@ namespace {
 
 constexpr InterfaceRuleRow kInterfaceRules[] = {
 #define TOVAREK_INTERFACE_RULE(rule, name, effect, meaning, why) \
-    {InterfaceRule::rule, name, ChangeEffect::effect, meaning, why},
+    {InterfaceRule::rule, ChangeEffect::effect, name, meaning, why},
 #include "compare/InterfaceRules.inc"
 #undef TOVAREK_INTERFACE_RULE
 };

@@ -17,8 +17,8 @@ enum class InterfaceRule : std::uint8_t {
 
 struct InterfaceRuleRow {
     InterfaceRule rule;
-    std::string_view name;
     ChangeEffect effect;
+    std::string_view name;
     std::string_view meaning;
     std::string_view why;  // what network tools make of it
 
