@@ -5,6 +5,7 @@
 
 #include "base/Nearest.h"
 #include "base/Text.h"
+#include "check/SourceLines.h"
 #include "check/WarningNames.h"
 #include "support/IniText.h"
 #include "system/Files.h"
@@ -36,14 +37,10 @@ std::vector<std::string_view> NamesIn(std::string_view comment) {
 
 // Most files have no such comment; that is seen before anything is parsed.
 bool MayHaveMarks(const std::string& bytes) {
-    const bool isUtf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-    return isUtf16 || bytes.find(kProgram) != std::string::npos;
-}
-
-bool IsXml(const std::string& bytes) {
-    // Marks and NUL bytes stand beside the "<" of other encodings.
-    const std::size_t first = bytes.find_first_not_of(std::string_view(" \t\r\n\xEF\xBB\xBF\xFE\xFF\0", 10));
-    return first != std::string::npos && bytes[first] == '<';
+    // Of two bytes a character, with a mark or a NUL in front, a name is not seen like this.
+    const bool isWide = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
+                        std::string_view(bytes).substr(0, 2).find('\0') != std::string_view::npos;
+    return isWide || bytes.find(kProgram) != std::string::npos;
 }
 
 std::string KeyOf(const std::string& file, std::string_view name) {
@@ -71,7 +68,7 @@ MeantFindings::MeantFindings(const std::vector<std::string>& inputs, const std::
             const std::string bytes = ReadFile(file);
             if (!MayHaveMarks(bytes))
                 continue;
-            if (IsXml(bytes)) {
+            if (LooksLikeXml(bytes)) {
                 for (XmlNode node = XmlDocument(file).FirstNode(); node; node = node.NextSibling())
                     if (node.IsElement())
                         ReadXml(node, kEnd, marks);

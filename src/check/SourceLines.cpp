@@ -11,19 +11,9 @@
 namespace tovarek {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
 bool LooksLikeJson(const std::string& bytes) {
     const std::size_t first = bytes.find_first_not_of(kWhiteSpace);
     return first != std::string::npos && bytes[first] == '{';
-}
-
-bool LooksLikeXml(std::string_view bytes) {
-    if (bytes.starts_with(kUtf8Mark))
-        bytes.remove_prefix(kUtf8Mark.size());
-    // In UTF-16 a NUL stands beside the "<".
-    const std::size_t first = bytes.find_first_not_of(" \t\r\n\xFE\xFF\0");
-    return first != std::string_view::npos && bytes[first] == '<';
 }
 
 LinePlace Piece(std::string_view line, std::size_t start, std::size_t size) {
@@ -90,6 +80,12 @@ LinePlace JsonPlace(std::string_view line, const Finding& finding) {
 }
 
 }  // namespace
+
+bool LooksLikeXml(std::string_view bytes) {
+    using namespace std::string_view_literals;
+    const std::size_t first = bytes.find_first_not_of(" \t\r\n\xEF\xBB\xBF\xFE\xFF\0"sv);
+    return first != std::string_view::npos && bytes[first] == '<';
+}
 
 const SourceLines::File& SourceLines::Read(const std::string& file) {
     const auto [place, isNew] = files_.try_emplace(file);

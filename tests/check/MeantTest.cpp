@@ -12,7 +12,7 @@ namespace {
 class Meant : public testing::Test {
   protected:
     Answer Run(const std::string& verb, const std::string& text, std::vector<std::string> more) {
-        const bool isXml = text.starts_with('<');
+        const bool isXml = text.substr(0, 2).find('<') != std::string::npos;
         const std::string path = scratch_.File(isXml ? "t.xml" : "t.ini", text);
         std::vector<std::string> arguments = {
             verb,   "--catalogDir",        TOVAREK_CATALOG, isXml ? "--xmlTemplateFile" : "--iniTemplateFile",
@@ -70,6 +70,11 @@ TEST_F(Meant, CommentsCountForWhatFollowsThem) {
         EXPECT_EQ(Findings(row.text), row.findings) << row.text;
     // With another encoding the comment is found as well.
     EXPECT_EQ(Findings("\xFF\xFE" + ToUtf16(head + "; tovarek: ignore ignored-key\na=1\n", false)), "");
+    const std::string xml = xmlHead +
+                            "<!-- tovarek: ignore ignored-element --><B/><MAXIMUMNUMBEROFNVS>x<"
+                            "/MAXIMUMNUMBEROFNVS></D>";
+    for (const bool bigEndian : {false, true})
+        EXPECT_EQ(Run("check", ToUtf16(xml, bigEndian), {}).out, Run("check", xml, {}).out);
 }
 
 TEST_F(Meant, OptionsThatLeaveNothingOutAreTold) {
