@@ -114,6 +114,7 @@ TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {
         {{"--localeID", "2147483648"}, "whole number"},
         {{"--localeID"}, "option '--localeID' needs a value"},
         {{"--format", "xml"}, "give --format text or --format json"},
+        {{"--no-warnings=1"}, "option '--no-warnings' takes no value"},
         {{"--quiet"}, "there is no option '--quiet' for 'tovarek generate'\n"},
         {{"--iniProfilFile", "x"}, "did you mean '--iniProfileFile'?"},
         {{"--job", "missing.json"}, "missing.json"},
@@ -264,6 +265,8 @@ TEST_F(CommandLine, WrongUseLeadsToTheHelpOfItsCommand) {
         {{"generate", "--job", scratch_.Path("none.json")}, "none.json': No such file or directory\n"},
         {{"catalog", "show"}, "\nTry 'tovarek catalog show --help'.\n"},
         {{"errors", "nothing"}, "\nTry 'tovarek errors --help'.\n"},
+        {{"dump", "a", "--catalogDir", "b", "--catalogDir", "c"},
+         "tovarek: option '--catalogDir' is given more than once\nTry 'tovarek dump --help'.\n"},
         {{"dump"}, "\nTry 'tovarek dump --help'.\n"}};
     for (const auto& [arguments, end] : rows) {
         const Answer run = Call(arguments);

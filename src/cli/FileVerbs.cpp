@@ -1,0 +1,97 @@
+// The verbs that take a device's files.
+#include "cli/ConvertCommand.h"
+#include "cli/InspectCommands.h"
+#include "cli/InterfaceDiffCommand.h"
+#include "cli/Verbs.h"
+
+namespace tovarek {
+namespace {
+
+int Dump(const Given& given, Streams streams) {
+    const std::string file = given.Text("FILE");
+    if (file.empty())
+        return ReportWrongUse("dump needs a file to show", given.format, streams);
+    return RunDump(file, {given.format, given.Has("--bytes"), given.Catalog()}, streams);
+}
+
+int Diff(const Given& given, Streams streams) {
+    const std::string a = given.Text("A");
+    const std::string b = given.Text("B");
+    const std::string known = given.Text("--known");
+    const bool ofInterface = given.Has("--interface");
+    const bool isKnown = ofInterface && !known.empty() && b.empty();
+    if (a.empty() || (b.empty() && !isKnown))
+        return ReportWrongUse("diff needs two files to compare", given.format, streams);
+    if (ofInterface)
+        return RunInterfaceDiff({isKnown ? "" : a, isKnown ? a : b, known, given.Catalog()}, given.format,
+                                streams);
+    if (given.format == OutputFormat::markdown || !known.empty())
+        return ReportWrongUse("--known and --format markdown belong to diff --interface", given.format,
+                              streams);
+    return RunDiff(a, b, given.format, streams);
+}
+
+int Convert(const Given& given, Streams streams) {
+    return RunConvert({.inputs = given.All("INPUT"),
+                       .profile = given.Text("--profile"),
+                       .deviceTemplate = given.Text("--template"),
+                       .formatFile = given.Text("--format-file"),
+                       .userTypes = given.Text("--user-types"),
+                       .job = given.Text("--job"),
+                       .fit = given.Text("--fit"),
+                       .sets = given.All("--set"),
+                       .isStrict = given.Has("--strict"),
+                       .place = given.Catalog()},
+                      given.format, streams);
+}
+
+}  // namespace
+
+std::vector<Verb> FileVerbs() {
+    return {
+        {"dump",
+         "FILE [--bytes]",
+         "show a resource, format, catalog or XIF file",
+         "",
+         "tovarek dump fan-coil.xif",
+         {{"--bytes", "", "every byte in file order; damaged files too"},
+          {"--catalogDir", "DIR", "the catalog that names of standard types come from"},
+          {"--catalogFile", "FILE", "its file name, ldrf.cat by default"}},
+         Dump},
+        {"diff",
+         "A B",
+         "compare the content of two such files",
+         "",
+         "tovarek diff --interface released.xif template.ini",
+         {{"--interface", "",
+           "may B ship under the program ID of A? Both are XIF files, templates\n"
+           "(.ini, .xml) or jobs (.json); exit status 1 when it may not"},
+          {"--known", "DIR",
+           "with it: folder of the XIF files that were released; without A the one with\n"
+           "B's program ID is compared, and the next free model number is named"},
+          {"--format", "markdown", "with it: a table for a review"},
+          {"--catalogDir", "DIR", "with it: folder of another catalog than the shipped one"},
+          {"--catalogFile", "FILE", "its file name, ldrf.cat by default"}},
+         Diff},
+        {"convert", "INPUT... [OPTIONS]",
+         "an XIF file, resource files, or a profile and a template, as other inputs",
+         "INPUT is an XIF file of any version, a file of a resource set (.typ, .enu, .fmt), or a profile or\n"
+         "template, .ini or .xml (FILE#ELEMENT where it is not the document element). Resource files go "
+         "alone "
+         "or\n"
+         "with an XIF file. What an output cannot hold is listed.",
+         "tovarek convert old.xif --profile profile.ini --template template.xml --job job.json",
+         Join({{"--profile", "FILE", "writes a profile, .ini or .xml"},
+               {"--template", "FILE", "writes a template, .ini or .xml"},
+               {"--format-file", "FILE", "writes the types of resource files, .xml"},
+               {"--user-types", "FILE", "writes a user type file of those of the scopes 1 to 5, .xml"},
+               {"--job", "FILE", "writes a job that generates with them"},
+               {"--fit", "4.0", "replaces values of later versions that XIF 4.0 does not know"},
+               {"--set", "FIELD=VALUE", "for it: a value of the profile, such as typeNeuron=0", true},
+               {"--strict", "", "exit status 1 when something is not held"}},
+              CatalogOptions()),
+         Convert},
+    };
+}
+
+}  // namespace tovarek
