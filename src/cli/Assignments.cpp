@@ -79,7 +79,7 @@ PropertyValue ValueOfText(const Property& property, const std::string& text) {
 }
 
 // What names an input in a job. The catalog's file name stands in the catalog's folder.
-constexpr std::string_view kInputs[] = {
+constexpr std::string_view kInputProperties[] = {
     "catalogDir",      "iniProfileFile",  "xmlProfileFile",  "xmlProfileNode",     "xifProfileFile",
     "iniTemplateFile", "xmlTemplateFile", "xmlTemplateNode", "typeFilesXMLFormat", "userTypeFilePath",
 };
@@ -91,7 +91,8 @@ bool Exists(const std::string& path) {
 // A job and its inputs are moved together, so inputs count from the job's folder. Outputs are the business of
 // whoever runs it and count from the current folder.
 std::string PathInJob(const std::string& job, const Property& property, const std::string& path) {
-    if (std::find(std::begin(kInputs), std::end(kInputs), property.name) == std::end(kInputs))
+    if (std::find(std::begin(kInputProperties), std::end(kInputProperties), property.name) ==
+        std::end(kInputProperties))
         return path;
     std::string beside = BesideFile(job, path);
     if (!Exists(beside) && Exists(path))

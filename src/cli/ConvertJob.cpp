@@ -1,5 +1,7 @@
 #include "cli/ConvertJob.h"
 
+#include <variant>
+
 #include "base/Path.h"
 #include "cli/Json.h"
 #include "cli/Locations.h"
@@ -24,6 +26,27 @@ void AddSource(Json& job, const ConvertedFiles& files, const std::string& path, 
         job[keys.node] = keys.element;
 }
 
+// Settings of the resource files that a job names as the properties that they are.
+struct SettingKey {
+    const char* key;
+    std::variant<std::string TypeFilesSettings::*, std::int32_t TypeFilesSettings::*> member;
+};
+constexpr SettingKey kSettings[] = {
+    {"typeFilesBaseName", &TypeFilesSettings::typeFilesBaseName},
+    {"creator", &TypeFilesSettings::creator},
+    {"creatorDescription", &TypeFilesSettings::creatorDescription},
+    {"phone", &TypeFilesSettings::phone},
+    {"email", &TypeFilesSettings::email},
+    {"webPage", &TypeFilesSettings::webPage},
+    {"localeID", &TypeFilesSettings::localeID},
+    {"langExtension", &TypeFilesSettings::langExtension},
+    {"typeFileDescription", &TypeFilesSettings::typeFileDescription},
+    {"langFileDescription", &TypeFilesSettings::langFileDescription},
+    {"fptFileDescription", &TypeFilesSettings::fptFileDescription},
+    {"majorVersion", &TypeFilesSettings::majorVersion},
+    {"minorVersion", &TypeFilesSettings::minorVersion},
+};
+
 void AddTypes(Json& job, const ConvertedFiles& files) {
     const TypeOutputs& types = *files.types;
     const TypeFilesSettings& settings = types.settings;
@@ -33,19 +56,8 @@ void AddTypes(Json& job, const ConvertedFiles& files) {
     job["createUnitsFromReference"] = types.takesUnits;
     // A folder of its own: the files that were converted may lie in the current one.
     job["typeFilesDirectory"] = "./" + std::string(StemOf(files.job)) + "-types";
-    job["typeFilesBaseName"] = settings.typeFilesBaseName;
-    job["creator"] = settings.creator;
-    job["creatorDescription"] = settings.creatorDescription;
-    job["phone"] = settings.phone;
-    job["email"] = settings.email;
-    job["webPage"] = settings.webPage;
-    job["localeID"] = settings.localeID;
-    job["langExtension"] = settings.langExtension;
-    job["typeFileDescription"] = settings.typeFileDescription;
-    job["langFileDescription"] = settings.langFileDescription;
-    job["fptFileDescription"] = settings.fptFileDescription;
-    job["majorVersion"] = settings.majorVersion;
-    job["minorVersion"] = settings.minorVersion;
+    for (const auto& [key, member] : kSettings)
+        std::visit([&job, &settings, name = key](auto pointer) { job[name] = settings.*pointer; }, member);
 }
 
 }  // namespace

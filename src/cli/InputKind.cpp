@@ -13,7 +13,7 @@ struct InputRow {
     std::string_view name;
     std::string_view option;
 };
-constexpr InputRow kInputs[] = {
+constexpr InputRow kInputMarks[] = {
     {'<', "<XIF_LINE", "an XML profile", "--xmlProfileFile"},
     {'<', "<NVS", "an XML template", "--xmlTemplateFile"},
     {'<', "<CPS", "an XML template", "--xmlTemplateFile"},
@@ -38,7 +38,7 @@ std::string InputHint(std::string_view bytes) {
     if (begin == std::string_view::npos)
         return {};
     const std::string upper = UpperCase(bytes);
-    for (const InputRow& row : kInputs)
+    for (const InputRow& row : kInputMarks)
         if ((row.first == '\0' || row.first == bytes[begin]) && upper.find(row.mark) != std::string::npos)
             return "this looks like " + std::string(row.name) + ", which 'tovarek generate " +
                    std::string(row.option) + "' takes; dump and diff take what generate writes";
