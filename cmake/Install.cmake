@@ -14,10 +14,13 @@ install(TARGETS tovarek EXPORT TovarekTargets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does.
+# Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does. Those of another platform
+# would not compile here.
+set(headers_of_windows "system/(Bstr|ComPtr|ModuleFile|Variant|Wide)\\.h$|xml/XmlHost\\.h$")
 get_property(folders GLOBAL PROPERTY TOVAREK_ROOM_FOLDERS)
 foreach(room IN LISTS folders)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.h ${PROJECT_SOURCE_DIR}/src/${room}/*.inc)
+  list(FILTER headers EXCLUDE REGEX "${headers_of_windows}")
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room})
 endforeach()
 
@@ -29,6 +32,11 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersio
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake ${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek)
+
+# For builds without CMake. It finds its folders from its own, so an installation may be moved.
+file(RELATIVE_PATH TOVAREK_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /.)
+configure_file(cmake/tovarek.pc.in ${PROJECT_BINARY_DIR}/cmake/tovarek.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/cmake/tovarek.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/catalog)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/examples)
