@@ -17,6 +17,7 @@ if(TOVAREK_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tovarek_settings INTERFACE -fsanitize=address,undefined)
 endif()
+include(cmake/Hardening.cmake)
 
 # Applies the settings to a target; everything but installed interfaces is covered.
 function(tovarek_settings target)

@@ -173,7 +173,7 @@ TEST_F(CommandLine, JsonIsJsonAlways) {
          {std::vector<std::string>{"generate", "--format=json", "--localeID"},
           {"generate", "--format", "json", "--localeID"}})
         EXPECT_EQ(nlohmann::json::parse(Call(arguments).out, nullptr, false).value("name", ""), "wrongUse");
-    EXPECT_EQ(nlohmann::json::parse(Call({"--version", "--format", "json"}).out)["version"], "1.0.6");
+    EXPECT_EQ(nlohmann::json::parse(Call({"--version", "--format", "json"}).out)["version"], TOVAREK_VERSION);
 }
 
 TEST_F(CommandLine, AFailedRunListsWhatItHadWritten) {
@@ -675,7 +675,7 @@ TEST_F(CommandLine, HelpFitsAScreen) {
         EXPECT_TRUE(Call(arguments).out.starts_with("tovarek " + verb[0] + " ")) << verb[0];
         EXPECT_EQ(Call(arguments).out.find("--PROPERTY"), std::string::npos);
     }
-    EXPECT_EQ(Call({"--version"}).out, "tovarek 1.0.6\n");
+    EXPECT_EQ(Call({"--version"}).out, "tovarek " TOVAREK_VERSION "\n");
 }
 
 }  // namespace

@@ -46,3 +46,17 @@ string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table.*" dump "${dump}")
 string(REGEX MATCHALL "Dll[^\n]*" exports "${dump}")
 require_equal("${exports}" "DllCanUnloadNow;DllGetClassObject;DllRegisterServer;DllUnregisterServer"
               "Exports of QVTovarek.dll")
+
+# ---- both programs: addresses at random, data that is not run ----
+set(characteristics DYNAMIC_BASE NX_COMPAT)
+if(PACKAGE MATCHES "64$")
+  list(APPEND characteristics HIGH_ENTROPY_VA)
+endif()
+foreach(program IN ITEMS QVTovarek.dll tovarek.exe)
+  execute_process(COMMAND ${OBJDUMP} -p -h ${PACKAGE_FOLDER}/${program} OUTPUT_VARIABLE dump)
+  foreach(sign IN LISTS characteristics ITEMS "\\.reloc ")
+    if(NOT dump MATCHES "${sign}")
+      message(FATAL_ERROR "${program} is not hardened: no ${sign}")
+    endif()
+  endforeach()
+endforeach()
