@@ -2,10 +2,15 @@
 #include "cli/ConvertCommand.h"
 #include "cli/InspectCommands.h"
 #include "cli/InterfaceDiffCommand.h"
+#include "cli/ShowCommand.h"
 #include "cli/Verbs.h"
 
 namespace tovarek {
 namespace {
+
+int Show(const Given& given, Streams streams) {
+    return RunShow({given.All("FILE"), given.Text("--as", "text"), given.Catalog()}, given.format, streams);
+}
 
 int Dump(const Given& given, Streams streams) {
     const std::string file = given.Text("FILE");
@@ -49,6 +54,14 @@ int Convert(const Given& given, Streams streams) {
 
 std::vector<Verb> FileVerbs() {
     return {
+        {"show", "FILE... [OPTIONS]", "a device for people: its objects, variables, properties and types",
+         "FILE is an XIF file, a job (.json), or a template, .ini or .xml (FILE#ELEMENT where it is not the\n"
+         "document element), with its profile. Files of the device's own resource sets may stand beside it; "
+         "a\n"
+         "set with the name of an XIF file in its folder is found.",
+         "tovarek show fan-coil.xif",
+         Join({{"--as", "FORM", "text, for the terminal, which is as wide as it is"}}, CatalogOptions()),
+         Show},
         {"dump",
          "FILE [--bytes]",
          "show a resource, format, catalog or XIF file",

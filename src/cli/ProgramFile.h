@@ -1,6 +1,7 @@
 // What the system tells of the running program.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace tovarek {
@@ -10,5 +11,8 @@ std::string ProgramFile();
 
 // Whether its standard output is a terminal.
 bool OutIsTerminal();
+
+// Characters of a line of that terminal; 0 when it does not tell.
+std::size_t TerminalWidth();
 
 }  // namespace tovarek

@@ -1,3 +1,4 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -15,6 +16,11 @@ std::string ProgramFile() {
 
 bool OutIsTerminal() {
     return isatty(STDOUT_FILENO) == 1;
+}
+
+std::size_t TerminalWidth() {
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 }  // namespace tovarek

@@ -16,4 +16,11 @@ bool OutIsTerminal() {
     return _isatty(_fileno(stdout)) != 0;
 }
 
+std::size_t TerminalWidth() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0)
+        return 0;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
 }  // namespace tovarek

@@ -6,16 +6,12 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "formats/xif/XifBuffers.h"
 #include "formats/xif/XifProperties.h"
 #include "profile/ProfileFields.h"
 
 namespace tovarek {
 namespace {
-
-// The 4-bit codes in which a file gives counts and sizes of buffers.
-constexpr std::array<int, 16> kBufferCounts = {0, 1, 1, 2, 3, 5, 7, 11, 15, 23, 31, 47, 63, 95, 127, 191};
-constexpr std::array<int, 16> kBufferSizes = {255, 20, 20, 21, 22, 24,  26,  30,
-                                              34,  42, 50, 66, 82, 114, 146, 210};
 
 constexpr std::array<std::string_view, 6> kElementTypes = {"character", "8-bit", "16-bit",
                                                            "bit field", "union", "typeless"};
@@ -40,7 +36,6 @@ constexpr std::array<AttributeRow, 9> kFlags = {{
 }};
 constexpr std::size_t kDirection = 3;
 constexpr std::size_t kService = 4;
-constexpr std::size_t kConfiguration = 12;
 
 constexpr std::int64_t kTemplateType = 2;
 
@@ -103,7 +98,7 @@ void AddDecoded(InspectNode& node, int line, int token, const std::string& name,
         *number >= 16)
         return;
     const auto code = static_cast<std::size_t>(*number);
-    node.Number(name + "Decoded", token < kFirstSize ? kBufferCounts.at(code) : kBufferSizes.at(code))
+    node.Number(name + "Decoded", token < kFirstSize ? kXifBufferCounts.at(code) : kXifBufferSizes.at(code))
         .derived = true;
 }
 
@@ -282,25 +277,16 @@ InspectNode SectionsNode(const XifFile& file, const ResourceNames& names) {
     return sections;
 }
 
-// The default values variable by variable. Their lines do not tell which is whose, only the bytes in order
-// do, and only when their number is that of all configuration variables together.
+// The default values variable by variable.
 void AddDefaults(InspectNode& node, const XifFile& file) {
     InspectNode defaults = InspectNode::List("variables");
-    std::string_view rest = file.values->bytes;
-    for (const XifVariable& variable : file.variables) {
-        if (variable.Attribute(kConfiguration) != 1)
-            continue;
-        const std::int64_t count = std::max<std::int64_t>(1, variable.Number(3).value_or(0));
-        if (count > 0xFFFF || count * variable.Size() > static_cast<std::int64_t>(rest.size()))
-            return;
-        const auto size = static_cast<std::size_t>(count * variable.Size());
-        InspectNode item = InspectNode::Object(variable.name);
-        item.Text("name", variable.name);
-        item.Text("bytes", HexText(rest.substr(0, size)));
+    for (const XifDefaultValue& value : XifDefaultValues(file)) {
+        InspectNode item = InspectNode::Object(value.variable->name);
+        item.Text("name", value.variable->name);
+        item.Text("bytes", HexText(value.bytes));
         defaults.Add(std::move(item));
-        rest.remove_prefix(size);
     }
-    if (!rest.empty() || defaults.children.empty())
+    if (defaults.children.empty())
         return;
     DeriveContent(node, "bytes");
     node.Add(std::move(defaults));

@@ -99,6 +99,14 @@ void AddRecords(std::string_view line, std::vector<XifProperty>& properties) {
     }
 }
 
+// The byte behind "\x"; 0 where there is none.
+unsigned FlagsOf(std::string_view flags) {
+    unsigned value = 0;
+    if (flags.starts_with("\\x"))
+        std::from_chars(flags.data() + 2, flags.data() + flags.size(), value, 16);
+    return value;
+}
+
 const XifSection* FirstSection(const XifFile& file, std::int64_t type, bool ofConstants) {
     for (const XifSection& section : file.sections)
         if (section.type == type &&
@@ -122,10 +130,12 @@ std::int64_t XifProperty::Bytes() const {
 
 bool XifProperty::IsConstant() const {
     constexpr unsigned kConstant = 0x04;
-    unsigned value = 0;
-    if (flags.starts_with("\\x"))
-        std::from_chars(flags.data() + 2, flags.data() + flags.size(), value, 16);
-    return (value & kConstant) != 0;
+    return (FlagsOf(flags) & kConstant) != 0;
+}
+
+bool XifProperty::IsMakersOnly() const {
+    constexpr unsigned kMakersOnly = 0x20;
+    return (FlagsOf(flags) & kMakersOnly) != 0;
 }
 
 XifPropertyTemplate ReadXifTemplate(const XifFile& file) {
@@ -161,6 +171,23 @@ std::vector<XifPropertyValue> XifPropertyValues(const XifFile& file, const XifSe
         rest.remove_prefix(static_cast<std::size_t>(size));
     }
     return rest.empty() ? values : std::vector<XifPropertyValue>();
+}
+
+std::vector<XifDefaultValue> XifDefaultValues(const XifFile& file) {
+    constexpr std::size_t kConfiguration = 12;
+    std::string_view rest = file.values ? std::string_view(file.values->bytes) : std::string_view();
+    std::vector<XifDefaultValue> values;
+    for (const XifVariable& variable : file.variables) {
+        if (variable.Attribute(kConfiguration) != 1)
+            continue;
+        const std::int64_t count = std::max<std::int64_t>(1, variable.Number(3).value_or(0));
+        if (count > 0xFFFF || count * variable.Size() > static_cast<std::int64_t>(rest.size()))
+            return {};
+        const auto size = static_cast<std::size_t>(count * variable.Size());
+        values.push_back({&variable, rest.substr(0, size)});
+        rest.remove_prefix(size);
+    }
+    return rest.empty() ? values : std::vector<XifDefaultValue>();
 }
 
 }  // namespace tovarek

@@ -31,6 +31,8 @@ struct XifProperty {
     std::int64_t Bytes() const;
     // A value that nothing changes; such ones may lie in a file of their own.
     bool IsConstant() const;
+    // One that tools of other makers leave alone.
+    bool IsMakersOnly() const;
 };
 
 struct XifPropertyTemplate {
@@ -50,5 +52,14 @@ struct XifPropertyValue {
 };
 std::vector<XifPropertyValue> XifPropertyValues(const XifFile& file, const XifSection& section,
                                                 const std::vector<XifProperty>& properties);
+
+// The default value of each configuration variable; all elements of an array one after the other. The lines
+// of NVVAL do not tell which is whose, only the bytes in order do: empty when their number is not that of all
+// configuration variables together.
+struct XifDefaultValue {
+    const XifVariable* variable = nullptr;
+    std::string_view bytes;
+};
+std::vector<XifDefaultValue> XifDefaultValues(const XifFile& file);
 
 }  // namespace tovarek

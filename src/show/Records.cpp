@@ -1,0 +1,234 @@
+#include "show/Records.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "formats/xif/XifProperties.h"
+
+namespace tovarek {
+namespace {
+
+// Places on the second line of a variable.
+constexpr std::size_t kDirection = 3;
+constexpr std::size_t kService = 4;
+constexpr std::size_t kConfiguration = 12;
+constexpr std::array<std::string_view, 3> kServices = {"acknowledged", "repeated", "unacknowledged"};
+
+// Flags that are told where they are not the usual ones.
+struct FlagRow {
+    std::size_t place;
+    std::int64_t unusual;
+    std::string_view text;
+};
+constexpr std::array<FlagRow, 9> kFlags = {{{0, 1, "offline for updates"},
+                                            {6, 1, "authenticated"},
+                                            {8, 1, "priority"},
+                                            {10, 1, "polled"},
+                                            {11, 1, "synchronized"},
+                                            {12, 1, "configuration"},
+                                            {5, 0, "service fixed"},
+                                            {7, 0, "authentication fixed"},
+                                            {9, 0, "priority fixed"}}};
+
+void Append(std::string& list, const std::string& text, std::string_view separator = ", ") {
+    if (!text.empty())
+        list += (list.empty() ? "" : std::string(separator)) + text;
+}
+
+// "about 0.5 messages/s": a code n stands for 2^(n/8) - 5.
+std::string RateText(std::string_view what, const XifNumber& code) {
+    constexpr std::int64_t kLargestCode = 250;
+    constexpr double kStep = 8;
+    if (code == 0)
+        return {};
+    const std::string number = code ? std::to_string(*code) : "default";
+    if (!code || *code < 0 || *code > kLargestCode)
+        return std::string(what) + " rate " + number;
+    const double rate = std::exp2(static_cast<double>(*code) / kStep) - 5;
+    return std::string(what) + " rate " + number +
+           (rate > 0 ? " (" + std::to_string(std::lround(rate)) + "/s)" : "");
+}
+
+std::string NotesOf(const XifVariable& variable) {
+    std::string notes;
+    const std::int64_t service = variable.Attribute(kService).value_or(-1);
+    if (service > 0 && service < static_cast<std::int64_t>(kServices.size()))
+        Append(notes, std::string(kServices.at(static_cast<std::size_t>(service))));
+    for (const FlagRow& row : kFlags)
+        if (variable.Attribute(row.place) == row.unusual)
+            Append(notes, std::string(row.text));
+    Append(notes, RateText("average", variable.Number(1)));
+    Append(notes, RateText("maximum", variable.Number(2)));
+    return notes;
+}
+
+std::int64_t ArraySize(const XifVariable& variable) {
+    return std::max<std::int64_t>(0, variable.Number(3).value_or(0));
+}
+
+class RecordReader {
+  public:
+    RecordReader(const XifFile& file, const DeviceTypes& types) : file_(file), types_(types) {}
+
+    DeviceRecords Read() {
+        for (const XifDefaultValue& value : XifDefaultValues(file_))
+            defaults_.emplace(value.variable, value.bytes);
+        for (std::size_t i = 0; i < file_.variables.size(); ++i)
+            records_.variables.push_back(Variable(i));
+        const XifPropertyTemplate declared = ReadXifTemplate(file_);
+        for (const XifSection& section : file_.sections)
+            for (const XifPropertyValue& value : XifPropertyValues(file_, section, declared.properties))
+                values_.emplace(value.property, value.bytes);
+        for (const XifProperty& property : declared.properties)
+            records_.properties.push_back(Property(property));
+        for (const XifTag& tag : file_.tags)
+            records_.tags.push_back(ShownText(tag.name));
+        return std::move(records_);
+    }
+
+  private:
+    VariableRecord Variable(std::size_t position) {
+        const XifVariable& source = file_.variables[position];
+        VariableRecord record;
+        record.name = ShownText(source.name);
+        if (const std::int64_t size = ArraySize(source); size > 0)
+            record.name += '[' + std::to_string(size) + ']';
+        record.index = static_cast<std::size_t>(std::max<std::int64_t>(0, source.Number(0).value_or(0)));
+        record.isOutput = source.Attribute(kDirection) == 1;
+        record.membership = MembershipOf(source.documentation);
+        record.membership.text = ShownText(record.membership.text);
+        record.notes = NotesOf(source);
+        record.type = ShownText(types_.NameOfVariable(position));
+        const std::optional<FoundType> type = types_.OfVariable(position);
+        if (type)
+            record.units = ShownText(UnitsOf(*type));
+        if (source.Attribute(kConfiguration) == 1 && !record.membership.propertyType.empty())
+            record.property = ShownText(
+                types_.NameOfProperty(record.membership.propertyScope, record.membership.propertyType));
+        if (const auto value = defaults_.find(&source); value != defaults_.end())
+            record.value = ShownText(ValueShown(type ? &*type : nullptr, value->second));
+        byIndex_.emplace(record.index, position);
+        return record;
+    }
+
+    PropertyRecord Property(const XifProperty& source) {
+        PropertyRecord record;
+        if (!source.isKnown) {
+            record.name = ShownText(source.record);
+            record.owner = PropertyRecord::Owner::unknown;
+            return record;
+        }
+        record.name = ShownText(types_.NameOfProperty(source.scope, source.type));
+        if (!source.name.empty())
+            record.name = ShownText(source.name) + " (" + record.name + ')';
+        record.select = ShownText(source.select);
+        record.owners = RangesOf(source.select);
+        record.owner = source.appliesTo == "0"   ? PropertyRecord::Owner::device
+                       : record.owners.empty()   ? PropertyRecord::Owner::unknown
+                       : source.appliesTo == "1" ? PropertyRecord::Owner::block
+                       : source.appliesTo == "2" ? PropertyRecord::Owner::variable
+                                                 : PropertyRecord::Owner::unknown;
+        record.range = ShownText(source.range);
+        if (!source.count.empty())
+            Append(record.notes, "array of " + ShownText(source.count));
+        if (source.IsConstant())
+            Append(record.notes, "constant");
+        if (source.IsMakersOnly())
+            Append(record.notes, "for the manufacturer only");
+        if (const auto value = values_.find(&source); value != values_.end()) {
+            const std::optional<FoundType> type = TypeOf(source, record);
+            record.value = ShownText(ValueShown(type ? &*type : nullptr, value->second));
+        }
+        return record;
+    }
+
+    // Some property types are those of the variable that they belong to.
+    std::optional<FoundType> TypeOf(const XifProperty& source, const PropertyRecord& record) {
+        std::optional<FoundType> type = types_.OfProperty(source.scope, source.type);
+        if (type || source.scope != "0" || record.owner != PropertyRecord::Owner::variable)
+            return type;
+        const auto variable = byIndex_.find(record.owners.front().first);
+        return variable == byIndex_.end() ? std::nullopt : types_.OfVariable(variable->second);
+    }
+
+    const XifFile& file_;
+    const DeviceTypes& types_;
+    DeviceRecords records_;
+    std::map<const XifVariable*, std::string_view> defaults_;
+    std::map<const XifProperty*, std::string_view> values_;
+    std::map<std::size_t, std::size_t> byIndex_;  // position of a variable
+};
+
+std::string OwnerText(const PropertyRecord& property) {
+    switch (property.owner) {
+        case PropertyRecord::Owner::device:
+            return "device";
+        case PropertyRecord::Owner::block:
+            return "object " + property.select;
+        case PropertyRecord::Owner::variable:
+            return "variable " + property.select;
+        case PropertyRecord::Owner::unknown:
+            return "not known";
+    }
+    return {};
+}
+
+std::string BlockText(const VariableRecord& variable) {
+    std::string text;
+    for (const IndexRange& range : variable.membership.blocks)
+        Append(
+            text,
+            std::to_string(range.first) + (range.last > range.first ? "~" + std::to_string(range.last) : ""),
+            ".");
+    return text;
+}
+
+}  // namespace
+
+DeviceRecords RecordsOf(const XifFile& file, const DeviceTypes& types) {
+    return RecordReader(file, types).Read();
+}
+
+ViewTable VariableTable(const DeviceRecords& records) {
+    ViewTable table{"Network variables", {"Index", "Name", "In/out", "Type", "Unit", "Object", "Notes"}, {}};
+    for (const VariableRecord& variable : records.variables) {
+        std::string notes = variable.membership.text;
+        Append(notes, variable.property, "; ");
+        Append(notes, variable.value.empty() ? "" : "default " + variable.value, "; ");
+        Append(notes, variable.notes, "; ");
+        table.rows.push_back({std::to_string(variable.index), variable.name, variable.isOutput ? "out" : "in",
+                              variable.type, variable.units, BlockText(variable), std::move(notes)});
+    }
+    return table;
+}
+
+ViewTable PropertyTable(const DeviceRecords& records) {
+    ViewTable table{"Configuration properties", {"Number", "Property", "Of", "Value", "Notes"}, {}};
+    for (const PropertyRecord& property : records.properties) {
+        std::string notes = property.notes;
+        Append(notes, property.range.empty() ? "" : "range " + property.range);
+        table.rows.push_back({std::to_string(table.rows.size() + 1), property.name, OwnerText(property),
+                              property.value, std::move(notes)});
+    }
+    return table;
+}
+
+ViewTable TagTable(const XifFile& file) {
+    ViewTable table{"Message tags", {"Index", "Name", "Bindable", "Rates"}, {}};
+    for (const XifTag& tag : file.tags) {
+        const auto number = [&](std::size_t place) {
+            return place < tag.numbers.size() ? tag.numbers[place] : XifNumber(0);
+        };
+        std::string rates = RateText("average", number(1));
+        Append(rates, RateText("maximum", number(2)));
+        const bool isBindable = tag.attributes.size() > 1 && tag.attributes[1] == 1;
+        table.rows.push_back({std::to_string(number(0).value_or(0)), ShownText(tag.name),
+                              isBindable ? "yes" : "no", std::move(rates)});
+    }
+    return table;
+}
+
+}  // namespace tovarek
