@@ -12,7 +12,6 @@ namespace tovarek {
 namespace {
 
 constexpr std::int32_t kFirstScope = 1;
-constexpr std::int32_t kOwnScope = 6;
 
 // Where a type is defined.
 FindingNote DefinitionOf(const CType& type) {

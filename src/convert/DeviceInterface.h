@@ -33,9 +33,6 @@ struct DefinedType {
     std::string comment;
 };
 
-// The scope of the types that a template asks for: those of one device.
-inline constexpr std::uint8_t kOwnScope = 6;
-
 // A type of the device's own: a template (scope 6) or a user type file (scopes 1 to 5) asks for it.
 struct UserType {
     bool isUnvt = false;  // a network-variable type; else a property type

@@ -38,6 +38,9 @@ enum ElementType : std::int32_t {
 // Format numbers from 1 to this one are the indexes of standard types.
 inline constexpr std::int32_t kLargestStandardIndex = 255;
 
+// The scope of the types that a device defines for itself alone: those that its template asks for.
+inline constexpr std::int32_t kOwnScope = 6;
+
 struct CEnumValue {
     std::string name;
     int line = 0;            // in the format file, for error messages; 0 = unknown

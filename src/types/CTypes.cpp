@@ -9,9 +9,6 @@
 namespace tovarek {
 namespace {
 
-// The scope of types that a device defines for itself alone.
-constexpr std::int32_t kOwnScope = 6;
-
 // Where the template tells something of the type of its configuration property `position`, from 0.
 ErrorContext PlaceInProperty(const CTemplate& source, std::size_t position, TypeInput which) {
     switch (which) {

@@ -17,7 +17,6 @@ namespace tovarek {
 namespace {
 
 constexpr std::int32_t kReserved = -1;
-constexpr std::int32_t kOwnScope = 6;
 constexpr std::int32_t kEnglish = 1033;
 // Of files that nobody sees.
 constexpr const char* kAnyProgramId = "9000000000000000";
