@@ -19,6 +19,12 @@ if(TOVAREK_SANITIZE)
 endif()
 include(cmake/Hardening.cmake)
 
+# What is linked to be tested once is linked in a fifth of the time where LLVM's linker is there.
+find_program(TOVAREK_LLD ld.lld)
+if(TOVAREK_LLD AND NOT CMAKE_CROSSCOMPILING)
+  target_link_options(tovarek_settings INTERFACE $<$<CONFIG:Debug>:-fuse-ld=lld>)
+endif()
+
 # Applies the settings to a target; everything but installed interfaces is covered.
 function(tovarek_settings target)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tovarek_settings>)

@@ -51,18 +51,18 @@ inline Edit OfSections(const std::string& prefix, std::function<void(Sections&)>
         return text;
     };
 }
-inline Edit Remove(const std::string& prefix, std::size_t number) {
+inline Edit Remove(const std::string& prefix, std::ptrdiff_t number) {
     return OfSections(prefix, [=](Sections& all) { all.erase(all.begin() + number - 1); });
 }
-inline Edit Insert(const std::string& prefix, std::size_t number, std::string section) {
+inline Edit Insert(const std::string& prefix, std::ptrdiff_t number, std::string section) {
     return OfSections(prefix, [=](Sections& all) { all.insert(all.begin() + number - 1, section); });
 }
 inline Edit Swap(const std::string& prefix, std::size_t first, std::size_t second) {
     return OfSections(prefix, [=](Sections& all) { std::swap(all[first - 1], all[second - 1]); });
 }
-inline Edit Move(const std::string& prefix, std::size_t from, std::size_t to) {
+inline Edit Move(const std::string& prefix, std::ptrdiff_t from, std::ptrdiff_t to) {
     return OfSections(prefix, [=](Sections& all) {
-        const std::string section = all[from - 1];
+        const std::string section = all.begin()[from - 1];
         all.erase(all.begin() + from - 1);
         all.insert(all.begin() + to - 1, section);
     });
