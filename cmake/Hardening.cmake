@@ -21,6 +21,8 @@ endfunction()
 
 tovarek_harden(-fstack-protector-strong)
 if(WIN32)
+  # What a broken stack ends in lies in a library of its own there, which the compiler adds.
+  target_link_options(tovarek_settings INTERFACE $<${released}:-fstack-protector-strong>)
   # Addresses at random, among all 64 bits of one where it has so many; data that is not run.
   set(link --dynamicbase --nxcompat)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
