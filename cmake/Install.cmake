@@ -1,5 +1,5 @@
-# What an installation holds: the library with its headers and CMake package, the program, the standard catalog, the
-# examples and the documents.
+# What an installation holds: the program, the library with its headers and CMake package, and, common to all packages, the
+# standard catalog, the examples and the documents. The components are what PackageLinux.cmake puts together.
 if(WIN32)
   # Programs use the automation server there; its package has a form of its own.
   include(cmake/Package.cmake)
@@ -9,10 +9,10 @@ endif()
 include(CMakePackageConfigHelpers)
 
 install(TARGETS tovarek EXPORT TovarekTargets
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
+install(TARGETS tovarek_host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
 
 # Headers keep their rooms: a user includes "component/Tovarek.h" as the project itself does. Those of another platform
 # would not compile here.
@@ -21,24 +21,27 @@ get_property(folders GLOBAL PROPERTY TOVAREK_ROOM_FOLDERS)
 foreach(room IN LISTS folders)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${room}/*.h ${PROJECT_SOURCE_DIR}/src/${room}/*.inc)
   list(FILTER headers EXCLUDE REGEX "${headers_of_windows}")
-  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room})
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovarek/${room} COMPONENT library)
 endforeach()
 
-install(EXPORT TovarekTargets NAMESPACE Tovarek:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek)
+install(EXPORT TovarekTargets NAMESPACE Tovarek:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek COMPONENT library)
 configure_package_config_file(cmake/TovarekConfig.cmake.in ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek
   PATH_VARS CMAKE_INSTALL_DATADIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake ${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek)
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek COMPONENT library)
 
 # For builds without CMake. It finds its folders from its own, so an installation may be moved.
 file(RELATIVE_PATH TOVAREK_PREFIX_FROM_PKGCONFIG /${CMAKE_INSTALL_LIBDIR}/pkgconfig /.)
 configure_file(cmake/tovarek.pc.in ${PROJECT_BINARY_DIR}/cmake/tovarek.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/cmake/tovarek.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/cmake/tovarek.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT library)
 
-install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/catalog)
-install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/examples)
-install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/catalog COMPONENT common)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/examples COMPONENT common)
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT common)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT common)
+
+include(cmake/Portable.cmake)
+include(cmake/PackageLinux.cmake)
