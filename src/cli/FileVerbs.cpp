@@ -59,8 +59,11 @@ std::vector<Verb> FileVerbs() {
          "document element), with its profile. Files of the device's own resource sets may stand beside it; "
          "a\n"
          "set with the name of an XIF file in its folder is found.",
-         "tovarek show fan-coil.xif",
-         Join({{"--as", "FORM", "text, for the terminal, which is as wide as it is"}}, CatalogOptions()),
+         "tovarek show fan-coil.xif --as html",
+         Join({{"--as", "text",
+                "for the terminal, no line is longer than it is wide; or markdown, for a\n"
+                "review; html, one page for screens and paper; svg, the drawing alone"}},
+              CatalogOptions()),
          Show},
         {"dump",
          "FILE [--bytes]",

@@ -7,7 +7,7 @@ namespace tovarek {
 namespace {
 
 ViewPort PortOf(const VariableRecord& variable) {
-    return {variable.name, variable.type + (variable.units.empty() ? "" : " " + variable.units)};
+    return {variable.name, variable.type, variable.units};
 }
 
 std::string ProfileName(const DeclaredBlocks& declared) {

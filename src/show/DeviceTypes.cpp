@@ -133,9 +133,10 @@ std::string UnitsOf(const FoundType& type) {
     std::string text;
     bool hasUnits = false;
     for (const TypeMember& member : members) {
+        const ShownType one = ShownTypeOf(member.type, member.unit, *type.names);
         const std::string unit =
-            UnitText(ShownTypeOf(member.type, member.unit, *type.names).unit, *type.names);
-        text += (text.empty() ? "" : ", ") + member.name + (unit.empty() ? "" : " " + unit);
+            one.shape == ValueShape::enumeration ? std::string() : UnitText(one.unit, *type.names);
+        text += (text.empty() ? "" : ", ") + member.name + (unit.empty() ? "" : " (" + unit + ")");
         hasUnits = hasUnits || !unit.empty();
     }
     return hasUnits && members.size() <= kMostMembers ? text : std::to_string(members.size()) + " members";

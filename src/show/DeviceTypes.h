@@ -60,7 +60,7 @@ class DeviceTypes {
     std::map<std::size_t, const NvType*> ownOfVariables_;  // by position
 };
 
-// "°C"; of a structure "value %, state", or how many members it has.
+// "°C"; of a structure "value (%), state", or how many members it has.
 std::string UnitsOf(const FoundType& type);
 
 // The value that `bytes` hold, or several of the type one after the other; the bytes themselves where they

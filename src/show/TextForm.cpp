@@ -177,7 +177,7 @@ class TextWriter {
         return CharacterCount(text) > width ? Fitted(text, width) : text;
     }
 
-    static std::string PortText(const ViewPort& port) { return port.name + ": " + port.type; }
+    static std::string PortText(const ViewPort& port) { return port.name + ": " + port.TypeAndUnit(); }
 
     // Both in one line where they fit, else one below the other.
     void Ports(const std::string& input, const std::string& output, std::size_t inside) {

@@ -18,7 +18,10 @@ struct ViewTable {
 // A variable or property in the drawing.
 struct ViewPort {
     std::string name;
-    std::string type;  // with the unit; of a property its value
+    std::string type;  // of a property its value
+    std::string unit{};
+
+    std::string TypeAndUnit() const { return type + (unit.empty() ? "" : ", " + unit); }
 };
 
 // A box of the drawing: a functional block of the self-documentation, or what belongs to none.

@@ -54,7 +54,7 @@ TEST(Show, TellsADeviceAsText) {
          "Addresses                  15 entries of 5 bytes: 75 bytes",
          "application input             5      42    210", "all                                        588",
          "┌─ Object 0: node object ──────────────────────────────────────────────────────┐",
-         "│ → nviFanMode: UNVT__fanMode              nvoWaterFlow: UNVT__waterFlow l/h → │",
+         "│ → nviFanMode: UNVT__fanMode             nvoWaterFlow: UNVT__waterFlow, l/h → │",
          "│ • UCPT_1_cpMaxSupplyTemp = 70 °C                                             │",
          "│ • UCPT_2_cpStartFanMode = FM_AUTO                                            │",
          "┌─ Object 2: profile 8020 ─────────────────────────────────────────────────────┐", "  4 FM_AUTO",
@@ -94,7 +94,7 @@ TEST(Show, FindsTheSetBesideAnInterfaceFile) {
     for (const char* kind : {".typ", ".ENU"})
         std::filesystem::copy_file(example.scratch.Path(std::string("fancoil_6") + kind),
                                    example.scratch.Path(std::string("fan-coil") + kind));
-    EXPECT_NE(example.Show().out.find("nvoWaterTemp: UNVT__waterTemp °C"), std::string::npos);
+    EXPECT_NE(example.Show().out.find("nvoWaterTemp: UNVT__waterTemp, °C"), std::string::npos);
 }
 
 TEST(Show, RefusesWhatIsNoDevice) {
@@ -109,7 +109,7 @@ TEST(Show, RefusesWhatIsNoDevice) {
         {{kExample + "/profile.ini"}, "holds no template"},
         {{kExample + "/profile.ini", kExample + "/profile.ini"}, "two inputs hold a profile"},
         {{kExample + "/template.ini", "--as", "picture"},
-         "there is no form 'picture' of a device; give --as text"},
+         "there is no form 'picture' of a device; give --as text or --as markdown"},
         {{kExample + "/template.ini", types, example.scratch.Path("copy.typ")}, "the second set of scope 6"},
     };
     std::filesystem::copy_file(types, example.scratch.Path("copy.typ"));
