@@ -1,5 +1,6 @@
 #include "cli/GenerateCommand.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "check/Check.h"
@@ -20,44 +21,72 @@ void CreateFolder(std::string folder) {
         MakeDirectory(folder);
 }
 
+// One run with what it comes to.
+class Generation {
+  public:
+    Generation(const std::vector<Setting>& settings, const GenerateWishes& wishes)
+        : settings_(settings), wishes_(wishes), record_(wishes.build) {
+        if (wishes_.warns)
+            component_.SetWarnings(&warnings_);
+    }
+
+    void Run() {
+        RaisingSink sink(errorHandler_, wishes_.warns ? &warnings_ : nullptr);
+        if (!wishes_.build.depfile.empty() && wishes_.build.stamp.empty())
+            throw WrongUse("--depfile needs --stamp FILE, the file that it tells of");
+        set_ = SetUp(component_, settings_, sink);
+        UseShippedCatalog(component_);
+        const std::vector<std::string> jobs = JobsOf(settings_);
+        RefuseOverwriting(record_.With(component_.Files()), jobs);
+        // Once more when the template is in order and has told the user type file.
+        component_.SetGuard([&](const JobFiles& files) {
+            RefuseOverwriting(record_.With(files), jobs);
+            if (component_.mustGenerateTypes())
+                CreateFolder(component_.typeFilesDirectory());
+        });
+        component_.Generate();
+        record_.Finish(component_.WrittenFiles());
+    }
+
+    void Explain(Error& error) const { ExplainError(component_, error); }
+
+    void Tell(bool isWhole, RunReport& report) {
+        report.kept = record_.Kept();
+        for (const std::string& file : component_.WrittenFiles())
+            if (std::find(report.kept.begin(), report.kept.end(), file) == report.kept.end())
+                report.written.push_back(file);
+        std::vector<Finding> all = warnings_.TakeAll();
+        PlaceInJobs(set_, all);
+        report.warnings = Judge(
+            std::move(all), {.inputs = InputsOf(component_, settings_), .isWhole = isWhole && wishes_.warns});
+    }
+
+  private:
+    const std::vector<Setting>& settings_;
+    const GenerateWishes& wishes_;
+    BuildRecord record_;
+    const CErrorHandler errorHandler_;
+    Tovarek component_;
+    FindingList warnings_;
+    std::vector<SetProperty> set_;
+};
+
 }  // namespace
 
-int RunGenerate(const std::vector<Setting>& settings, bool warns, OutputFormat format, Streams streams) {
-    Tovarek component;
-    FindingList warnings;
-    if (warns)
-        component.SetWarnings(&warnings);
-    const CErrorHandler errorHandler;
-    RaisingSink sink(errorHandler, warns ? &warnings : nullptr);
-    std::vector<SetProperty> set;
+int RunGenerate(const std::vector<Setting>& settings, const GenerateWishes& wishes, OutputFormat format,
+                Streams streams) {
     RunReport report{.format = format, .streams = streams};
-    const auto finish = [&](bool isWhole) {
-        report.written = component.WrittenFiles();
-        std::vector<Finding> all = warnings.TakeAll();
-        PlaceInJobs(set, all);
-        report.warnings =
-            Judge(std::move(all), {.inputs = InputsOf(component, settings), .isWhole = isWhole && warns});
-    };
+    Generation generation(settings, wishes);
     try {
-        set = SetUp(component, settings, sink);
-        UseShippedCatalog(component);
-        const std::vector<std::string> jobs = JobsOf(settings);
-        RefuseOverwriting(component.Files(), jobs);
-        // Once more when the template is in order and has told the user type file.
-        component.SetGuard([&](const JobFiles& files) {
-            RefuseOverwriting(files, jobs);
-            if (component.mustGenerateTypes())
-                CreateFolder(component.typeFilesDirectory());
-        });
-        component.Generate();
+        generation.Run();
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     } catch (Error& error) {
-        ExplainError(component, error);
-        finish(false);
+        generation.Explain(error);
+        generation.Tell(false, report);
         return ReportFailedRun(error, report);
     }
-    finish(true);
+    generation.Tell(true, report);
     return ReportRun(report);
 }
 

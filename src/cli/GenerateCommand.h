@@ -3,13 +3,20 @@
 
 #include <vector>
 
+#include "cli/BuildRecord.h"
 #include "cli/JobSetup.h"
 #include "cli/Report.h"
 
 namespace tovarek {
 
+struct GenerateWishes {
+    BuildWishes build;
+    bool warns = true;  // what is read otherwise than it was written is told as well
+};
+
 // Answers the exit status. Without a catalog property the shipped catalog is used. SOURCE_DATE_EPOCH fixes
-// the clock. `warns`: what is read otherwise than it was written is told as well.
-int RunGenerate(const std::vector<Setting>& settings, bool warns, OutputFormat format, Streams streams);
+// the clock.
+int RunGenerate(const std::vector<Setting>& settings, const GenerateWishes& wishes, OutputFormat format,
+                Streams streams);
 
 }  // namespace tovarek

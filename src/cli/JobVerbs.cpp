@@ -48,7 +48,11 @@ std::vector<Setting> SettingsOf(const Given& given) {
 }
 
 int Generate(const Given& given, Streams streams) {
-    return RunGenerate(SettingsOf(given), !given.Has("--no-warnings"), given.format, streams);
+    const GenerateWishes wishes = {.build = {.depfile = given.Text("--depfile"),
+                                             .stamp = given.Text("--stamp"),
+                                             .ifChanged = given.Has("--if-changed")},
+                                   .warns = !given.Has("--no-warnings")};
+    return RunGenerate(SettingsOf(given), wishes, given.format, streams);
 }
 
 int Check(const Given& given, Streams streams) {
@@ -67,7 +71,11 @@ constexpr std::string_view kOrder = "Options act in the order in which they stan
 std::vector<Verb> JobVerbs() {
     return {
         {"generate", "[OPTIONS]", "write the XIF file and the resource files", kOrder, "",
-         WithSettings({{"--no-warnings", "", "do not tell what is read otherwise than it was written"}}),
+         WithSettings(
+             {{"--no-warnings", "", "do not tell what is read otherwise than it was written"},
+              {"--if-changed", "", "leave an output alone that would be the same but for its date"},
+              {"--stamp", "FILE", "touch FILE in the end, whether or not an output has changed"},
+              {"--depfile", "FILE", "write what FILE of --stamp was made from, for Make and Ninja"}}),
          Generate},
         {"check", "[OPTIONS]", "find every fault of a job; nothing is written", kOrder,
          "tovarek check --iniTemplateFile template.ini --mustGenerateTypes false --mustGenerateXif false",

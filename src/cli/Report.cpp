@@ -41,6 +41,8 @@ void WriteError(const Error& error, std::ostream& out) {
 
 void AddRun(const RunReport& report, Json& json) {
     json["written"] = WrittenJson(report.written);
+    if (!report.kept.empty())
+        json["kept"] = report.kept;
     if (!report.warnings.empty())
         json["warnings"] = FindingsJson(report.warnings);
 }
@@ -68,6 +70,16 @@ void WriteWritten(const std::vector<std::string>& files, std::ostream& out) {
         out << "wrote " << SystemPath(file) << " (" << StampOf(file).size << " bytes)\n";
 }
 
+namespace {
+
+void WriteFiles(const RunReport& report) {
+    WriteWritten(report.written, report.streams.out);
+    for (const std::string& file : report.kept)
+        report.streams.out << "kept " << SystemPath(file) << ": nothing but its date would change\n";
+}
+
+}  // namespace
+
 int ReportError(const Error& error, OutputFormat format, Streams streams) {
     if (format == OutputFormat::json)
         streams.out << JsonText(ErrorJson(error)) << '\n';
@@ -83,7 +95,7 @@ int ReportFailedRun(const Error& error, const RunReport& report) {
         report.streams.out << JsonText(json) << '\n';
         return kFailed;
     }
-    WriteWritten(report.written, report.streams.out);
+    WriteFiles(report);
     WriteFindings(report.warnings, false, report.streams.error);
     WriteError(error, report.streams.error);
     return kFailed;
@@ -96,8 +108,8 @@ int ReportRun(const RunReport& report) {
         report.streams.out << JsonText(json) << '\n';
         return kDone;
     }
-    WriteWritten(report.written, report.streams.out);
-    if (report.written.empty())
+    WriteFiles(report);
+    if (report.written.empty() && report.kept.empty())
         report.streams.out << "nothing to write: the template is in order\n";
     WriteFindings(report.warnings, false, report.streams.error);
     return kDone;

@@ -19,6 +19,7 @@ struct RunReport {
     OutputFormat format = OutputFormat::text;
     Streams streams;
     std::vector<std::string> written{};  // the files that were finished
+    std::vector<std::string> kept{};     // those of them that were right as they were
     std::vector<CheckedFinding> warnings{};
 };
 

@@ -7,6 +7,7 @@
 #include "profile/ProfileFields.h"
 #include "support/CTools.h"
 #include "support/TextWriter.h"
+#include "system/TrialOutput.h"
 
 namespace tovarek {
 namespace {
@@ -174,9 +175,9 @@ void WriteXifText(FileSink& sink, const std::string& fileName, const CProfile& p
 
 void WriteXif(const std::string& path, const CProfile& profile, const CTemplate& deviceTemplate,
               const CResources& resources, const Clock& clock) {
-    OutputFile file(path);
-    WriteXifText(file, CTools().ExtractFile(path), profile, deviceTemplate, resources, clock);
-    file.Close();
+    const std::unique_ptr<FileSink> file = OpenOutput(path, nullptr);
+    WriteXifText(*file, CTools().ExtractFile(path), profile, deviceTemplate, resources, clock);
+    file->Close();
 }
 
 }  // namespace tovarek

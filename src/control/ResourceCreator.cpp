@@ -45,8 +45,7 @@ bool IsName(const std::string& name) {
 }  // namespace
 
 ResourceCreator::ResourceCreator()
-    : clock_(SystemClock()),
-      opener_([](const std::string& path) { return std::make_unique<OutputFile>(path); }) {}
+    : clock_(SystemClock()), opener_([](const std::string& path) { return OpenOutput(path, nullptr); }) {}
 
 std::int32_t ResourceCreator::BeginSet() {
     file_.reset();

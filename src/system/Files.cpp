@@ -7,6 +7,7 @@
 
 #include "base/Nearest.h"
 #include "base/Path.h"
+#include "system/FileWatch.h"
 
 #ifdef _WIN32
 #include "base/Text.h"
@@ -86,6 +87,8 @@ std::string ReadFile(std::string_view path, std::uint64_t limit) {
     if (path.empty())
         RaiseRuntimeError(RuntimeError::fileNotFound, {.reason = "the file name is empty"});
     SystemFile file = OpenWithHint(path, false, SystemFile::OpenToRead);
+    if (FileWatch* const watch = FileWatch::Current())
+        watch->Reads(path);
     const std::uint64_t size = file.Size();
     if (std::min(size, limit) > kLargestFile)
         RefuseSize(path);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Path.h"
+#include "system/FileWatch.h"
 
 namespace tovarek {
 namespace {
@@ -84,6 +85,8 @@ std::unique_ptr<FileSink> KeptOutput::Open(const std::string& path) {
 std::unique_ptr<FileSink> OpenOutput(const std::string& path, TrialOutput* trial) {
     if (trial != nullptr)
         return trial->Open(path);
+    if (FileWatch* const watch = FileWatch::Current())
+        return watch->Open(path);
     return std::make_unique<OutputFile>(path);
 }
 

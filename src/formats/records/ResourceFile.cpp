@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kTextBlock = 256;
 constexpr std::size_t kHeaderStart = 3 * kTextBlock;
+constexpr std::size_t kSaved = 0x30A;  // the date, seven bytes
+constexpr std::size_t kSavedSize = 7;
 constexpr std::size_t kChecksum = 0x318;    // the header's, left out of its own sum
 constexpr std::size_t kKindFields = 0x32B;  // where the kinds begin to differ
 constexpr std::size_t kTableReserve = 44;   // editors leave room for eleven entries of every table
@@ -25,16 +27,26 @@ std::uint16_t HeaderChecksum(std::string_view bytes, std::size_t headerEnd) {
     return Crc16(bytes.substr(kChecksum + 2, headerEnd - kChecksum - 2), Crc16(bytes.substr(0, kChecksum)));
 }
 
+const ResourceKindRow* RowOfFile(std::string_view bytes) {
+    return std::find_if(kResourceKinds.begin(), kResourceKinds.end(),
+                        [bytes](const ResourceKindRow& row) { return bytes.starts_with(row.magic); });
+}
+
 }  // namespace
+
+void BlankResourceDate(std::string& bytes) {
+    if (bytes.size() < kKindFields || RowOfFile(bytes) == kResourceKinds.end())
+        return;
+    bytes.replace(kSaved, kSavedSize, kSavedSize, '\0');
+    bytes.replace(kChecksum, 2, 2, '\0');
+}
 
 Outcome ResourceFileView::Open(std::string_view bytes, ResourceKind kind, ResourceFileView& view) {
     view.bytes_ = bytes;
     view.kind_ = kind;
     if (bytes.size() < kKindFields)
         return Failure(resultErrorOpenFile, "the file is too short for a resource file");
-    const auto* found =
-        std::find_if(kResourceKinds.begin(), kResourceKinds.end(),
-                     [bytes](const ResourceKindRow& row) { return bytes.starts_with(row.magic); });
+    const ResourceKindRow* const found = RowOfFile(bytes);
     if (found == kResourceKinds.end())
         return Failure(resultErrorOpenFile, "the file does not begin as a resource file does");
     if (found->kind != kind)

@@ -96,6 +96,10 @@ struct ResourceFileParts {
 Outcome AssembleResourceFile(const ResourceHeader& header, std::uint8_t formatVersion,
                              const ResourceFileParts& parts, std::string& bytes);
 
+// Puts zeros for the date in the header of a resource file and for the checksum that counts it in; leaves
+// what does not begin as a resource file.
+void BlankResourceDate(std::string& bytes);
+
 // The header's marks as header fields.
 std::string MarkFields(const HeaderMarks& marks);
 

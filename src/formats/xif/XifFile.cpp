@@ -401,4 +401,18 @@ Outcome ReadXifFile(std::string_view bytes, XifFile& file) {
     return XifReader(bytes, file).Read();
 }
 
+void BlankXifDate(std::string& bytes) {
+    constexpr std::string_view kRun = "Run on ";
+    if (!bytes.starts_with("File: "))
+        return;
+    const std::size_t second = bytes.find('\n');
+    const std::size_t third = bytes.find('\n', second + 1);
+    const std::size_t end = bytes.find_first_of("\r\n", third + 1);
+    if (second == std::string::npos || third == std::string::npos || end == std::string::npos)
+        return;
+    const std::size_t run = bytes.find(kRun, third);
+    if (run < end)
+        bytes.erase(run, end - run);
+}
+
 }  // namespace tovarek

@@ -95,4 +95,7 @@ struct XifFile {
 // stays in `file`, for lineRoles.
 Outcome ReadXifFile(std::string_view bytes, XifFile& file);
 
+// Takes the date out of the third line of an XIF file; leaves what does not begin as one.
+void BlankXifDate(std::string& bytes);
+
 }  // namespace tovarek
