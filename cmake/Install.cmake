@@ -27,10 +27,11 @@ endforeach()
 install(EXPORT TovarekTargets NAMESPACE Tovarek:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek COMPONENT library)
 configure_package_config_file(cmake/TovarekConfig.cmake.in ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek
-  PATH_VARS CMAKE_INSTALL_DATADIR)
+  PATH_VARS CMAKE_INSTALL_DATADIR CMAKE_INSTALL_BINDIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/cmake/TovarekConfig.cmake ${PROJECT_BINARY_DIR}/cmake/TovarekConfigVersion.cmake
+  cmake/TovarekGenerate.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Tovarek COMPONENT library)
 
 # For builds without CMake. It finds its folders from its own, so an installation may be moved.

@@ -2,15 +2,30 @@
 set(prefix ${WORK}/prefix)
 set(share ${prefix}/share/tovarek)
 include(${CMAKE_CURRENT_LIST_DIR}/Run.cmake)
-file(REMOVE_RECURSE ${prefix} ${WORK}/consumer ${WORK}/node.xif)
+file(REMOVE_RECURSE ${prefix} ${WORK}/consumer ${WORK}/inputs ${WORK}/node.xif)
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
 shown_in_document(cpp "#include" device)
 file(WRITE ${WORK}/device.cpp "${device}")
+file(COPY ${share}/examples/fan-coil/ DESTINATION ${WORK}/inputs)
 run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/consumer -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_CXX_COMPILER=${COMPILER} -DDEVICE=${WORK}/device.cpp)
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DDEVICE=${WORK}/device.cpp -DINPUTS=${WORK}/inputs)
 run(${CMAKE_COMMAND} --build ${WORK}/consumer)
 run(${WORK}/consumer/consumer)
+
+# The generated files: a rule of the consumer has taken the XIF file; a second build does nothing; after a change that is
+# none in the XIF file the job runs again, and the rule behind it does not.
+set(xif ${WORK}/consumer/generated/demo-output/fan-coil.xif)
+run(${CMAKE_COMMAND} -E compare_files ${xif} ${WORK}/consumer/shipped.xif)
+run(${CMAKE_COMMAND} --build ${WORK}/consumer)
+require_match("${output}" "no work to do")
+file(APPEND ${WORK}/inputs/template.xml "<!-- a comment -->\n")
+run(${CMAKE_COMMAND} --build ${WORK}/consumer)
+require_match("${output}" "Generating fan_coil")
+if(output MATCHES "shipped")
+  message(FATAL_ERROR "An XIF file that is the same was taken for another:\n${output}")
+endif()
+
 # The program that docs/cpp.md shows writes the example device.
 run(${WORK}/consumer/device ${share}/examples/fan-coil/profile.ini ${share}/examples/fan-coil/template.ini ${WORK}/node.xif)
 run(${prefix}/bin/tovarek dump ${WORK}/node.xif)
