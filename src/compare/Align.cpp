@@ -126,47 +126,76 @@ std::vector<bool> LongestAscent(const std::vector<std::size_t>& numbers) {
     return belongs;
 }
 
-// For each number of a list how many of the list are lower.
-std::vector<std::size_t> Ranks(const std::vector<std::size_t>& numbers) {
-    std::vector<std::size_t> sorted = numbers;
+// Their places in the old list as ranks: 0 for the first of those that are here.
+std::vector<std::size_t> RanksBefore(const std::vector<AlignedPair>& pairs) {
+    std::vector<std::size_t> sorted;
+    sorted.reserve(pairs.size());
+    for (const AlignedPair& pair : pairs)
+        sorted.push_back(pair.before);
     std::sort(sorted.begin(), sorted.end());
     std::vector<std::size_t> ranks;
-    ranks.reserve(numbers.size());
-    for (const std::size_t number : numbers)
-        ranks.push_back(static_cast<std::size_t>(std::lower_bound(sorted.begin(), sorted.end(), number) -
-                                                 sorted.begin()));
+    ranks.reserve(pairs.size());
+    for (const AlignedPair& pair : pairs)
+        ranks.push_back(static_cast<std::size_t>(
+            std::lower_bound(sorted.begin(), sorted.end(), pair.before) - sorted.begin()));
     return ranks;
 }
 
-std::vector<std::size_t> PlacesBefore(const std::vector<AlignedPair>& pairs) {
-    std::vector<std::size_t> places;
-    places.reserve(pairs.size());
-    for (const AlignedPair& pair : pairs)
-        places.push_back(pair.before);
-    return places;
-}
+// How a list came out of order: pairs that stand at each other's place among all, and what is not in the order
+// of the most others once these are put back.
+struct Disorder {
+    std::vector<std::pair<AlignedPair, AlignedPair>> swapped;
+    std::vector<AlignedPair> moved;
 
-// Takes the pairs out of `pairs` that stand at each other's place among these.
-void TakeSwaps(std::vector<AlignedPair>& pairs, Alignment& alignment) {
-    const std::vector<std::size_t> ranks = Ranks(PlacesBefore(pairs));
-    std::vector<AlignedPair> rest;
-    for (std::size_t i = 0; i < pairs.size(); ++i) {
-        if (ranks[i] == i || ranks[ranks[i]] != i)
-            rest.push_back(pairs[i]);
-        else if (ranks[i] > i)
-            alignment.swapped.emplace_back(pairs[i], pairs[ranks[i]]);
-    }
-    pairs = std::move(rest);
-}
+    // Of two explanations with as many steps the one with more swaps is told: nobody moves two neighbours.
+    static constexpr std::size_t kSwap = 2;
+    static constexpr std::size_t kMove = 3;
+    std::size_t Cost() const { return kSwap * swapped.size() + kMove * moved.size(); }
+};
 
-// What is neither a swap of two records nor in the order of the most others has moved.
-void TellOrder(Alignment& alignment) {
-    std::vector<AlignedPair> rest = alignment.pairs;
-    TakeSwaps(rest, alignment);
-    const std::vector<bool> stays = LongestAscent(PlacesBefore(rest));
-    for (std::size_t i = 0; i < rest.size(); ++i)
+Disorder DisorderOf(const std::vector<AlignedPair>& pairs) {
+    Disorder found;
+    const std::vector<std::size_t> ranks = RanksBefore(pairs);
+    std::vector<std::size_t> putBack = ranks;
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        if (ranks[i] > i && ranks[ranks[i]] == i) {
+            found.swapped.emplace_back(pairs[i], pairs[ranks[i]]);
+            std::swap(putBack[i], putBack[ranks[i]]);
+        }
+    const std::vector<bool> stays = LongestAscent(putBack);
+    for (std::size_t i = 0; i < pairs.size(); ++i)
         if (!stays[i])
-            alignment.moved.push_back(rest[i]);
+            found.moved.push_back(pairs[ranks[i] != putBack[i] ? ranks[i] : i]);
+    return found;
+}
+
+std::vector<AlignedPair> Without(std::vector<AlignedPair> pairs, const AlignedPair& one) {
+    pairs.erase(std::find_if(pairs.begin(), pairs.end(),
+                             [&](const AlignedPair& pair) { return pair.after == one.after; }));
+    return pairs;
+}
+
+// A record that moved across others hides their swaps: it is taken out first where that tells the rest shorter.
+Disorder LeastDisorder(std::vector<AlignedPair> pairs) {
+    constexpr std::size_t kMostTried = 16;  // what is out of order further is not told any shorter
+    std::vector<AlignedPair> moved;
+    Disorder best = DisorderOf(pairs);
+    for (bool isBetter = true; isBetter && best.moved.size() <= kMostTried;) {
+        isBetter = false;
+        for (const AlignedPair& candidate : std::vector<AlignedPair>(best.moved)) {
+            std::vector<AlignedPair> rest = Without(pairs, candidate);
+            Disorder found = DisorderOf(rest);
+            if (found.Cost() + Disorder::kMove >= best.Cost())
+                continue;
+            moved.push_back(candidate);
+            pairs = std::move(rest);
+            best = std::move(found);
+            isBetter = true;
+            break;
+        }
+    }
+    best.moved.insert(best.moved.begin(), moved.begin(), moved.end());
+    return best;
 }
 
 }  // namespace
@@ -187,7 +216,9 @@ Alignment Align(const std::vector<std::string>& before, const std::vector<std::s
             alignment.added.push_back(i);
         else
             alignment.pairs.push_back({partners.ofAfter[i], i});
-    TellOrder(alignment);
+    Disorder disorder = LeastDisorder(alignment.pairs);
+    alignment.swapped = std::move(disorder.swapped);
+    alignment.moved = std::move(disorder.moved);
     return alignment;
 }
 

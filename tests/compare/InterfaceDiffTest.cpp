@@ -43,6 +43,8 @@ const std::vector<EditRow>& TemplateEdits() {
         {"one up by three", Move("nv", 8, 5), kSameId, "variable-moved"},
         {"insertion and swap", Both(Swap("nv", 3, 4), Insert("nv", 1, kNewVariable)), kSameId,
          "variable-added variables-swapped"},
+        {"swap and move", Both(Swap("nv", 3, 4), Move("nv", 14, 1)), kSameId,
+         "variables-swapped variable-moved"},
         {"renamed", Replace("nviSetpoint", "nviTarget"), kSameId, "variable-renamed"},
         {"case of a name", Replace("nviSetpoint", "nviSetPoint"), kSameId, "variable-renamed"},
         {"renamed beside an insertion",
