@@ -50,16 +50,8 @@ class Regeneration {
     }
 
     ResourceSetInput Set(std::uint8_t scope) const {
-        const auto path = [&](ResourceFileKind kind) {
-            const std::string name =
-                WithFinalBackslash(settings_.typeFilesDirectory) + ResourceFileName(settings_, scope, kind);
-            return kept_.Files().contains(name) ? name : std::string();
-        };
-        const ResourceSetFiles files{.language = path(fileLanguage),
-                                     .types = path(fileTypes),
-                                     .profiles = path(fileProfiles),
-                                     .formats = path(fileFormats)};
-        return ReadResourceSet(files, [&](const std::string& name) { return kept_.Files().at(name); });
+        return ReadResourceSet(KeptResourceSet(kept_, settings_, scope),
+                               [&](const std::string& name) { return kept_.Files().at(name); });
     }
 
     void TellErrors(std::vector<Loss>& losses) const {

@@ -95,6 +95,18 @@ Json JsonOfExplanation(const Explanation& one) {
     return json;
 }
 
+std::string_view EffectOf(const InterfaceRuleRow& rule) {
+    return rule.IsBreaking() ? "breaking" : "harmless";
+}
+
+Json JsonOfRule(const InterfaceRuleRow& rule) {
+    return {{"severity", "change"},
+            {"name", rule.name},
+            {"effect", EffectOf(rule)},
+            {"meaning", rule.meaning},
+            {"why", rule.why}};
+}
+
 void WriteList(std::ostream& out) {
     for (const Explanation& one : Explanations()) {
         out << one.name << '\t' << Severity(one);
@@ -102,24 +114,26 @@ void WriteList(std::ostream& out) {
             out << ' ' << one.number;
         out << '\t' << one.message << '\n';
     }
+    for (const InterfaceRuleRow& rule : InterfaceRules())
+        out << rule.name << '\t' << EffectOf(rule) << " change\t" << rule.meaning << '\n';
 }
 
-void WriteJson(std::span<const Explanation> shown, std::ostream& out) {
+void WriteJson(std::span<const Explanation> shown, std::span<const InterfaceRuleRow> rules,
+               std::ostream& out) {
     Json list = Json::array();
     for (const Explanation& one : shown)
         list.push_back(JsonOfExplanation(one));
+    for (const InterfaceRuleRow& rule : rules)
+        list.push_back(JsonOfRule(rule));
     out << JsonText(list) << '\n';
 }
 
 int ShowRule(const InterfaceRuleRow& rule, OutputFormat format, std::ostream& out) {
-    const std::string_view effect = rule.IsBreaking() ? "breaking" : "harmless";
     if (format == OutputFormat::json) {
-        out << JsonText(Json::array(
-                   {{{"effect", effect}, {"name", rule.name}, {"meaning", rule.meaning}, {"why", rule.why}}}))
-            << '\n';
+        WriteJson({}, {&rule, 1}, out);
         return kDone;
     }
-    out << rule.name << ": " << effect << " change of an interface: " << rule.meaning << '\n';
+    out << rule.name << ": " << EffectOf(rule) << " change of an interface: " << rule.meaning << '\n';
     WriteText("Why it matters", rule.why, out);
     return kDone;
 }
@@ -128,7 +142,7 @@ int ShowAll(OutputFormat format, std::ostream& out) {
     if (format == OutputFormat::markdown)
         out << FindingsDocument();
     else if (format == OutputFormat::json)
-        WriteJson(Explanations(), out);
+        WriteJson(Explanations(), InterfaceRules(), out);
     else
         WriteList(out);
     return kDone;
@@ -149,7 +163,7 @@ int RunExplain(const ExplainWishes& wishes, OutputFormat format, Streams streams
     if (shown.empty())
         return RefuseFindingWord(wishes.word, format, streams);
     if (format == OutputFormat::json) {
-        WriteJson(shown, streams.out);
+        WriteJson(shown, {}, streams.out);
         return kDone;
     }
     for (const Explanation& one : shown) {

@@ -28,10 +28,17 @@ int Diff(const Given& given, Streams streams) {
     if (a.empty() || (b.empty() && !isKnown))
         return ReportWrongUse("diff needs two files to compare", given.format, streams);
     if (ofInterface)
-        return RunInterfaceDiff({isKnown ? "" : a, isKnown ? a : b, known, given.Catalog()}, given.format,
-                                streams);
-    if (given.format == OutputFormat::markdown || !known.empty())
-        return ReportWrongUse("--known and --format markdown belong to diff --interface", given.format,
+        return RunInterfaceDiff({{isKnown ? "" : a, given.All("--old-types")},
+                                 {isKnown ? a : b, given.All("--new-types")},
+                                 known,
+                                 given.Catalog()},
+                                given.format, streams);
+    for (const char* option : {"--known", "--old-types", "--new-types"})
+        if (given.Has(option))
+            return ReportWrongUse(std::string(option) + " belongs to diff --interface", given.format,
+                                  streams);
+    if (given.format != OutputFormat::text && given.format != OutputFormat::json)
+        return ReportWrongUse("the formats markdown and sarif belong to diff --interface", OutputFormat::text,
                               streams);
     return RunDiff(a, b, given.format, streams);
 }
@@ -85,7 +92,13 @@ std::vector<Verb> FileVerbs() {
           {"--known", "DIR",
            "with it: folder of the XIF files that were released; without A the one with\n"
            "B's program ID is compared, and the next free model number is named"},
+          {"--old-types", "FILE",
+           "with it: a type file (.typ) of A; may be repeated for other scopes. An\n"
+           "XIF file without has those beside it that have its program ID",
+           true},
+          {"--new-types", "FILE", "the same of B", true},
           {"--format", "markdown", "with it: a table for a review"},
+          {"--format", "sarif", "with it: for code hosts, SARIF 2.1.0"},
           {"--catalogDir", "DIR", "with it: folder of another catalog than the shipped one"},
           {"--catalogFile", "FILE", "its file name, ldrf.cat by default"}},
          Diff},

@@ -5,9 +5,10 @@
 
 #include "base/Text.h"
 #include "cli/Assignments.h"
-#include "cli/InterfaceInput.h"
+#include "cli/ConvertInputs.h"
 #include "cli/Json.h"
 #include "cli/KnownInterfaces.h"
+#include "report/InterfaceSarif.h"
 
 namespace tovarek {
 namespace {
@@ -28,6 +29,26 @@ std::string VerdictOf(const Judgement& judgement) {
     return judgement.isNew ? "new" : std::string(VerdictName(judgement.comparison.Verdict()));
 }
 
+std::string CountText(std::size_t count, const char* one, const char* more) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : more);
+}
+
+// What of the own types nobody has told, as the end of a sentence.
+std::string MissedTypes(const InterfaceComparison& comparison) {
+    const OwnTypeCount& variables = comparison.ownTypesOfVariables;
+    const OwnTypeCount& properties = comparison.ownTypesOfProperties;
+    if (variables.missed + properties.missed == 0)
+        return {};
+    if (variables.compared + properties.compared == 0)
+        return "; own types not compared";
+    std::string text;
+    if (variables.missed > 0)
+        text += CountText(variables.missed, "variable", "variables");
+    if (properties.missed > 0)
+        text += (text.empty() ? "" : " and ") + CountText(properties.missed, "property", "properties");
+    return "; own types of " + text + " not compared";
+}
+
 std::string VerdictText(const Judgement& judgement) {
     const InterfaceComparison& comparison = judgement.comparison;
     const InterfaceVerdict verdict = comparison.Verdict();
@@ -39,9 +60,7 @@ std::string VerdictText(const Judgement& judgement) {
     if (verdict == InterfaceVerdict::breakingUnderSameId)
         text += " " + comparison.programIdAfter + ": raise the model number" +
                 (judgement.nextFree.empty() ? "" : ", the next free one is " + judgement.nextFree);
-    if (comparison.hasOwnTypes)
-        text += "; own types not compared";
-    return text;
+    return text + MissedTypes(comparison);
 }
 
 void WriteText(const Judgement& judgement, std::ostream& out) {
@@ -80,6 +99,14 @@ Json ChangeJson(const InterfaceChange& change) {
             {"old", change.before},         {"new", change.after}};
 }
 
+Json OwnTypesJson(const InterfaceComparison& comparison) {
+    const auto counts = [](const OwnTypeCount& count) {
+        return Json{{"compared", count.compared}, {"notCompared", count.missed}};
+    };
+    return {{"variables", counts(comparison.ownTypesOfVariables)},
+            {"properties", counts(comparison.ownTypesOfProperties)}};
+}
+
 void WriteJson(const Judgement& judgement, std::ostream& out) {
     const InterfaceComparison& comparison = judgement.comparison;
     Json changes = Json::array();
@@ -88,7 +115,7 @@ void WriteJson(const Judgement& judgement, std::ostream& out) {
     Json json = {{"verdict", VerdictOf(judgement)},
                  {"text", VerdictText(judgement)},
                  {"programID", {{"old", comparison.programIdBefore}, {"new", comparison.programIdAfter}}},
-                 {"ownTypes", comparison.hasOwnTypes ? "not compared" : "none"},
+                 {"ownTypes", OwnTypesJson(comparison)},
                  {"changes", std::move(changes)}};
     if (!judgement.comparedWith.empty())
         json["comparedWith"] = judgement.comparedWith;
@@ -99,23 +126,22 @@ void WriteJson(const Judgement& judgement, std::ostream& out) {
 
 Judgement Judge(const InterfaceDiffOptions& options) {
     const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
-    const ResourceNames names(catalog->types.Catalog());
     const ComparedInterface after = ReadComparedInterface(options.after, options.place);
     const std::string programId = UpperCase(after.file.programId);
     std::vector<KnownInterface> known;
     if (!options.known.empty())
-        known = ReadKnownInterfaces(options.known, options.after);
+        known = ReadKnownInterfaces(options.known, options.after.interface);
+    InterfaceWords before = options.before;
     Judgement judgement;
-    if (!options.before.empty()) {
-        judgement.comparison =
-            CompareInterfaces(ReadComparedInterface(options.before, options.place), after, names);
-    } else if (const KnownInterface* const one = FindKnown(known, programId)) {
-        judgement.comparedWith = one->path;
-        judgement.comparison = CompareInterfaces({one->file}, after, names);
-    } else {
-        judgement.isNew = true;
+    if (const KnownInterface* const one = before.interface.empty() ? FindKnown(known, programId) : nullptr)
+        judgement.comparedWith = before.interface = one->path;
+    judgement.isNew = before.interface.empty();
+    if (judgement.isNew)
         judgement.comparison.programIdAfter = programId;
-    }
+    else
+        judgement.comparison =
+            CompareInterfaces(ReadComparedInterface(before, options.place), after, catalog->types.Catalog(),
+                              options.place.IsShipped() ? StandardTexts::published : StandardTexts::all);
     if (!known.empty() && judgement.comparison.Verdict() == InterfaceVerdict::breakingUnderSameId)
         judgement.nextFree = NextFreeModel(programId, known).value_or("");
     return judgement;
@@ -127,6 +153,10 @@ int Diff(const InterfaceDiffOptions& options, OutputFormat format, Streams strea
         WriteJson(judgement, streams.out);
     else if (format == OutputFormat::markdown)
         WriteMarkdown(judgement, streams.out);
+    else if (format == OutputFormat::sarif)
+        streams.out << SarifText({judgement.comparison, InputNamed(options.after.interface).file,
+                                  VerdictOf(judgement), VerdictText(judgement)},
+                                 TOVAREK_VERSION);
     else
         WriteText(judgement, streams.out);
     return judgement.comparison.Verdict() == InterfaceVerdict::breakingUnderSameId ? kDifferent : kDone;

@@ -3,15 +3,16 @@
 
 #include <string>
 
+#include "cli/InterfaceInput.h"
 #include "cli/OpenCatalog.h"
 #include "cli/Report.h"
 
 namespace tovarek {
 
 struct InterfaceDiffOptions {
-    // XIF files, templates or jobs; with `known` an empty `before` is looked for there.
-    std::string before;
-    std::string after;
+    // XIF files, templates or jobs; with `known` an empty one before is looked for there.
+    InterfaceWords before;
+    InterfaceWords after;
     std::string known;  // folder of the interfaces that were released; may be empty
     CatalogPlace place;
 };

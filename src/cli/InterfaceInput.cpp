@@ -1,5 +1,7 @@
 #include "cli/InterfaceInput.h"
 
+#include <map>
+
 #include "base/Path.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
@@ -7,6 +9,9 @@
 #include "cli/JobSetup.h"
 #include "compare/GeneratedInterface.h"
 #include "convert/FromInput.h"
+#include "system/Files.h"
+#include "values/ProgramId.h"
+#include "values/ValueTypes.h"
 
 namespace tovarek {
 namespace {
@@ -44,8 +49,14 @@ ComparedInterface OfJob(const std::string& path) {
     device.Load();
     CProfile profile;
     const bool hasProfile = LoadProfile(component, errorHandler, profile);
+    std::vector<OwnTypes> types;
+    if (component.mustGenerateTypes())
+        types = GeneratedTypes(device,
+                               {component.typeFilesXMLFormat(), component.userTypeFilePath(),
+                                component.typeFilesXMLPrefix(), component.createUnitsFromReference()},
+                               *catalog);
     return {GeneratedInterface(std::move(device), profile, component.addNameInCpString(), *catalog, path),
-            false, hasProfile};
+            false, hasProfile, std::move(types)};
 }
 
 ComparedInterface OfTemplate(const NamedInput& input, const CatalogPlace& place) {
@@ -61,21 +72,69 @@ ComparedInterface OfTemplate(const NamedInput& input, const CatalogPlace& place)
             false, found.hasProfile};
 }
 
-}  // namespace
+// The sets that lie beside an interface file and have its program ID. Of two of one scope nobody knows which
+// counts.
+std::vector<OwnTypes> TypesBeside(const std::string& path, const std::string& programId) {
+    std::map<std::uint8_t, std::vector<std::string>> found;
+    const std::string folder = FolderOf(path);
+    for (const std::string& name : DirectoryEntries(folder.empty() ? "." : folder)) {
+        TypeFile types;
+        if (ExtensionOf(name) != RowOf(ResourceKind::type).extension || FolderExists(folder + name) ||
+            !ReadTypeFile(ReadFile(folder + name), types).Ok())
+            continue;
+        std::string id;
+        for (const std::uint8_t byte : types.header.programId)
+            AppendHex(id, byte, 2);
+        if (id == programId)
+            found[types.header.scope].push_back(folder + name);
+    }
+    std::vector<OwnTypes> sets;
+    for (const auto& [scope, paths] : found)
+        if (scope != 0 && paths.size() == 1)
+            sets.push_back(ReadOwnTypes(paths.front()));
+    return sets;
+}
 
-ComparedInterface ReadComparedInterface(const std::string& word, const CatalogPlace& place) {
+ComparedInterface InterfaceOfWord(const std::string& word, const CatalogPlace& place) {
     const NamedInput input = InputNamed(word);
     const std::string extension = ExtensionOf(input.file);
     if (extension == "json")
         return OfJob(input.file);
     if (extension == "ini" || extension == "xml")
         return OfTemplate(input, place);
-    if (IsXif(input.file))
-        return {ReadXif(input.file)};
+    if (IsXif(input.file)) {
+        ComparedInterface found{ReadXif(input.file)};
+        found.types = TypesBeside(input.file, ProgramIdDigits(found.file.programId).value_or(""));
+        return found;
+    }
     throw WrongUse(
         "'" + Excerpt(word) +
         "' does not begin like an XIF file, and its name does not tell another form; interfaces are "
         "called .xif, .ini or .xml (templates), or .json (jobs)");
+}
+
+// Sets that were named stand for those that were found.
+std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths) {
+    std::vector<OwnTypes> sets;
+    for (const std::string& path : paths) {
+        OwnTypes own = ReadOwnTypes(path);
+        for (const OwnTypes& other : sets)
+            if (other.types.header.scope == own.types.header.scope)
+                throw WrongUse("'" + Excerpt(path) + "' is the second set of scope " +
+                               std::to_string(own.types.header.scope) +
+                               " of one interface; give one of them");
+        sets.push_back(std::move(own));
+    }
+    return sets;
+}
+
+}  // namespace
+
+ComparedInterface ReadComparedInterface(const InterfaceWords& words, const CatalogPlace& place) {
+    ComparedInterface found = InterfaceOfWord(words.interface, place);
+    if (!words.types.empty())
+        found.types = NamedTypes(words.types);
+    return found;
 }
 
 }  // namespace tovarek

@@ -2,16 +2,23 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/OpenCatalog.h"
 #include "compare/CompareInterfaces.h"
 
 namespace tovarek {
 
-// `word` is an XIF file, a job, or a template, .ini or .xml (FILE#ELEMENT where it is not the document
+struct InterfaceWords {
+    std::string interface;
+    std::vector<std::string> types{};  // type files (.typ) of its resource files, one a scope
+};
+
+// The interface is an XIF file, a job, or a template, .ini or .xml (FILE#ELEMENT where it is not the document
 // element), which are read as a generation would write them. A job may name a catalog of its own; `place` is
-// that of the others. Throws WrongUse for what is none of these, and raises what reading and generating
-// raises.
-ComparedInterface ReadComparedInterface(const std::string& word, const CatalogPlace& place);
+// that of the others. Where no type files are named, those that lie beside an XIF file and have its program
+// ID count, and those that a job would generate. Throws WrongUse for what is none of these, and raises what
+// reading and generating raises.
+ComparedInterface ReadComparedInterface(const InterfaceWords& words, const CatalogPlace& place);
 
 }  // namespace tovarek

@@ -36,7 +36,7 @@ void AddSet(const std::string& path, std::vector<OwnTypes>& sets, std::vector<st
 void ReadInterface(const std::vector<std::string>& words, const CatalogPlace& place, CCatalog& catalog,
                    ShownDevice& device) {
     if (words.size() == 1) {
-        ComparedInterface found = ReadComparedInterface(words.front(), place);
+        ComparedInterface found = ReadComparedInterface({words.front()}, place);
         device.file = std::move(found.file);
         device.hasParameters = found.hasParameters;
         return;

@@ -136,13 +136,13 @@ std::vector<std::size_t> RanksBefore(const std::vector<AlignedPair>& pairs) {
     std::vector<std::size_t> ranks;
     ranks.reserve(pairs.size());
     for (const AlignedPair& pair : pairs)
-        ranks.push_back(static_cast<std::size_t>(
-            std::lower_bound(sorted.begin(), sorted.end(), pair.before) - sorted.begin()));
+        ranks.push_back(static_cast<std::size_t>(std::lower_bound(sorted.begin(), sorted.end(), pair.before) -
+                                                 sorted.begin()));
     return ranks;
 }
 
-// How a list came out of order: pairs that stand at each other's place among all, and what is not in the order
-// of the most others once these are put back.
+// How a list came out of order: pairs that stand at each other's place among all, and what is not in the
+// order of the most others once these are put back.
 struct Disorder {
     std::vector<std::pair<AlignedPair, AlignedPair>> swapped;
     std::vector<AlignedPair> moved;
@@ -175,7 +175,8 @@ std::vector<AlignedPair> Without(std::vector<AlignedPair> pairs, const AlignedPa
     return pairs;
 }
 
-// A record that moved across others hides their swaps: it is taken out first where that tells the rest shorter.
+// A record that moved across others hides their swaps: it is taken out first where that tells the rest
+// shorter.
 Disorder LeastDisorder(std::vector<AlignedPair> pairs) {
     constexpr std::size_t kMostTried = 16;  // what is out of order further is not told any shorter
     std::vector<AlignedPair> moved;

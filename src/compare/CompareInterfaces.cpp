@@ -103,12 +103,6 @@ std::string OtherRecordsOf(const XifFile& file) {
     return text + file.attached;
 }
 
-bool HasOwnTypes(const XifFile& file) {
-    return HasOwnPropertyTypes(file) ||
-           std::any_of(file.variables.begin(), file.variables.end(),
-                       [](const XifVariable& variable) { return variable.standardType == 0; });
-}
-
 }  // namespace
 
 InterfaceVerdict InterfaceComparison::Verdict() const {
@@ -124,20 +118,22 @@ InterfaceVerdict InterfaceComparison::Verdict() const {
 }
 
 InterfaceComparison CompareInterfaces(const ComparedInterface& before, const ComparedInterface& after,
-                                      const ResourceNames& names) {
+                                      const StandardCatalog* catalog, StandardTexts texts) {
     const XifFile& old = before.file;
     const XifFile& now = after.file;
     InterfaceComparison result;
     result.programIdBefore = UpperCase(old.programId);
     result.programIdAfter = UpperCase(now.programId);
-    result.hasOwnTypes = HasOwnTypes(old) || HasOwnTypes(now);
+    const ResourceNames names(catalog);
+    const OwnTypesOfDevice typesBefore(old, before.types, catalog, texts);
+    const OwnTypesOfDevice typesAfter(now, after.types, catalog, texts);
     ChangeList changes;
     changes.Expect(InterfaceRule::programId, "device", "program ID", result.programIdBefore,
                    result.programIdAfter);
     CompareDeviceDocumentation(old, now, changes);
     CompareTags(old, now, changes);
-    CompareVariables(old, now, names, changes);
-    CompareProperties(old, now, names, changes);
+    result.ownTypesOfVariables = CompareVariables({old, typesBefore}, {now, typesAfter}, names, changes);
+    result.ownTypesOfProperties = CompareProperties({old, typesBefore}, {now, typesAfter}, names, changes);
     if (ContentText(old.values) != ContentText(now.values))
         changes.Tell(InterfaceRule::variableValues, "configuration variables", "default values",
                      ContentText(old.values), ContentText(now.values));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "compare/InterfaceChange.h"
+#include "control/OwnTypes.h"
 #include "control/ResourceNames.h"
 #include "formats/xif/XifFile.h"
 
@@ -13,8 +14,9 @@ namespace tovarek {
 
 struct ComparedInterface {
     XifFile file;
-    bool isFile = true;         // false: made from inputs, so that nothing tells of a file
-    bool hasParameters = true;  // false: nothing gives lines 6 to 10
+    bool isFile = true;             // false: made from inputs, so that nothing tells of a file
+    bool hasParameters = true;      // false: nothing gives lines 6 to 10
+    std::vector<OwnTypes> types{};  // of its resource files, one set a scope
 };
 
 enum class InterfaceVerdict { equal, harmless, breakingUnderNewId, breakingUnderSameId };
@@ -23,15 +25,16 @@ struct InterfaceComparison {
     std::vector<InterfaceChange> changes;  // breaking ones first
     std::string programIdBefore;
     std::string programIdAfter;
-    // True when one of the two has types of its own, of which an interface file tells the length alone.
-    bool hasOwnTypes = false;
+    // Of types of the device's own an interface file tells the length alone: the others were missed.
+    OwnTypeCount ownTypesOfVariables;
+    OwnTypeCount ownTypesOfProperties;
 
     InterfaceVerdict Verdict() const;
 };
 
-// `names` tells what types and values are.
+// `catalog` tells what types and values are and may be null, `texts` which texts of it other sets refer to.
 InterfaceComparison CompareInterfaces(const ComparedInterface& before, const ComparedInterface& after,
-                                      const ResourceNames& names);
+                                      const StandardCatalog* catalog, StandardTexts texts);
 
 // "equal", "harmless", "breaking under a new program ID", "breaking under the same program ID".
 std::string_view VerdictName(InterfaceVerdict verdict);

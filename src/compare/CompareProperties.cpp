@@ -4,21 +4,13 @@
 
 #include "compare/Documentation.h"
 #include "compare/RecordChanges.h"
+#include "compare/TypeChanges.h"
 #include "formats/xif/XifProperties.h"
-#include "values/ValueTypes.h"
 
 namespace tovarek {
 namespace {
 
 constexpr std::int64_t kTemplateType = 2;
-
-std::uint16_t NumberOf(const std::string& digits) {
-    constexpr std::size_t kMostDigits = 4;  // there is no type beyond
-    std::uint16_t number = 0;
-    for (const char c : digits.size() > kMostDigits ? std::string() : digits)
-        number = static_cast<std::uint16_t>(number * 10 + (c - '0'));
-    return number;
-}
 
 struct PropertyList {
     explicit PropertyList(const XifFile& file) : declared(ReadXifTemplate(file)) {
@@ -44,11 +36,16 @@ std::string Flags(const XifProperty& property) {
 
 class PropertyComparison {
   public:
-    PropertyComparison(const XifFile& before, const XifFile& after, const ResourceNames& names,
+    PropertyComparison(const InterfaceSide& before, const InterfaceSide& after, const ResourceNames& names,
                        ChangeList& changes)
-        : before_(before), after_(after), names_(names), changes_(changes) {}
+        : before_(before.file),
+          after_(after.file),
+          typesBefore_(before.types),
+          typesAfter_(after.types),
+          names_(names),
+          changes_(changes) {}
 
-    void Compare() {
+    OwnTypeCount Compare() {
         const std::vector<XifProperty>& old = before_.declared.properties;
         const std::vector<XifProperty>& now = after_.declared.properties;
         changes_.Expect(InterfaceRule::propertyVersion, "configuration properties", "version",
@@ -64,6 +61,7 @@ class PropertyComparison {
         for (const AlignedPair& pair : alignment.pairs)
             ComparePair(titles[pair.after], pair);
         CompareBytes();
+        return count_;
     }
 
   private:
@@ -82,7 +80,7 @@ class PropertyComparison {
         if (!property.isKnown)
             return Printable(property.record);
         const std::string name =
-            property.scope == "0" ? names_.CpName({0, NumberOf(property.type)}) : std::string();
+            property.scope == "0" ? StandardPropertyName(TypeNumberOf(property.type), names_) : std::string();
         return name.empty() ? "type " + property.type + " of scope " + property.scope : name;
     }
 
@@ -108,30 +106,12 @@ class PropertyComparison {
         const std::optional<std::string_view>& valueBefore = before_.values[pair.before];
         const std::optional<std::string_view>& valueAfter = after_.values[pair.after];
         if (valueBefore && valueAfter && *valueBefore != *valueAfter)
-            changes_.Tell(InterfaceRule::propertyValue, record, "value", ValueText(old, *valueBefore),
-                          ValueText(now, *valueAfter));
-    }
-
-    // Scaled, with its unit, where the catalog knows the type; else the bytes.
-    std::string ValueText(const XifProperty& property, std::string_view bytes) const {
-        const StandardCatalog* const catalog = names_.Catalog();
-        const CpType* const type =
-            property.scope == "0" && catalog != nullptr ? catalog->Cp(NumberOf(property.type)) : nullptr;
-        if (type == nullptr)
-            return HexText(bytes);
-        const ValueType valueType = ValueTypeOf(TypeName(property), *type, names_);
-        const std::size_t size = SizeOf(valueType.type);
-        if (size == 0 || bytes.empty() || bytes.size() % size != 0)
-            return HexText(bytes);
-        std::string text;
-        for (std::size_t at = 0; at < bytes.size(); at += size) {
-            DecodedValue value;
-            std::vector<std::string> notes;
-            if (!DecodeValue(valueType, bytes.substr(at, size), names_, value, notes).Ok())
-                return HexText(bytes);
-            text += (text.empty() ? "" : ", ") + WrittenValue(value);
-        }
-        return text;
+            changes_.Tell(InterfaceRule::propertyValue, record, "value",
+                          ShownBytes(typesBefore_.ValueOf(old), *valueBefore),
+                          ShownBytes(typesAfter_.ValueOf(now), *valueAfter));
+        if (old.isKnown && now.isKnown && old.scope != "0")
+            CompareOwnTypes(record, typesBefore_.OfProperty(old), typesAfter_.OfProperty(now), changes_,
+                            count_);
     }
 
     // Where the sizes do not add up nobody knows which byte is whose.
@@ -148,8 +128,11 @@ class PropertyComparison {
 
     PropertyList before_;
     PropertyList after_;
+    const OwnTypesOfDevice& typesBefore_;
+    const OwnTypesOfDevice& typesAfter_;
     const ResourceNames& names_;
     ChangeList& changes_;
+    OwnTypeCount count_;
 };
 
 std::string LayoutOf(const XifFile& file) {
@@ -162,17 +145,12 @@ std::string LayoutOf(const XifFile& file) {
 
 }  // namespace
 
-void CompareProperties(const XifFile& before, const XifFile& after, const ResourceNames& names,
-                       ChangeList& changes) {
-    PropertyComparison(before, after, names, changes).Compare();
-    changes.Expect(InterfaceRule::propertyFiles, "files of properties", "files", LayoutOf(before),
-                   LayoutOf(after));
-}
-
-bool HasOwnPropertyTypes(const XifFile& file) {
-    const XifPropertyTemplate declared = ReadXifTemplate(file);
-    return std::any_of(declared.properties.begin(), declared.properties.end(),
-                       [](const XifProperty& property) { return property.isKnown && property.scope != "0"; });
+OwnTypeCount CompareProperties(const InterfaceSide& before, const InterfaceSide& after,
+                               const ResourceNames& names, ChangeList& changes) {
+    const OwnTypeCount count = PropertyComparison(before, after, names, changes).Compare();
+    changes.Expect(InterfaceRule::propertyFiles, "files of properties", "files", LayoutOf(before.file),
+                   LayoutOf(after.file));
+    return count;
 }
 
 }  // namespace tovarek

@@ -3,12 +3,11 @@
 
 #include "compare/Documentation.h"
 #include "compare/RecordChanges.h"
+#include "compare/TypeChanges.h"
 
 namespace tovarek {
 namespace {
 
-constexpr std::size_t kIndex = 0;  // behind the name: index, rates, array size
-constexpr std::size_t kArray = 3;
 constexpr std::size_t kDirection = 3;  // on the second line
 
 // The second line but for the direction. What may be changed in the field is only a default; the place behind
@@ -70,10 +69,10 @@ std::vector<std::int64_t> IndexGaps(const std::vector<XifVariable>& variables) {
     gaps.reserve(variables.size());
     std::int64_t next = 0;
     for (const XifVariable& variable : variables) {
-        const std::int64_t index = variable.Number(kIndex).value_or(next);
+        const std::int64_t index = variable.Number(kVariableIndex).value_or(next);
         gaps.push_back(index - next);
         next = index;
-        const std::int64_t entries = std::max<std::int64_t>(variable.Number(kArray).value_or(0), 1);
+        const std::int64_t entries = std::max<std::int64_t>(variable.Number(kVariableArray).value_or(0), 1);
         next = next > INT64_MAX - entries ? INT64_MAX : next + entries;
     }
     return gaps;
@@ -81,11 +80,16 @@ std::vector<std::int64_t> IndexGaps(const std::vector<XifVariable>& variables) {
 
 class VariableComparison {
   public:
-    VariableComparison(const XifFile& before, const XifFile& after, const ResourceNames& names,
+    VariableComparison(const InterfaceSide& before, const InterfaceSide& after, const ResourceNames& names,
                        ChangeList& changes)
-        : before_(before.variables), after_(after.variables), names_(names), changes_(changes) {}
+        : before_(before.file.variables),
+          after_(after.file.variables),
+          typesBefore_(before.types),
+          typesAfter_(after.types),
+          names_(names),
+          changes_(changes) {}
 
-    void Compare() {
+    OwnTypeCount Compare() {
         const std::vector<std::string> namesBefore = NamesOf(before_);
         const std::vector<std::string> namesAfter = NamesOf(after_);
         const std::vector<Shape> shapesBefore(before_.begin(), before_.end());
@@ -103,11 +107,13 @@ class VariableComparison {
         for (const AlignedPair& pair : alignment.pairs) {
             if (gapsBefore[pair.before] != gapsAfter[pair.after])
                 changes_.Tell(InterfaceRule::variableIndex, titles_[pair.after], "index",
-                              NumberText(before_[pair.before].Number(kIndex)),
-                              NumberText(after_[pair.after].Number(kIndex)));
+                              NumberText(before_[pair.before].Number(kVariableIndex)),
+                              NumberText(after_[pair.after].Number(kVariableIndex)));
             ComparePair(titles_[pair.after], before_[pair.before], after_[pair.after]);
+            CompareTypes(titles_[pair.after], pair);
         }
         TellElements();
+        return count_;
     }
 
   private:
@@ -161,10 +167,16 @@ class VariableComparison {
             firstDescribed_ = record;
     }
 
+    void CompareTypes(const std::string& record, const AlignedPair& pair) {
+        if (before_[pair.before].standardType == 0 && after_[pair.after].standardType == 0)
+            CompareOwnTypes(record, typesBefore_.OfVariable(pair.before), typesAfter_.OfVariable(pair.after),
+                            changes_, count_);
+    }
+
     void CompareNumbers(const std::string& record, const XifVariable& old, const XifVariable& now) {
         constexpr std::array<std::string_view, 2> kRates = {"avgRate", "maxRate"};
-        changes_.Expect(InterfaceRule::variableArray, record, "array size", NumberText(old.Number(kArray)),
-                        NumberText(now.Number(kArray)));
+        changes_.Expect(InterfaceRule::variableArray, record, "array size",
+                        NumberText(old.Number(kVariableArray)), NumberText(now.Number(kVariableArray)));
         for (std::size_t i = 0; i < kRates.size(); ++i)
             changes_.Expect(InterfaceRule::variableRates, record, kRates[i], NumberText(old.Number(i + 1)),
                             NumberText(now.Number(i + 1)));
@@ -206,8 +218,11 @@ class VariableComparison {
 
     const std::vector<XifVariable>& before_;
     const std::vector<XifVariable>& after_;
+    const OwnTypesOfDevice& typesBefore_;
+    const OwnTypesOfDevice& typesAfter_;
     const ResourceNames& names_;
     ChangeList& changes_;
+    OwnTypeCount count_;
     std::vector<std::string> titles_;
     std::size_t described_ = 0;
     std::string firstDescribed_;
@@ -230,9 +245,9 @@ void CompareTag(const std::string& record, const XifTag& old, const XifTag& now,
 
 }  // namespace
 
-void CompareVariables(const XifFile& before, const XifFile& after, const ResourceNames& names,
-                      ChangeList& changes) {
-    VariableComparison(before, after, names, changes).Compare();
+OwnTypeCount CompareVariables(const InterfaceSide& before, const InterfaceSide& after,
+                              const ResourceNames& names, ChangeList& changes) {
+    return VariableComparison(before, after, names, changes).Compare();
 }
 
 void CompareTags(const XifFile& before, const XifFile& after, ChangeList& changes) {

@@ -1,8 +1,10 @@
-// The interface file that a generation would write, read back.
+// What a generation would write, read back: the interface file and the types.
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "control/OwnTypes.h"
 #include "formats/xif/XifFile.h"
 #include "profile/ProfileValues.h"
 #include "template/CTemplate.h"
@@ -14,5 +16,17 @@ namespace tovarek {
 // template is from.
 XifFile GeneratedInterface(CTemplate device, const ProfileValues& profile, bool addsNames, CCatalog& catalog,
                            const std::string& path);
+
+// What a generation takes its types from.
+struct GeneratedTypesInput {
+    std::string formatFile;
+    std::string userTypeFilePath;
+    std::string prefix;
+    bool takesUnits = true;
+};
+
+// The types of the resource files that a generation would write, one set a scope. Raises the first fault of
+// the template's checks and of the types.
+std::vector<OwnTypes> GeneratedTypes(CTemplate device, const GeneratedTypesInput& input, CCatalog& catalog);
 
 }  // namespace tovarek

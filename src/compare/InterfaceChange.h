@@ -1,6 +1,7 @@
-// One change between two interfaces.
+// One change between two interfaces, and how much of their own types was compared.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "compare/InterfaceRules.h"
@@ -15,6 +16,12 @@ struct InterfaceChange {
     // says it all.
     std::string before;
     std::string after;
+};
+
+// Own types of records that both sides have: those that both sides describe, and the others.
+struct OwnTypeCount {
+    std::size_t compared = 0;
+    std::size_t missed = 0;
 };
 
 // "network variable 3 (nviTemp): direction: input -> output".

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "compare/Align.h"
 #include "compare/InterfaceChange.h"
+#include "compare/OwnTypesOfDevice.h"
 #include "control/ResourceNames.h"
 #include "formats/xif/XifFile.h"
 
@@ -44,13 +45,16 @@ struct ListRules {
 void TellAlignment(const Alignment& alignment, const ListRules& rules, const std::vector<std::string>& before,
                    const std::vector<std::string>& after, ChangeList& changes);
 
-void CompareVariables(const XifFile& before, const XifFile& after, const ResourceNames& names,
-                      ChangeList& changes);
-void CompareTags(const XifFile& before, const XifFile& after, ChangeList& changes);
-void CompareProperties(const XifFile& before, const XifFile& after, const ResourceNames& names,
-                       ChangeList& changes);
+// An interface, and what is known of its own types.
+struct InterfaceSide {
+    const XifFile& file;
+    const OwnTypesOfDevice& types;
+};
 
-// Whether a property is of a type that the device's own resource files describe.
-bool HasOwnPropertyTypes(const XifFile& file);
+OwnTypeCount CompareVariables(const InterfaceSide& before, const InterfaceSide& after,
+                              const ResourceNames& names, ChangeList& changes);
+void CompareTags(const XifFile& before, const XifFile& after, ChangeList& changes);
+OwnTypeCount CompareProperties(const InterfaceSide& before, const InterfaceSide& after,
+                               const ResourceNames& names, ChangeList& changes);
 
 }  // namespace tovarek

@@ -10,7 +10,8 @@ namespace {
 constexpr std::string_view kIntroduction =
     "# What the findings mean\n"
     "\n"
-    "All that `tovarek check` and `tovarek generate` find in the inputs: what it means, why it matters to a "
+    "All that `tovarek check` and `tovarek generate` find in the inputs, and how `tovarek diff --interface` "
+    "judges changes: what it means, why it matters to a "
     "network "
     "tool or a\ndevice, an example with what to write instead, and the mend. `tovarek explain NAME` shows "
     "one of "
@@ -68,6 +69,16 @@ void AddRuntimeErrors(std::string& document) {
                         Code(one.right) + " | " + Escaped(one.mend) + " |\n";
 }
 
+void AddRules(std::string& document) {
+    document +=
+        "\n## Changes of an interface\n\nThe rules of `tovarek diff --interface`. With a breaking change a "
+        "device needs a program ID of its own.\n\n"
+        "| Rule | Effect | Change | Why it matters |\n|---|---|---|---|\n";
+    for (const InterfaceRuleRow& rule : InterfaceRules())
+        document += "| " + Code(rule.name) + " | " + (rule.IsBreaking() ? "breaking" : "harmless") + " | " +
+                    Escaped(rule.meaning) + " | " + Escaped(rule.why) + " |\n";
+}
+
 }  // namespace
 
 std::string MarkdownOf(const Explanation& one) {
@@ -82,6 +93,11 @@ std::string MarkdownOf(const Explanation& one) {
         AddBlock(one.right, text);
     }
     return text + "**Mend.** " + Escaped(one.mend) + "\n\n";
+}
+
+std::string MarkdownOf(const InterfaceRuleRow& rule) {
+    return Escaped(rule.meaning) + " (" + (rule.IsBreaking() ? "**breaking**" : "harmless") +
+           ")\n\n**Why it matters.** " + Escaped(rule.why) + "\n\n";
 }
 
 std::string FindingsDocument() {
@@ -99,6 +115,7 @@ std::string FindingsDocument() {
         "## Runtime errors\n\nThey tell of files and of the machine rather than of a device. Their small "
         "numbers are their own.\n\n";
     AddRuntimeErrors(document);
+    AddRules(document);
     return document;
 }
 

@@ -358,6 +358,19 @@ std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t sco
     return settings.typeFilesBaseName + '_' + std::to_string(scope) + '.' + Ending(settings, kind);
 }
 
+ResourceSetFiles KeptResourceSet(const KeptOutput& kept, const TypeFilesSettings& settings,
+                                 std::int32_t scope) {
+    const auto path = [&](ResourceFileKind kind) {
+        const std::string name =
+            WithFinalBackslash(settings.typeFilesDirectory) + ResourceFileName(settings, scope, kind);
+        return kept.Files().contains(name) ? name : std::string();
+    };
+    return {.language = path(fileLanguage),
+            .types = path(fileTypes),
+            .profiles = path(fileProfiles),
+            .formats = path(fileFormats)};
+}
+
 void GenerateTypeFiles(const ScopeTypes& types, std::int32_t scope, TypeFilesSettings& settings,
                        const std::string& programID, CCatalog& catalog, const CErrorHandler& errorHandler,
                        std::vector<CResFile>& result, const TypeFilesRun& run) {

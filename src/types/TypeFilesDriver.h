@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/KeyedList.h"
+#include "control/ResourceSet.h"
 #include "support/CErrorHandler.h"
 #include "support/Findings.h"
 #include "system/TrialOutput.h"
@@ -24,6 +25,10 @@ inline constexpr ResourceFileKind kResourceFileKinds[] = {fileLanguage, fileProf
 
 // The name of one of them, without folder.
 std::string ResourceFileName(const TypeFilesSettings& settings, std::int32_t scope, ResourceFileKind kind);
+
+// The files of a scope that a run in which nothing was written has left; no paths where it has none.
+ResourceSetFiles KeptResourceSet(const KeptOutput& kept, const TypeFilesSettings& settings,
+                                 std::int32_t scope);
 
 // Where the files of a run go and who hears of it.
 struct TypeFilesRun {

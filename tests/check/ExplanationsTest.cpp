@@ -5,6 +5,7 @@
 
 #include "Program.h"
 #include "Slips.h"
+#include "compare/InterfaceRules.h"
 #include "explain/Explanations.h"
 
 namespace tovarek::test {
@@ -95,7 +96,8 @@ TEST(Explanations, TheCommandTakesEveryNameOfAFinding) {
         EXPECT_EQ(answer.status, 2);
         EXPECT_NE(answer.error.find(row.error), std::string::npos) << answer.error;
     }
-    EXPECT_EQ(Json::parse(Call({"explain", "--list", "--format", "json"}).out).size(), Explanations().size());
+    EXPECT_EQ(Json::parse(Call({"explain", "--list", "--format", "json"}).out).size(),
+              Explanations().size() + InterfaceRules().size());
 }
 
 }  // namespace

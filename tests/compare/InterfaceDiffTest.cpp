@@ -4,6 +4,7 @@
 #include "Edits.h"
 #include "Program.h"
 #include "compare/InterfaceRules.h"
+#include "formats/type/TypeFile.h"
 
 namespace tovarek::test {
 namespace {
@@ -159,6 +160,49 @@ const std::vector<EditRow>& XifEdits() {
     return rows;
 }
 
+// Of the example's format file: own types as its job gives them.
+const std::vector<EditRow>& TypeEdits() {
+    static const std::vector<EditRow> rows = {
+        {"nothing", [](std::string text) { return text; }, kEqual, ""},
+        {"member inserted", Replace("<flow>301</flow>", "<flow>301</flow><return>300</return>"), kSameId,
+         "type-structure"},
+        {"member renamed", Replace("<supply>300</supply>", "<inlet>300</inlet>"), kSameId, "type-structure"},
+        {"members swapped",
+         Replace("<frost>310</frost>\n      <overheat>311</overheat>",
+                 "<overheat>310</overheat>\n      <frost>311</frost>"),
+         kSameId, "type-structure"},
+        {"a standard member for another", Replace("<spaceTemp>105<", "<spaceTemp>107<"), kSameId,
+         "type-scaling type-limits type-text"},
+        {"wider bit field", Replace("<BFSIZE>2<", "<BFSIZE>3<"), kSameId, "type-structure"},
+        {"number for a float",
+         Replace("<TYPE>FLOAT</TYPE>\n    <NAME>power</NAME>\n    <LENGTH>4<",
+                 "<TYPE>SIGNEDNUMERIC</TYPE>\n    <NAME>power</NAME>\n    <LENGTH>2<"),
+         kSameId, "type-structure type-structure type-limits type-limits type-limits"},
+        {"size",
+         Replace("<LENGTH>2</LENGTH>\n    <MIN>0</MIN>\n    <MAX>5000<",
+                 "<LENGTH>1</LENGTH>\n    <MIN>0</MIN>\n    <MAX>100<"),
+         kSameId, "type-size type-size type-limits type-limits"},
+        {"scaling", Replace("<B_COEF>1<", "<B_COEF>2<"), kSameId, "type-scaling type-limits"},
+        {"offset", Replace("<C_COEF>-5000<", "<C_COEF>-5001<"), kSameId,
+         "type-scaling type-scaling type-scaling type-limits type-limits type-limits"},
+        {"sign", Replace("<SNVT_340>\n    <TYPE>UN", "<SNVT_340>\n    <TYPE>"), kSameId, "type-scaling"},
+        {"value of an enumeration", Replace("<FM_AUTO>4<", "<FM_AUTO>5<"), kSameId,
+         "type-enumeration type-enumeration type-enumeration"},
+        {"name in an enumeration", Replace("FM_AUTO", "FM_AUT"), kSameId,
+         "type-enumeration type-enumeration type-enumeration"},
+        {"order in an enumeration",
+         Replace("<FM_OFF>0</FM_OFF>\n      <FM_LOW>1</FM_LOW>", "<FM_LOW>1</FM_LOW><FM_OFF>0</FM_OFF>"),
+         kEqual, ""},
+        {"limits", Replace("<MAX>20000<", "<MAX>30000<"), kHarmless, "type-limits"},
+        {"limits of a float", Replace("<MAX>2500<", "<MAX>3000<"), kHarmless, "type-limits type-limits"},
+        {"unit", Replace("<UNIT>h<", "<UNIT>hours<"), kHarmless, "type-text"},
+        {"long name", Replace("Name of a room", "Room"), kHarmless, "type-text type-text"},
+        {"name", Replace("<NAME>power<", "<NAME>electricity<"), kHarmless, "type-text"},
+        {"units of display", Replace("<UNIT>kW<", "<UNIT>kVA<"), kEqual, ""},
+    };
+    return rows;
+}
+
 class InterfaceDiff : public testing::Test {
   protected:
     // What generate writes of the example.
@@ -170,6 +214,12 @@ class InterfaceDiff : public testing::Test {
         return scratch_.Path(name);
     }
     static std::string Example(const std::string& name) { return std::string(TOVAREK_EXAMPLE) + "/" + name; }
+
+    void CopyExample(const std::string& folder) const {
+        for (const auto& entry : std::filesystem::directory_iterator(StandardPath(Example(""))))
+            std::filesystem::copy(entry.path(),
+                                  StandardPath(scratch_.Path(folder)) / entry.path().filename());
+    }
 
     static Answer Diff(const std::string& before, const std::string& after,
                        const std::vector<std::string>& more = {}) {
@@ -195,25 +245,94 @@ class InterfaceDiff : public testing::Test {
     Scratch scratch_;
 };
 
-TEST_F(InterfaceDiff, JudgesEditsOfTheTemplate) {
+TEST_F(InterfaceDiff, JudgesEdits) {
     const std::string released = Released("node.xif");
-    const std::string original = ReadFile(Example("template.ini"));
-    for (const EditRow& row : TemplateEdits())
-        Expect(row, released, scratch_.File("edited.ini", row.edit(original)));
+    CopyExample("");
+    const std::string job = scratch_.Path("job.json");
+    const std::string limits = "<MINRAWVAL>0FA0<";
+    const struct {
+        std::vector<EditRow> rows;
+        std::string original;
+        std::string before;
+        std::string edited;
+        std::string after;
+    } tables[] = {
+        {TemplateEdits(), Example("template.ini"), released, scratch_.Path("edited.ini"), ""},
+        {XifEdits(), released, released, scratch_.Path("edited.xif"), ""},
+        {TypeEdits(), Example("format.xml"), Example("job.json"), scratch_.Path("format.xml"), job},
+        {{{"raw limits", Replace(limits, "<MINRAWVAL>0FA1<"), kHarmless, "type-limits"}},
+         Example("template.xml"),
+         Example("job.json"),
+         scratch_.Path("template.xml"),
+         job},
+    };
+    for (const auto& table : tables) {
+        const std::string original = ReadFile(table.original);
+        for (const EditRow& row : table.rows) {
+            WriteFile(table.edited, row.edit(original));
+            Expect(row, table.before, table.after.empty() ? table.edited : table.after);
+        }
+        WriteFile(table.edited, original);
+    }
 }
 
-TEST_F(InterfaceDiff, JudgesEditsOfTheXif) {
-    const std::string released = Released("node.xif");
-    const std::string original = ReadFile(released);
-    for (const EditRow& row : XifEdits())
-        Expect(row, released, scratch_.File("edited.xif", row.edit(original)));
+// An interface file says no more of own types than their length; the resource files beside it do.
+TEST_F(InterfaceDiff, ComparesOwnTypesWhereBothSidesGiveThem) {
+    const auto folder = [&](const std::string& name) {
+        std::filesystem::create_directory(StandardPath(scratch_.Path(name)));
+        CopyExample(name + "/");
+        const std::string job = scratch_.Path(name + "/job.json");
+        EXPECT_EQ(
+            Call({"generate", "--job", job, "--typeFilesDirectory", scratch_.Path(name), "--outputXIFfile",
+                  scratch_.Path(name + "/node.xif"), "--catalogDir", TOVAREK_CATALOG})
+                .status,
+            0);
+        return scratch_.Path(name) + "/";
+    };
+    const std::string old = folder("old");
+    const std::string now = folder("now");
+    const auto verdict = [](const Answer& run) { return run.out.substr(run.out.rfind("verdict")); };
+    const std::string equal = "verdict: equal\n";
+    EXPECT_EQ(verdict(Diff(old + "node.xif", now + "node.xif")), equal);
+    EXPECT_EQ(verdict(Diff(old + "node.xif", now + "job.json")), equal);
+    EXPECT_EQ(verdict(Diff(old + "node.xif", now + "template.ini")),
+              "verdict: equal; own types not compared\n");
+    const std::vector<std::string> six = {"--new-types", now + "fancoil_6.typ"};
+    EXPECT_EQ(verdict(Diff(old + "node.xif", now + "template.ini", six)),
+              "verdict: equal; own types of 3 properties not compared\n");
+    const auto counts = nlohmann::json::parse(
+        Diff(old + "node.xif", now + "template.ini", {six[0], six[1], "--format", "json"}).out)["ownTypes"];
+    EXPECT_EQ(counts.dump(),
+              R"({"properties":{"compared":3,"notCompared":3},"variables":{"compared":6,"notCompared":0}})");
+    EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {six[0], six[1], six[0], six[1]}).status, 2);
+    EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {"--old-types", now + "node.xif"}).status, 2);
+
+    // Who numbered the types of variables otherwise tells those of properties alone.
+    TypeFile types;
+    std::string bytes;
+    ASSERT_TRUE(ReadTypeFile(ReadFile(now + "fancoil_6.typ"), types).Ok());
+    types.nvTypes[0]->name = "_waterTemp";
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    scratch_.File("now/fancoil_6.typ", bytes);
+    EXPECT_EQ(Diff(old + "node.xif", now + "node.xif").out,
+              "verdict: equal; own types of 6 variables not compared\n");
+
+    // Two sets of one scope: nobody knows which counts.
+    std::filesystem::copy_file(StandardPath(old + "fancoil_6.typ"), StandardPath(old + "other.typ"));
+    EXPECT_EQ(verdict(Diff(old + "node.xif", old + "node.xif")),
+              "verdict: equal; own types of 6 variables and 3 properties not compared\n");
 }
 
+// Those of types that properties take from their variables as well.
 TEST_F(InterfaceDiff, TellsValuesAsPeopleReadThem) {
+    const std::string inherited = "declaration=2,2~3,0\\x80,7,2;\nvalue=";
+    const std::string original = scratch_.File(
+        "original.ini", Insert("cp", 10, inherited + "07D0\n")(ReadFile(Example("template.ini"))));
     const std::string edited = scratch_.File(
         "edited.ini",
-        Both(Replace("138827103A98", "138827103A84"), Swap("nv", 3, 4))(ReadFile(Example("template.ini"))));
-    const Answer run = Diff(Example("template.ini"), edited);
+        Both(Both(Replace("138827103A98", "138827103A84"), Replace(inherited + "07D0", inherited + "0898")),
+             Swap("nv", 3, 4))(ReadFile(original)));
+    const Answer run = Diff(original, edited);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(
         run.out,
@@ -222,6 +341,8 @@ TEST_F(InterfaceDiff, TellsValuesAsPeopleReadThem) {
         "harmless: configuration property 3 (SCPTmaxSetpoint): value: 25 % of full level, 50 % of full "
         "level, 75 % of full level -> 25 % of full level, 50 % of full level, 74.9 % of full level "
         "[property-value]\n"
+        "harmless: configuration property 10 (SCPTdefOutput): value: 20 degrees Celsius -> 22 degrees "
+        "Celsius [property-value]\n"
         "verdict: breaking under the same program ID 9F:FF:FF:50:14:03:04:01: raise the model number; own "
         "types not compared\n");
 }
@@ -291,6 +412,31 @@ TEST_F(InterfaceDiff, GivesATableForReviews) {
     EXPECT_EQ(Call({"diff", edited, edited, "--known", "x"}).status, 2);
 }
 
+TEST_F(InterfaceDiff, GivesSarifForCodeHosts) {
+    const std::string edited =
+        scratch_.File("edited.ini", Both(Replace("@1|4", "@1|5"), Replace("value=0384", "value=0258"))(
+                                        ReadFile(Example("template.ini"))));
+    const auto run =
+        nlohmann::json::parse(Diff(Example("template.ini"), edited, {"--format", "sarif"}).out)["runs"][0];
+    EXPECT_EQ(run["properties"]["verdict"], kSameId);
+    ASSERT_EQ(run["results"].size(), 2U);
+    const auto& result = run["results"][0];
+    EXPECT_EQ(result["level"], "error");
+    EXPECT_EQ(result["message"]["text"],
+              "network variable 6 (nvoHeatOutput): self-documentation: @1|4 -> @1|5");
+    const std::string place = result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"];
+    EXPECT_TRUE(place.ends_with("/edited.ini")) << place;
+    EXPECT_EQ(run["results"][1]["level"], "note");
+    EXPECT_EQ(run["tool"]["driver"]["rules"][1]["id"], "property-value");
+    // Under a new program ID nothing is wrong.
+    const std::string other = scratch_.File("other.ini", Replace("3040", "3050")(ReadFile(edited)));
+    const auto fine =
+        nlohmann::json::parse(Diff(Example("template.ini"), other, {"--format", "sarif"}).out)["runs"][0];
+    for (const auto& one : fine["results"])
+        EXPECT_EQ(one["level"], "note");
+    EXPECT_EQ(Call({"diff", edited, edited, "--format", "sarif"}).status, 2);
+}
+
 TEST_F(InterfaceDiff, TakesJobsAndTemplatesOfBothForms) {
     const std::string released = Released("node.xif");
     for (const char* form : {"job.json", "template.ini", "template.xml", "template.xml#DEVICE"})
@@ -312,7 +458,11 @@ TEST_F(InterfaceDiff, EndsWithTwoWhereAnInterfaceCannotBeRead) {
 }
 
 TEST_F(InterfaceDiff, EveryRuleIsExplained) {
+    const std::string list = Call({"explain", "--list"}).out;
+    const auto json = nlohmann::json::parse(Call({"explain", "--list", "--format", "json"}).out);
+    EXPECT_EQ(json.back()["name"], InterfaceRules().back().name);
     for (const InterfaceRuleRow& rule : InterfaceRules()) {
+        EXPECT_NE(list.find("\n" + std::string(rule.name) + "\t"), std::string::npos);
         const std::string text = Call({"explain", std::string(rule.name)}).out;
         EXPECT_TRUE(
             text.starts_with(std::string(rule.name) + (rule.IsBreaking() ? ": breaking" : ": harmless")));
