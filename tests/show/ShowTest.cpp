@@ -61,6 +61,16 @@ TEST(Show, TellsADeviceAsText) {
          "  coil: structure", "UNVT__waterFlow (2 bytes): unsigned long, 0 to 5000 l/h (raw 0 to 10000)"});
 }
 
+TEST(Show, HasDrawnThePictureOfTheDocuments) {
+    const Example example;
+    std::vector<std::string> words = {"--as", "svg"};
+    for (const char* scope : {"3", "4", "5", "6"})
+        words.push_back(example.scratch.Path(std::string("fancoil_") + scope + ".typ"));
+    EXPECT_EQ(example.Show(words).out, ReadFile(kExample + "/../../docs/fan-coil.svg"));
+    const Answer json = example.Show({"--as", "svg", "--format", "json"});
+    EXPECT_EQ(json.out.rfind("{\n  \"as\": \"svg\",\n  \"content\": \"<svg ", 0), 0U) << json.out;
+}
+
 TEST(Show, ReadsWhatTellsADevice) {
     const Example example;
     const std::string ini = kExample + "/template.ini";
