@@ -35,6 +35,8 @@ install(DIRECTORY ${PROJECT_BINARY_DIR}/catalog/ DESTINATION catalog)
 
 tovarek_package_registration(register.cmd Registers registered "")
 tovarek_package_registration(unregister.cmd Unregisters unregistered "/u ")
+tovarek_package_text(packaging/selftest.cmd.in selftest.cmd)
+tovarek_package_text(packaging/selftest.vbs selftest.vbs)
 tovarek_package_text(packaging/README.txt.in README.txt)
 tovarek_package_text(LICENSE LICENSE.txt)
 # The XML library, which is part of both programs.

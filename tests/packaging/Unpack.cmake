@@ -7,7 +7,8 @@ file(ARCHIVE_EXTRACT INPUT ${WORK}/zip/${PACKAGE}.zip DESTINATION ${UNPACKED})
 
 # ---- the files, no more and no less ----
 set(expected
-  LICENSE-libxml2.txt LICENSE.txt QVTovarek.dll QVTovarek.tlb README.txt register.cmd tovarek.exe unregister.cmd
+  LICENSE-libxml2.txt LICENSE.txt QVTovarek.dll QVTovarek.tlb README.txt register.cmd selftest.cmd selftest.vbs
+  tovarek.exe unregister.cmd
   catalog/ldrf.cat catalog/standard.enu catalog/standard.fmt catalog/standard.fpt catalog/standard.typ
   include/QVTovarek_h.h include/QVTovarek_i.c)
 foreach(name IN ITEMS README.md generate.cpp generate.js generate.ps1 generate.vbs)
