@@ -307,6 +307,15 @@ TEST_F(InterfaceDiff, ComparesOwnTypesWhereBothSidesGiveThem) {
     EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {six[0], six[1], six[0], six[1]}).status, 2);
     EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {"--old-types", now + "node.xif"}).status, 2);
 
+    // With a variable less nobody knows which of the types is whose.
+    const std::string less = scratch_.File("less.ini", Remove("nv", 9)(ReadFile(now + "template.ini")));
+    EXPECT_NE(Diff(old + "node.xif", less, six).out.find("own types of 5 variables and 3 properties not"),
+              std::string::npos);
+
+    // Without its language file a set tells no texts, and none that are gone.
+    std::filesystem::remove(StandardPath(now + "fancoil_6.ENU"));
+    EXPECT_EQ(Diff(old + "node.xif", now + "node.xif").out, equal);
+
     // Who numbered the types of variables otherwise tells those of properties alone.
     TypeFile types;
     std::string bytes;
@@ -497,6 +506,9 @@ TEST_F(InterfaceDiff, EverySampleIsEqualToItselfAndHarmlessBesideItsOtherForm) {
             << sample;
         const Answer again = Diff(sample, job, {"--format", "json"});
         EXPECT_EQ(nlohmann::json::parse(again.out)["verdict"], kHarmless) << sample << again.out;
+        const std::string generated = scratch_.Path("generated.xif");
+        Call({"generate", "--job", job, "--outputXIFfile", generated, "--catalogDir", TOVAREK_CATALOG});
+        EXPECT_TRUE(Diff(job, generated).out.starts_with("verdict: equal")) << sample;
     }
 }
 
