@@ -63,9 +63,9 @@ std::vector<Verb> FileVerbs() {
     return {
         {"show", "FILE... [OPTIONS]", "a device for people: its objects, variables, properties and types",
          "FILE is an XIF file, a job (.json), or a template, .ini or .xml (FILE#ELEMENT where it is not the\n"
-         "document element), with its profile. Files of the device's own resource sets may stand beside it; "
-         "a\n"
-         "set with the name of an XIF file in its folder is found.",
+         "document element), with its profile. Files of the device's own resource sets may stand beside it;\n"
+         "else those count that lie beside an XIF file and have its program ID, or that a job would "
+         "generate.",
          "tovarek show fan-coil.xif --as html",
          Join({{"--as", "text",
                 "for the terminal, no line is longer than it is wide; or markdown, for a\n"

@@ -113,7 +113,8 @@ ComparedInterface InterfaceOfWord(const std::string& word, const CatalogPlace& p
         "called .xif, .ini or .xml (templates), or .json (jobs)");
 }
 
-// Sets that were named stand for those that were found.
+}  // namespace
+
 std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths) {
     std::vector<OwnTypes> sets;
     for (const std::string& path : paths) {
@@ -128,8 +129,7 @@ std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths) {
     return sets;
 }
 
-}  // namespace
-
+// Sets that were named stand for those that were found.
 ComparedInterface ReadComparedInterface(const InterfaceWords& words, const CatalogPlace& place) {
     ComparedInterface found = InterfaceOfWord(words.interface, place);
     if (!words.types.empty())

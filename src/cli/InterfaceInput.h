@@ -21,4 +21,7 @@ struct InterfaceWords {
 // reading and generating raises.
 ComparedInterface ReadComparedInterface(const InterfaceWords& words, const CatalogPlace& place);
 
+// The sets of these type files. Throws WrongUse for two of one scope.
+std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths);
+
 }  // namespace tovarek

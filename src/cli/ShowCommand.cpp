@@ -53,8 +53,10 @@ int Show(const ShowOptions& options, OutputFormat format, Streams streams) {
     const Form& form = FormNamed(options.form);
     const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
     const ShownDevice device = ReadShownDevice(options.inputs, options.place, *catalog);
-    const View view = MakeView(device, catalog->types.Catalog(),
-                               options.place.IsShipped() ? StandardTexts::published : StandardTexts::all);
+    const View view =
+        MakeView(device, catalog->types.Catalog(),
+                 options.place.IsShipped() && !device.areTypesGenerated ? StandardTexts::published
+                                                                        : StandardTexts::all);
     const std::string text = form.write(view, LineWidth(streams.outIsTerminal));
     if (format == OutputFormat::json)
         streams.out << JsonText({{"as", form.name}, {"content", text}}) << '\n';

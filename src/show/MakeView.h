@@ -16,6 +16,8 @@ struct ShownDevice {
     XifFile file;
     std::vector<OwnTypes> own;  // sets of different scopes
     bool hasParameters = true;  // false: nothing gives lines 6 to 10
+    // The own types were made with the catalog, so that they mean all of its texts.
+    bool areTypesGenerated = false;
 };
 
 // `catalog` may be null; `texts` tells which of its texts other sets mean.

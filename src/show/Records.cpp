@@ -102,15 +102,13 @@ class RecordReader {
         record.membership.text = ShownText(record.membership.text);
         record.notes = NotesOf(source);
         record.type = ShownText(types_.NameOfVariable(position));
-        const std::optional<FoundType> type = types_.OfVariable(position);
-        if (type)
-            record.units = ShownText(UnitsOf(*type));
-        if (source.Attribute(kConfiguration) == 1 && !record.membership.propertyType.empty())
+        record.units = ShownText(types_.UnitsOfVariable(position));
+        const Membership& membership = record.membership;
+        if (source.Attribute(kConfiguration) == 1 && !membership.propertyType.empty())
             record.property = ShownText(
-                types_.NameOfProperty(record.membership.propertyScope, record.membership.propertyType));
+                types_.NameOfProperty({.scope = membership.propertyScope, .type = membership.propertyType}));
         if (const auto value = defaults_.find(&source); value != defaults_.end())
-            record.value = ShownText(ValueShown(type ? &*type : nullptr, value->second));
-        byIndex_.emplace(record.index, position);
+            record.value = ShownText(types_.ValueOfVariable(position, value->second));
         return record;
     }
 
@@ -121,7 +119,7 @@ class RecordReader {
             record.owner = PropertyRecord::Owner::unknown;
             return record;
         }
-        record.name = ShownText(types_.NameOfProperty(source.scope, source.type));
+        record.name = ShownText(types_.NameOfProperty(source));
         if (!source.name.empty())
             record.name = ShownText(source.name) + " (" + record.name + ')';
         record.select = ShownText(source.select);
@@ -138,20 +136,9 @@ class RecordReader {
             Append(record.notes, "constant");
         if (source.IsMakersOnly())
             Append(record.notes, "for the manufacturer only");
-        if (const auto value = values_.find(&source); value != values_.end()) {
-            const std::optional<FoundType> type = TypeOf(source, record);
-            record.value = ShownText(ValueShown(type ? &*type : nullptr, value->second));
-        }
+        if (const auto value = values_.find(&source); value != values_.end())
+            record.value = ShownText(types_.ValueOfProperty(source, value->second));
         return record;
-    }
-
-    // Some property types are those of the variable that they belong to.
-    std::optional<FoundType> TypeOf(const XifProperty& source, const PropertyRecord& record) {
-        std::optional<FoundType> type = types_.OfProperty(source.scope, source.type);
-        if (type || source.scope != "0" || record.owner != PropertyRecord::Owner::variable)
-            return type;
-        const auto variable = byIndex_.find(record.owners.front().first);
-        return variable == byIndex_.end() ? std::nullopt : types_.OfVariable(variable->second);
     }
 
     const XifFile& file_;
@@ -159,7 +146,6 @@ class RecordReader {
     DeviceRecords records_;
     std::map<const XifVariable*, std::string_view> defaults_;
     std::map<const XifProperty*, std::string_view> values_;
-    std::map<std::size_t, std::size_t> byIndex_;  // position of a variable
 };
 
 std::string OwnerText(const PropertyRecord& property) {

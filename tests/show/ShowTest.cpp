@@ -63,10 +63,7 @@ TEST(Show, TellsADeviceAsText) {
 
 TEST(Show, HasDrawnThePictureOfTheDocuments) {
     const Example example;
-    std::vector<std::string> words = {"--as", "svg"};
-    for (const char* scope : {"3", "4", "5", "6"})
-        words.push_back(example.scratch.Path(std::string("fancoil_") + scope + ".typ"));
-    EXPECT_EQ(example.Show(words).out, ReadFile(kExample + "/../../docs/fan-coil.svg"));
+    EXPECT_EQ(example.Show({"--as", "svg"}).out, ReadFile(kExample + "/../../docs/fan-coil.svg"));
     const Answer json = example.Show({"--as", "svg", "--format", "json"});
     EXPECT_EQ(json.out.rfind("{\n  \"as\": \"svg\",\n  \"content\": \"<svg ", 0), 0U) << json.out;
 }
@@ -80,7 +77,7 @@ TEST(Show, ReadsWhatTellsADevice) {
         bool hasChip;
         bool hasTypes;
     } rows[] = {
-        {{kExample + "/job.json"}, true, false},
+        {{kExample + "/job.json"}, true, true},
         {{ini}, false, false},
         {{ini, profile}, true, false},
         {{profile, ini}, true, false},
@@ -98,13 +95,14 @@ TEST(Show, ReadsWhatTellsADevice) {
     }
 }
 
-TEST(Show, FindsTheSetBesideAnInterfaceFile) {
+TEST(Show, TakesTheSetsBesideAnInterfaceFileOrThoseThatAreNamed) {
     const Example example;
-    EXPECT_EQ(example.Show().out.find("UNVT__waterTemp"), std::string::npos);
-    for (const char* kind : {".typ", ".ENU"})
-        std::filesystem::copy_file(example.scratch.Path(std::string("fancoil_6") + kind),
-                                   example.scratch.Path(std::string("fan-coil") + kind));
-    EXPECT_NE(example.Show().out.find("nvoWaterTemp: UNVT__waterTemp, °C"), std::string::npos);
+    const std::string found = example.Show().out;
+    for (const char* line : {"nvoWaterTemp: UNVT__waterTemp, °C", "UCPT_1_powerLimit = 1500 W"})
+        EXPECT_NE(found.find(line), std::string::npos) << line;
+    const std::string named = example.Show({example.scratch.Path("fancoil_3.typ")}).out;
+    for (const char* line : {"nvoWaterTemp: own type of 2 bytes", "UCPT_1_powerLimit = 1500 W"})
+        EXPECT_NE(named.find(line), std::string::npos) << line;
 }
 
 TEST(Show, RefusesWhatIsNoDevice) {
