@@ -10,6 +10,7 @@
 #include "check/MeantFindings.h"
 #include "check/SourceLines.h"
 #include "check/WarningNames.h"
+#include "mend/EditPieces.h"
 
 namespace tovarek {
 namespace {
@@ -83,21 +84,26 @@ class Judgement {
         Index();
         std::vector<std::vector<FindingNote>> notes(findings_.size());
         std::vector<bool> isNote(findings_.size());
-        for (std::size_t i = 0; i < findings_.size(); ++i)
+        std::vector<std::vector<Piece>> mends(findings_.size());
+        for (std::size_t i = 0; i < findings_.size(); ++i) {
             notes[i] = std::move(findings_[i].notes);
+            if (!isMeant[i])
+                mends[i] = pieces_.Of(findings_[i].context.file, findings_[i].edits);
+        }
         for (std::size_t i = 0; i < findings_.size(); ++i) {
             const auto& causes = IsOwnCause(findings_[i]) ? suggesting_ : causes_;
             const auto cause = causes.find(CauseKey(findings_[i], findings_[i].causeLine));
             isNote[i] = findings_[i].causeLine > 0 && cause != causes.end();
-            if (isNote[i])
+            if (isNote[i]) {
                 AddNote(notes[cause->second], findings_[i]);
-            else if (findings_[i].warning == Warning::none)
+                AddMend(findings_[cause->second], findings_[i], mends[cause->second], mends[i]);
+            } else if (findings_[i].warning == Warning::none)
                 AddExplanations(findings_[i], notes[i]);
         }
         std::vector<CheckedFinding> judged;
         for (std::size_t i = 0; i < findings_.size(); ++i)
             if (!isNote[i] && !isMeant[i] && IsToldAtAll(findings_[i]))
-                judged.push_back(Judged(findings_[i], std::move(notes[i]), i + 1));
+                judged.push_back(Judged(findings_[i], std::move(notes[i]), std::move(mends[i]), i + 1));
         std::stable_sort(judged.begin(), judged.end(), [](const CheckedFinding& a, const CheckedFinding& b) {
             return std::tie(a.context.file, a.context.line, a.column) <
                    std::tie(b.context.file, b.context.line, b.column);
@@ -156,7 +162,17 @@ class Judgement {
             notes.push_back({{}, 0, "and others that follow from it"});
     }
 
-    CheckedFinding Judged(const Finding& finding, std::vector<FindingNote> notes, std::size_t order) {
+    // What mends a note helps what it is a note of; both lie in one file.
+    static void AddMend(const Finding& finding, const Finding& note, std::vector<Piece>& mend,
+                        const std::vector<Piece>& more) {
+        for (const Piece& piece : more)
+            if (finding.context.file == note.context.file &&
+                std::find(mend.begin(), mend.end(), piece) == mend.end())
+                mend.push_back(piece);
+    }
+
+    CheckedFinding Judged(const Finding& finding, std::vector<FindingNote> notes, std::vector<Piece> mend,
+                          std::size_t order) {
         const LinePlace place = lines_.PlaceOf(finding);
         return {.isError = finding.warning == Warning::none,
                 .error = finding.error,
@@ -167,12 +183,14 @@ class Judgement {
                 .width = place.width,
                 .source = lines_.Line(finding.context.file, finding.context.line),
                 .notes = std::move(notes),
-                .order = order};
+                .order = order,
+                .mend = std::move(mend)};
     }
 
     std::vector<Finding> findings_;
     const CheckOptions& options_;
     SourceLines lines_;
+    EditPieces pieces_;
     // The first finding of each line that explains others, and the explaining ones of each record and line.
     std::unordered_map<std::string, std::size_t> causes_;
     std::unordered_map<std::string, std::size_t> suggesting_;  // errors with "did you mean", by line

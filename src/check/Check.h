@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "component/Tovarek.h"
+#include "mend/Piece.h"
 #include "support/Findings.h"
 
 namespace tovarek {
@@ -22,7 +23,8 @@ struct CheckedFinding {
     int width = 0;       // of the marked piece
     std::string source;  // the line itself
     std::vector<FindingNote> notes;
-    std::size_t order = 0;  // in the sequence of Generate, from 1
+    std::size_t order = 0;      // in the sequence of Generate, from 1
+    std::vector<Piece> mend{};  // all together mend it, and the notes with a mend of their own
 };
 
 struct CheckOptions {

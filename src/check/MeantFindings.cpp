@@ -5,8 +5,8 @@
 
 #include "base/Nearest.h"
 #include "base/Text.h"
-#include "check/SourceLines.h"
 #include "check/WarningNames.h"
+#include "mend/InputText.h"
 #include "support/IniText.h"
 #include "system/Files.h"
 

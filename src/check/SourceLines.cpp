@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "base/Text.h"
+#include "mend/InputText.h"
 #include "support/IniText.h"
 #include "system/Files.h"
 #include "xml/XmlText.h"
@@ -80,12 +81,6 @@ LinePlace JsonPlace(std::string_view line, const Finding& finding) {
 }
 
 }  // namespace
-
-bool LooksLikeXml(std::string_view bytes) {
-    using namespace std::string_view_literals;
-    const std::size_t first = bytes.find_first_not_of(" \t\r\n\xEF\xBB\xBF\xFE\xFF\0"sv);
-    return first != std::string_view::npos && bytes[first] == '<';
-}
 
 const SourceLines::File& SourceLines::Read(const std::string& file) {
     const auto [place, isNew] = files_.try_emplace(file);

@@ -16,10 +16,6 @@ struct LinePlace {
     int width = 0;
 };
 
-// Whether the bytes of an input are XML in any encoding: marks, and the NUL bytes of UTF-16, may stand beside
-// the first "<".
-bool LooksLikeXml(std::string_view bytes);
-
 class SourceLines {
   public:
     // The line as text, empty when it cannot be had: a missing file, a line behind its end.

@@ -13,6 +13,8 @@ namespace tovarek {
 struct CheckWishes {
     CheckOptions options;
     bool warningsAsErrors = false;
+    bool isMending = false;      // what has a mend, in the inputs
+    bool isTrial = false;        // with it: only shows what would be done
     std::string color = "auto";  // auto, always or never
 };
 

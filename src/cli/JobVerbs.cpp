@@ -60,6 +60,8 @@ int Check(const Given& given, Streams streams) {
     wishes.options.ignored = given.All("--ignore");
     wishes.options.isPedantic = given.Has("--pedantic");
     wishes.warningsAsErrors = given.Has("--warnings-as-errors");
+    wishes.isMending = given.Has("--fix");
+    wishes.isTrial = given.Has("--dry-run");
     wishes.color = given.Text("--color", wishes.color);
     return RunCheck(SettingsOf(given), wishes, given.format, streams);
 }
@@ -83,6 +85,8 @@ std::vector<Verb> JobVerbs() {
              {{"--ignore", "NAME", "leave a warning out, e.g. --ignore ignored-key; may be repeated", true},
               {"--pedantic", "", "weak warnings too"},
               {"--warnings-as-errors", "", "exit status 1 for a warning as well"},
+              {"--fix", "", "mend in the inputs what has exactly one mend, and check again"},
+              {"--dry-run", "", "with --fix: show the mends as a diff; nothing is written"},
               {"--color", "auto|always|never", "colours; auto: on a terminal, unless NO_COLOR is set", true},
               {"--format", "sarif", "for code hosts: SARIF 2.1.0"},
               {"--format", "junit", "for build servers: a test case for each input, in JUnit's XML"}}),

@@ -45,6 +45,11 @@ Json FindingJson(const CheckedFinding& finding) {
         notes.push_back(std::move(row));
     }
     json["notes"] = std::move(notes);
+    for (const Piece& piece : finding.mend)
+        json["mend"].push_back({{"line", piece.line},
+                                {"column", piece.column},
+                                {"endColumn", piece.column + piece.width},
+                                {"text", piece.text}});
     return json;
 }
 

@@ -78,14 +78,15 @@ std::optional<std::int32_t> NumberMeant(const ProfileField& field, std::string_v
 
 }  // namespace
 
-std::string MendOfProfile(const ProfileField& field, std::string_view typed, bool isXml) {
+Advice MendOfProfile(const ProfileField& field, std::string_view typed, bool isXml) {
     const std::string_view accepted = AcceptedBy(field);
     if (const auto number = NumberMeant(field, typed, accepted)) {
         const std::string value = std::to_string(*number);
         const std::string name = isXml ? UpperCase(field.name) : std::string(field.iniKey);
-        return isXml ? "write <" + name + ">" + value + "</" + name + ">" : "write " + name + "=" + value;
+        return {isXml ? "write <" + name + ">" + value + "</" + name + ">" : "write " + name + "=" + value,
+                value};
     }
-    return "it takes " + std::string(accepted.empty() ? "a whole number" : accepted);
+    return {"it takes " + std::string(accepted.empty() ? "a whole number" : accepted)};
 }
 
 }  // namespace tovarek

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "profile/ProfileFields.h"
+#include "support/Edit.h"
 
 namespace tovarek {
 
 // What to write for `typed`, which is no number of the field: "write firmware=7"; `isXml` tells the form.
 // Where that is not known, what the field takes; empty when it takes everything.
-std::string MendOfProfile(const ProfileField& field, std::string_view typed, bool isXml);
+Advice MendOfProfile(const ProfileField& field, std::string_view typed, bool isXml);
 
 }  // namespace tovarek

@@ -22,15 +22,6 @@ struct Colors {
 constexpr Colors kNoColors = {"", "", "", "", ""};
 constexpr Colors kTerminalColors = {"\x1B[1m", "\x1B[1;31m", "\x1B[1;35m", "\x1B[1;32m", "\x1B[0m"};
 
-std::string PlaceText(const std::string& file, int line, int column) {
-    std::string text = OneLine(SystemPath(file));
-    if (line > 0)
-        text += ":" + std::to_string(line);
-    if (line > 0 && column > 0)
-        text += ":" + std::to_string(column);
-    return text;
-}
-
 void WriteSource(const CheckedFinding& finding, const Colors& colors, std::ostream& out) {
     const std::size_t start = finding.column > 0 ? static_cast<std::size_t>(finding.column) - 1 : 0;
     if (finding.source.empty() || finding.column == 0 || start + 1 > kLongestSource)
@@ -64,6 +55,15 @@ void WriteFinding(const CheckedFinding& finding, const Colors& colors, std::ostr
 }
 
 }  // namespace
+
+std::string PlaceText(const std::string& file, int line, int column) {
+    std::string text = OneLine(SystemPath(file));
+    if (line > 0)
+        text += ":" + std::to_string(line);
+    if (line > 0 && column > 0)
+        text += ":" + std::to_string(column);
+    return text;
+}
 
 void WriteFindings(const std::vector<CheckedFinding>& findings, bool inColor, std::ostream& out) {
     for (const CheckedFinding& finding : findings)

@@ -43,6 +43,7 @@ void Add(const CheckedFinding& finding, SarifDocument& document) {
     const std::size_t name = std::min(context.record.find('('), context.record.size());
     result.identity = {finding.name,  file,          std::string_view(context.record).substr(name),
                        context.field, context.value, Trim(finding.source)};
+    result.mend = finding.mend;
     document.Add(RuleOf(rule), std::move(result));
 }
 

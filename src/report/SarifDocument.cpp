@@ -51,6 +51,20 @@ SarifJson PlaceJson(const SarifPlace& at) {
     return {{"physicalLocation", std::move(place)}};
 }
 
+SarifJson FixJson(const SarifResult& result) {
+    SarifJson replacements = SarifJson::array();
+    for (const Piece& piece : result.mend)
+        replacements.push_back({{"deletedRegion",
+                                 {{"startLine", piece.line},
+                                  {"startColumn", piece.column},
+                                  {"endColumn", piece.column + piece.width}}},
+                                {"insertedContent", {{"text", piece.text}}}});
+    SarifJson change = {{"artifactLocation", FileJson(result.place.file)},
+                        {"replacements", std::move(replacements)}};
+    return {{"description", {{"text", "what 'tovarek check --fix' writes"}}},
+            {"artifactChanges", SarifJson::array({std::move(change)})}};
+}
+
 SarifJson RuleJson(const SarifRule& rule) {
     return {{"id", rule.name},
             {"shortDescription", {{"text", rule.message}}},
@@ -96,6 +110,8 @@ void SarifDocument::Add(const SarifRule& rule, SarifResult result) {
         json["locations"].push_back(PlaceJson(result.place));
     if (!related.empty())
         json["relatedLocations"] = std::move(related);
+    if (!result.mend.empty())
+        json["fixes"].push_back(FixJson(result));
     json["partialFingerprints"]["primaryLocationLineHash"] = Fingerprint(result.identity);
     results_.push_back(std::move(json));
 }

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "mend/Piece.h"
+
 namespace tovarek {
 
 using SarifJson = nlohmann::ordered_json;
@@ -35,6 +37,7 @@ struct SarifResult {
     std::string message;
     SarifPlace place;
     std::vector<SarifPlace> related;
+    std::vector<Piece> mend{};  // of the file of `place`
     // What makes the result the same one wherever it has moved to.
     std::vector<std::string_view> identity;
 };

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/CErrorHandler.h"
+#include "support/Edit.h"
 
 namespace tovarek {
 
@@ -41,6 +42,7 @@ struct Finding {
     int column = 0;     // of the marked piece of the line, in characters from 1; 0: the part tells
     int width = 0;
     std::vector<FindingNote> notes{};
+    std::vector<Edit> edits{};  // all together mend it; none where people have to choose
 };
 
 class FindingSink {
@@ -147,6 +149,10 @@ void WithPlace(FindingSink& findings, const Place& place, const Operation& opera
     Sink placed(findings, place);
     WithContext(place, [&] { operation(placed); });
 }
+
+// Tells findings about names that stand side by side. Of several that are mended to the same name nobody
+// knows which is meant, so none is.
+void TellSiblings(std::vector<Finding> findings, FindingSink& sink);
 
 // Knows whether it was told an error.
 class MarkingSink : public FindingSink {

@@ -169,7 +169,8 @@ void IniReading::Integer(std::string_view section, std::string_view key, const T
     if (read.isWhole && !read.wraps)
         return;
     const std::string typed(TrimBlanks(line->value));
-    const std::string more = explain ? explain(typed, read.value) : std::string();
+    const Advice advice = explain ? explain(typed, read.value) : AdviceOn(section, key);
+    const std::string& more = advice.text;
     const std::string value = std::to_string(read.value);
     std::string reason = read.isWhole ? Quoted(typed) + " is beyond 32 bits; it is read as " + value +
                                             (more.empty() ? more : ", " + more)
@@ -179,6 +180,8 @@ void IniReading::Integer(std::string_view section, std::string_view key, const T
     finding.context.record = record();
     finding.context.field = key;
     finding.context.value = typed;
+    if (!read.isWhole && !advice.value.empty())
+        finding.edits = {{EditPart::value, finding.context.line, 0, advice.value}};
     findings.Take(std::move(finding));
 }
 
@@ -201,8 +204,9 @@ void IniReading::Text(std::string_view section, std::string_view key, const Titl
     findings.Take(std::move(finding));
 }
 
-void IniReading::Numbered(std::string_view prefix, std::string_view section, std::string_view count) {
-    numbered_.push_back({prefix, section, count});
+void IniReading::Numbered(std::string_view prefix, std::string_view section, std::string_view count,
+                          std::int32_t most) {
+    numbered_.push_back({prefix, section, count, most});
 }
 
 void IniReading::TellFile(FindingSink& findings) const {
@@ -237,6 +241,7 @@ void IniReading::TellEncoding(FindingSink& findings) const {
                Quoted(character) + " becomes " + Quoted(FromCodePage(character)) +
                "; save it as UTF-8 with a mark (BOM)");
     finding.context.value = FromCodePage(character);
+    finding.edits = {{EditPart::fileStart, 1, 0, "\xEF\xBB\xBF"}};
     findings.Take(std::move(finding));
 }
 
@@ -284,27 +289,68 @@ int IniReading::CauseLine(const NumberedSections& row) const {
     return *row.causeLine;
 }
 
+// How many sections stand behind the prefix, numbered from 1 without a gap; 0 for any others.
+std::int32_t IniReading::CountSections(const NumberedSections& row) const {
+    std::int32_t count = 0;
+    std::int32_t last = 0;
+    for (const Section& section : all_) {
+        const std::int32_t number =
+            section.body == nullptr || !section.isFirst ? 0 : NumberBehind(section.body->name, row.prefix);
+        count += number > 0 ? 1 : 0;
+        last = std::max(last, number);
+    }
+    return count == last ? count : 0;
+}
+
+// What the count has to be so that all its sections are read; 0 where that is not sure.
+std::int32_t IniReading::CountMeant(const NumberedSections& row) const {
+    if (!row.countMeant)
+        row.countMeant = CountSections(row);
+    return *row.countMeant <= row.most ? *row.countMeant : 0;
+}
+
+// What to write for a count that is no number.
+Advice IniReading::AdviceOn(std::string_view section, std::string_view key) const {
+    for (const NumberedSections& row : numbered_) {
+        if (row.section != section || row.count != key || CountMeant(row) == 0)
+            continue;
+        const std::string count = std::to_string(CountMeant(row));
+        return {"write " + std::string(key) + "=" + count, count};
+    }
+    return {};
+}
+
 // A count that is missing altogether explains all sections that are not read for it.
 void IniReading::TellMissingCount(const NumberedSections& row, FindingSink& findings) const {
-    if (!HasKey(row.section, row.count) && FirstNumbered(row) != all_.end() && LineMeantFor(row) == 0)
-        findings.Take(At(Warning::countMismatch, CauseLine(row), LinePart::all,
+    if (HasKey(row.section, row.count) || FirstNumbered(row) == all_.end() || LineMeantFor(row) != 0)
+        return;
+    Finding finding = At(Warning::countMismatch, CauseLine(row), LinePart::all,
                          "there is no " + std::string(row.count) + " in [" + std::string(row.section) +
                              "], so none of the sections [" + std::string(row.prefix) + "1], [" +
-                             std::string(row.prefix) + "2], ... is read"));
+                             std::string(row.prefix) + "2], ... is read");
+    if (HasSection(row.section) && CountMeant(row) > 0) {
+        const std::string line = std::string(row.count) + "=" + std::to_string(CountMeant(row));
+        finding.context.reason += ": write " + line;
+        finding.edits = {{EditPart::lineEnd, finding.context.line, 0, "\n" + line}};
+    }
+    findings.Take(std::move(finding));
 }
 
 void IniReading::TellUnread(FindingSink& findings) {
     for (const NumberedSections& row : numbered_)
         TellMissingCount(row, findings);
+    std::vector<Finding> unread;
+    for (const Section& section : all_)
+        if (section.isFirst && section.body != nullptr && !section.isAsked)
+            unread.push_back(UnreadSection(section));
+    TellSiblings(std::move(unread), findings);
     bool isSorted = false;
     for (std::size_t place = 0; place < all_.size(); ++place) {
         const Section& section = all_[place];
-        if (!section.isFirst)
+        if (!section.isFirst || (section.body != nullptr && !section.isAsked))
             continue;
-        if (section.body != nullptr && !section.isAsked)
-            TellUnreadSection(section, findings);
-        else if (std::any_of(section.lines.begin(), section.lines.end(),
-                             [](const Line& line) { return !line.isAsked; })) {
+        if (std::any_of(section.lines.begin(), section.lines.end(),
+                        [](const Line& line) { return !line.isAsked; })) {
             if (!std::exchange(isSorted, true))
                 std::stable_sort(asked_.begin(), asked_.end(),
                                  [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -329,16 +375,21 @@ void IniReading::TellUnreadLines(const Section& section, const std::vector<std::
                                  FindingSink& findings) const {
     // Behind a header that lacks a bracket stand the keys of another section.
     int header = 0;
+    std::vector<Finding> unread;
     for (const Line& line : section.lines) {
         if (line.isAsked)
             continue;
-        Finding finding = UnreadLine(section, line, missing);
-        if (line.kind == Kind::other && (line.key.starts_with('[') || line.key.ends_with(']')))
+        Finding& finding = unread.emplace_back(UnreadLine(section, line, missing));
+        const bool isHeader =
+            line.kind == Kind::other && (line.key.starts_with('[') || line.key.ends_with(']'));
+        if (isHeader)
             header = CauseOfHeader(line);
+        else if (header > 0)
+            finding.edits.clear();
         if (header > 0)
             finding.causeLine = header;
-        findings.Take(std::move(finding));
     }
+    TellSiblings(std::move(unread), findings);
 }
 
 // The line of the finding that explains a header that is none: the count of such sections, or itself.
@@ -354,28 +405,36 @@ int IniReading::CauseOfHeader(const Line& line) const {
     return LineOf(line);
 }
 
-void IniReading::TellUnreadSection(const Section& section, FindingSink& findings) const {
-    const std::string name = "section [" + Excerpt(section.body->name) + "]";
-    for (const NumberedSections& row : numbered_) {
-        if (NumberBehind(section.body->name, row.prefix) == 0)
-            continue;
-        const std::string_view count = Value(row.section, row.count);
-        Finding finding =
-            At(Warning::ignoredSection, LineOf(section), LinePart::all,
-               name + " is not read: " +
-                   (count.data() == nullptr
-                        ? "there is no " + std::string(row.count) + " in [" + std::string(row.section) + "]"
-                        : std::string(row.count) + " is " + std::to_string(ReadIniInteger(count).value)));
-        finding.causeLine = CauseLine(row);
-        findings.Take(std::move(finding));
-        return;
-    }
+Finding IniReading::UnreadSection(const Section& section) const {
+    for (const NumberedSections& row : numbered_)
+        if (NumberBehind(section.body->name, row.prefix) > 0)
+            return UnreadNumbered(section, row);
+    const NearestName nearest = NearestOf(section.body->name, missingSections_);
     Finding finding = At(Warning::ignoredSection, LineOf(section), LinePart::all,
-                         name + " is not read: no section of this name is asked for" +
-                             DidYouMean(section.body->name, missingSections_));
+                         "section [" + Excerpt(section.body->name) +
+                             "] is not read: no section of this name is asked for" + DidYouMean(nearest));
     // An error that suggests it tells the same.
     finding.causeLine = finding.context.line;
-    findings.Take(std::move(finding));
+    if (nearest.isSure)
+        finding.edits = {{EditPart::name, finding.context.line, 0, nearest.name}};
+    return finding;
+}
+
+Finding IniReading::UnreadNumbered(const Section& section, const NumberedSections& row) const {
+    const std::string_view count = Value(row.section, row.count);
+    const std::string key(row.count);
+    Finding finding =
+        At(Warning::ignoredSection, LineOf(section), LinePart::all,
+           "section [" + Excerpt(section.body->name) + "] is not read: " +
+               (count.data() == nullptr ? "there is no " + key + " in [" + std::string(row.section) + "]"
+                                        : key + " is " + std::to_string(ReadIniInteger(count).value)));
+    finding.causeLine = CauseLine(row);
+    if (count.data() == nullptr || CountMeant(row) == 0)
+        return finding;
+    const std::string meant = std::to_string(CountMeant(row));
+    finding.context.reason += "; write " + key + "=" + meant;
+    finding.edits = {{EditPart::value, LineOf(row.section, row.count), 0, meant}};
+    return finding;
 }
 
 Finding IniReading::UnreadLine(const Section& section, const Line& line,
@@ -385,15 +444,42 @@ Finding IniReading::UnreadLine(const Section& section, const Line& line,
     if (section.body == nullptr)
         return At(Warning::ignoredKey, LineOf(line), LinePart::name,
                   Quoted(line.key) + " is not read: it stands in front of the first section");
-    if (line.first != nullptr)
-        return At(Warning::duplicateKey, LineOf(line), LinePart::name,
-                  Excerpt(line.key) + " stands in line " + std::to_string(text_->LineAt(line.first)) +
-                      " already; only that one is read");
+    if (line.first != nullptr) {
+        Finding finding =
+            At(Warning::duplicateKey, LineOf(line), LinePart::name,
+               Excerpt(line.key) + " stands in line " + std::to_string(text_->LineAt(line.first)) +
+                   " already; only that one is read");
+        finding.edits = {{EditPart::lineStart, finding.context.line, 0, ";"}};
+        return finding;
+    }
+    const NearestName nearest = NearestOf(line.key, missing);
     Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::name,
                          Quoted(line.key) + " is not read: [" + Excerpt(section.body->name) +
-                             "] has no key of this name" + DidYouMean(line.key, missing));
+                             "] has no key of this name" + DidYouMean(nearest));
     // An error that suggests it tells the same.
     finding.causeLine = finding.context.line;
+    if (nearest.isSure)
+        finding.edits = {{EditPart::name, finding.context.line, 0, nearest.name}};
+    return finding;
+}
+
+bool IniReading::IsMissingSection(std::string_view name) const {
+    return std::any_of(missingSections_.begin(), missingSections_.end(),
+                       [&](const std::string& missing) { return CaselessEqual()(missing, name); });
+}
+
+// A header that lacks one bracket.
+Finding IniReading::BrokenHeader(const Line& line, std::string reason) const {
+    Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::all, std::move(reason));
+    const bool isOpen = line.key.starts_with('[');
+    std::string_view name = line.key;
+    if (isOpen)
+        name.remove_prefix(1);
+    else
+        name.remove_suffix(1);
+    if (IsMissingSection(Trim(name)))
+        finding.edits = {isOpen ? Edit{EditPart::lineEnd, finding.context.line, 0, "]"}
+                                : Edit{EditPart::lineStart, finding.context.line, 0, "["}};
     return finding;
 }
 
@@ -401,8 +487,7 @@ Finding IniReading::LineWithoutKey(const Section& section, const Line& line,
                                    const std::vector<std::string>& missing) const {
     const std::string reason = Quoted(line.key) + " is not read: ";
     if (line.key.starts_with('[') || line.key.ends_with(']'))
-        return At(Warning::ignoredKey, LineOf(line), LinePart::all,
-                  reason + "the name of a section stands between '[' and ']'");
+        return BrokenHeader(line, reason + "the name of a section stands between '[' and ']'");
     const std::string_view word = line.key.substr(0, line.key.find_first_of(" \t:"));
     const auto meant = std::find_if(missing.begin(), missing.end(),
                                     [&](const std::string& key) { return CaselessEqual()(key, word); });
@@ -410,9 +495,13 @@ Finding IniReading::LineWithoutKey(const Section& section, const Line& line,
         At(Warning::ignoredKey, LineOf(line), LinePart::all,
            reason + "it has no '='; " +
                (meant == missing.end() ? "a comment begins with ';'" : "write " + *meant + "=..."));
+    if (meant == missing.end())
+        return finding;
     // That the key is missing is told at the section.
-    if (meant != missing.end() && section.body != nullptr)
+    if (section.body != nullptr)
         finding.causeLine = LineOf(section);
+    if (line.key.find_first_not_of(" \t:", word.size()) != std::string_view::npos)
+        finding.edits = {{EditPart::separator, finding.context.line, 0, "="}};
     return finding;
 }
 

@@ -20,9 +20,9 @@ namespace tovarek {
 
 class IniReading {
   public:
-    // What `read` means in a field, and what to write in place of what was typed: "an input. For an output
-    // write direction=1". Asked only of a value that is no number.
-    using Explain = std::function<std::string(std::string_view typed, std::int32_t read)>;
+    // What `read` means in a field, and what to write in place of what was typed. Asked only of a value that
+    // is no number.
+    using Explain = std::function<Advice(std::string_view typed, std::int32_t read)>;
 
     // What messages call the record that a value belongs to; asked only where there is something to tell.
     using Title = std::function<std::string()>;
@@ -53,8 +53,10 @@ class IniReading {
         return text_->LineOf(section, key);
     }
 
-    // Sections that begin with `prefix` and a number are read as far as the key `count` of `section` says.
-    void Numbered(std::string_view prefix, std::string_view section, std::string_view count);
+    // Sections that begin with `prefix` and a number are read as far as the key `count` of `section` says,
+    // which may be `most` at most. Told before the count is read.
+    void Numbered(std::string_view prefix, std::string_view section, std::string_view count,
+                  std::int32_t most);
 
     // Tells the sections, keys and lines that nobody asked for.
     void TellUnread(FindingSink& findings);
@@ -82,8 +84,10 @@ class IniReading {
         std::string_view prefix;
         std::string_view section;
         std::string_view count;
+        std::int32_t most = 0;
         // Of the finding that explains why such sections are not read, once it was asked for.
-        mutable std::optional<int> causeLine;
+        mutable std::optional<int> causeLine{};
+        mutable std::optional<std::int32_t> countMeant{};
     };
 
     using FirstKeys = std::unordered_map<std::string_view, const char*, CaselessHash, CaselessEqual>;
@@ -100,12 +104,18 @@ class IniReading {
     int LineMeantFor(const NumberedSections& row) const;
     int CauseLine(const NumberedSections& row) const;
     int LineOfCount(const NumberedSections& row) const;
+    std::int32_t CountSections(const NumberedSections& row) const;
+    std::int32_t CountMeant(const NumberedSections& row) const;
+    Advice AdviceOn(std::string_view section, std::string_view key) const;
     void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
-    void TellUnreadSection(const Section& section, FindingSink& findings) const;
+    Finding UnreadSection(const Section& section) const;
+    Finding UnreadNumbered(const Section& section, const NumberedSections& row) const;
     std::vector<std::string> MissingKeys(std::size_t place) const;
     void TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
                          FindingSink& findings) const;
     int CauseOfHeader(const Line& line) const;
+    bool IsMissingSection(std::string_view name) const;
+    Finding BrokenHeader(const Line& line, std::string reason) const;
     Finding UnreadLine(const Section& section, const Line& line,
                        const std::vector<std::string>& missing) const;
     Finding LineWithoutKey(const Section& section, const Line& line,

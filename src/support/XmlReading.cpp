@@ -52,6 +52,22 @@ std::string UnreadTextReason(const XmlNode& element, const UnreadText& unread, b
     return reason + " is not read: only the first text of an element is";
 }
 
+bool HasChild(const XmlNode& parent, std::string_view upperName) {
+    for (XmlNode child = parent.FirstChild(); child; child = child.NextSibling())
+        if (child.IsElement() && UpperCase(child.Name()) == upperName)
+            return true;
+    return false;
+}
+
+// Whether both say the same, and nothing but their text.
+bool AreSameText(const XmlNode& a, const XmlNode& b) {
+    const auto isPlain = [](const XmlNode& node) {
+        const XmlNode text = node.FirstChild();
+        return node.WrittenAttributes().empty() && text && IsText(text) && !text.NextSibling();
+    };
+    return isPlain(a) && isPlain(b) && a.FirstChild().Text() == b.FirstChild().Text();
+}
+
 // Whether the element says something where nobody reads it; that is told as such.
 bool HasValueElsewhere(const XmlNode& element) {
     return FirstUnreadText(element, true).text || !element.WrittenAttributes().empty();
@@ -86,6 +102,13 @@ Finding AtElement(Warning warning, const XmlNode& element, std::string reason) {
             .warning = warning,
             .column = element.Place().column,
             .width = element.Place().width};
+}
+
+std::vector<Edit> EditsOf(const XmlNode& element, EditPart part, std::string text) {
+    const XmlPlace& place = element.Place();
+    if (place.column == 0)
+        return {};
+    return {{part, place.line, place.column, std::move(text)}};
 }
 
 void XmlReading::Structure(const XmlNode& element, XmlNames names) {
@@ -138,6 +161,7 @@ void XmlReading::TellBelow(const XmlNode& element, const std::vector<XmlNames>& 
     if (element.Place().number != 0)
         TellOwn(element, mark, findings);
     const std::vector<XmlNames>& names = mark.names.empty() ? outerNames : mark.names;
+    std::vector<Finding> unread;
     for (XmlNode child = element.FirstChild(); child; child = child.NextSibling()) {
         if (!child.IsElement())
             continue;
@@ -145,8 +169,9 @@ void XmlReading::TellBelow(const XmlNode& element, const std::vector<XmlNames>& 
         if (own.isRead || own.isSkipped || own.hasReadBelow)
             TellBelow(child, names, findings);
         else if (child.Place().number != 0 && !own.isTold)
-            TellElement(child, element, names, findings);
+            unread.push_back(UnreadElement(child, element, names));
     }
+    TellSiblings(std::move(unread), findings);
 }
 
 void XmlReading::TellOwn(const XmlNode& element, const XmlMarks::Mark& mark, FindingSink& findings) {
@@ -176,23 +201,23 @@ void XmlReading::TellOwn(const XmlNode& element, const XmlMarks::Mark& mark, Fin
     findings.Take(AtElement(Warning::ignoredAttribute, element, std::move(reason)));
 }
 
-void XmlReading::TellElement(const XmlNode& element, const XmlNode& parent,
-                             const std::vector<XmlNames>& names, FindingSink& findings) const {
+Finding XmlReading::UnreadElement(const XmlNode& element, const XmlNode& parent,
+                                  const std::vector<XmlNames>& names) const {
     marks_->Of(element).isTold = true;
     std::string reason = Tag(element) + " is not read: ";
-    if (const auto why = marks_->reasons.find(element.Place().number); why != marks_->reasons.end()) {
-        findings.Take(AtElement(Warning::ignoredElement, element, reason + why->second));
-        return;
-    }
+    if (const auto why = marks_->reasons.find(element.Place().number); why != marks_->reasons.end())
+        return AtElement(Warning::ignoredElement, element, reason + why->second);
     std::vector<std::string> candidates;
     for (const XmlNames& list : names)
         candidates.insert(candidates.end(), list.begin(), list.end());
-    reason +=
-        "no element of this name is asked for in " + Tag(parent) + DidYouMean(element.Name(), candidates);
+    const NearestName nearest = NearestOf(element.Name(), candidates);
+    reason += "no element of this name is asked for in " + Tag(parent) + DidYouMean(nearest);
     Finding finding = AtElement(Warning::ignoredElement, element, std::move(reason));
     // An error that suggests it tells the same.
     finding.causeLine = finding.context.line;
-    findings.Take(std::move(finding));
+    if (nearest.isSure && !HasChild(parent, nearest.name))
+        finding.edits = EditsOf(element, EditPart::name, nearest.name);
+    return finding;
 }
 
 void XmlRecord::Keep(const XmlNode& element, std::string_view field) {
@@ -202,7 +227,8 @@ void XmlRecord::Keep(const XmlNode& element, std::string_view field) {
             continue;
         const std::string where = element.Line() > 0 ? " in line " + std::to_string(element.Line()) : "";
         Tell(Warning::duplicateKey, earlier, field,
-             "<" + std::string(field) + "> stands again" + where + "; only the last one is read");
+             "<" + std::string(field) + "> stands again" + where + "; only the last one is read",
+             AreSameText(earlier, element) ? EditsOf(earlier, EditPart::comment) : std::vector<Edit>());
         earlier = element;
         return;
     }
@@ -216,8 +242,10 @@ XmlNode XmlRecord::Find(std::string_view field) const {
     return {};
 }
 
-void XmlRecord::Tell(Warning warning, const XmlNode& element, std::string_view field, std::string reason) {
+void XmlRecord::Tell(Warning warning, const XmlNode& element, std::string_view field, std::string reason,
+                     std::vector<Edit> edits) {
     Finding finding = AtElement(warning, element, std::move(reason));
+    finding.edits = std::move(edits);
     finding.context.record = title_;
     finding.context.field = field;
     finding.context.value = Excerpt(CTools().nodeTextValue(element));
@@ -238,8 +266,9 @@ void XmlRecord::Integer(const XmlNode& element, std::string_view field, const Ex
     const std::string_view typed = Trim(text);
     if (typed.empty() && HasValueElsewhere(element))
         return;
-    Tell(Warning::notANumber, element, field,
-         NotANumber(typed, field, std::to_string(read), explain ? explain(typed, read) : std::string()));
+    const Advice advice = explain ? explain(typed, read) : Advice();
+    Tell(Warning::notANumber, element, field, NotANumber(typed, field, std::to_string(read), advice.text),
+         advice.value.empty() ? std::vector<Edit>() : EditsOf(element, EditPart::value, advice.value));
 }
 
 void XmlRecord::Number(const XmlNode& element, std::string_view field) {

@@ -76,8 +76,8 @@ class XmlReading {
     bool FindReadBelow(const XmlNode& element) const;
     void TellBelow(const XmlNode& element, const std::vector<XmlNames>& names, FindingSink& findings) const;
     static void TellOwn(const XmlNode& element, const XmlMarks::Mark& mark, FindingSink& findings);
-    void TellElement(const XmlNode& element, const XmlNode& parent, const std::vector<XmlNames>& names,
-                     FindingSink& findings) const;
+    Finding UnreadElement(const XmlNode& element, const XmlNode& parent,
+                          const std::vector<XmlNames>& names) const;
 
     XmlNode root_;
     std::shared_ptr<XmlMarks> marks_;
@@ -85,6 +85,9 @@ class XmlReading {
 
 // A finding at the start tag of `element`.
 Finding AtElement(Warning warning, const XmlNode& element, std::string reason);
+
+// An edit of `element`, as the edits of its finding; none for one without a place.
+std::vector<Edit> EditsOf(const XmlNode& element, EditPart part, std::string text = {});
 
 // The number that a text begins with, by the rules of a format (base/Numbers.h).
 struct NumberRules {
@@ -100,7 +103,7 @@ class XmlRecord {
   public:
     // What `read` means in a field, and what to write in place of what was typed. Asked only of a value that
     // is no number.
-    using Explain = std::function<std::string(std::string_view typed, std::int32_t read)>;
+    using Explain = std::function<Advice(std::string_view typed, std::int32_t read)>;
 
     // `title` is what messages call it.
     XmlRecord(XmlReading& reading, FindingSink& findings, std::string title)
@@ -117,7 +120,8 @@ class XmlRecord {
     XmlNode Find(std::string_view field) const;
 
     // A warning about the field: its place, its text as it was typed.
-    void Tell(Warning warning, const XmlNode& element, std::string_view field, std::string reason);
+    void Tell(Warning warning, const XmlNode& element, std::string_view field, std::string reason,
+              std::vector<Edit> edits = {});
 
   private:
     void Keep(const XmlNode& element, std::string_view field);

@@ -248,6 +248,11 @@ std::optional<FileIdentity> IdentityOf(std::string_view path) {
     return FileIdentity{stamp.device, stamp.inode, std::move(name)};
 }
 
+void RewriteFile(std::string_view path, std::string_view bytes) {
+    OpenWithHint(TextOf(FollowLinks(PathOf(SystemPath(path)))), true,
+                 [&](std::string_view target) { SystemFile::Replace(target, bytes); });
+}
+
 void WriteFile(std::string_view path, std::string_view bytes) {
     OutputFile file(path);
     file.Append(bytes);

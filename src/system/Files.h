@@ -102,4 +102,9 @@ void ProbeOutput(std::string_view path);
 // Writes a file that consists of `bytes`. Raises as OutputFile does.
 void WriteFile(std::string_view path, std::string_view bytes);
 
+// Makes the file at `path`, or the one that a link there leads to, consist of `bytes`. At every moment either
+// the old file or the new one is there whole; its permissions stay. Raises as OutputFile does, and 53 when
+// there is no file.
+void RewriteFile(std::string_view path, std::string_view bytes);
+
 }  // namespace tovarek

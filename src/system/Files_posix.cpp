@@ -111,6 +111,45 @@ void SystemFile::TryCreate(std::string_view path) {
         RaiseFileError(path, EISDIR);
 }
 
+void SystemFile::Replace(std::string_view path, std::string_view bytes) {
+    const std::string target = SystemPath(path);
+    struct stat status {};
+    if (stat(target.c_str(), &status) != 0)
+        RaiseFileError(path, errno);
+    // The system lets root, and whoever may write the folder, replace what is protected; its owner has meant
+    // it.
+    constexpr mode_t kAnyWriter = S_IWUSR | S_IWGRP | S_IWOTH;
+    if ((status.st_mode & kAnyWriter) == 0)
+        RaiseFileError(path, EACCES);
+    TryCreate(path);
+    std::string beside = target + ".XXXXXX";
+    SystemFile file(path, mkstemp(beside.data()));
+    if (!file.IsOpen())
+        RaiseFileError(path, errno);
+    const int descriptor = static_cast<int>(file.handle_);
+    try {
+        // Who may not give a file away keeps what he can. A new owner takes rights away, so they are set
+        // behind it.
+        if (fchown(descriptor, status.st_uid, status.st_gid) != 0 && errno != EPERM)
+            RaiseFileError(path, errno);
+        if (fchmod(descriptor, status.st_mode & 07777U) != 0)
+            RaiseFileError(path, errno);
+        file.Store(bytes);
+        if (rename(beside.c_str(), target.c_str()) != 0)
+            RaiseFileError(path, errno);
+    } catch (const Error&) {
+        unlink(beside.c_str());
+        throw;
+    }
+}
+
+void SystemFile::Store(std::string_view bytes) {
+    Write(bytes);
+    if (fsync(static_cast<int>(handle_)) != 0)
+        RaiseFileError(path_, errno);
+    Close();
+}
+
 SystemFile::~SystemFile() {
     if (IsOpen())
         close(static_cast<int>(handle_));

@@ -138,6 +138,33 @@ void SystemFile::TryCreate(std::string_view path) {
     CloseHandle(parent);
 }
 
+void SystemFile::Replace(std::string_view path, std::string_view bytes) {
+    // What is not there, or protected, shows here.
+    CloseHandle(Handle(OpenOrRaise(path, GENERIC_READ | GENERIC_WRITE,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING)));
+    const std::string beside = std::string(path) + "." + std::to_string(GetCurrentProcessId()) + ".tmp";
+    SystemFile file(path, OpenOrRaise(beside, GENERIC_WRITE, 0, CREATE_NEW));
+    const std::wstring from = ToWide(beside);
+    try {
+        file.Store(bytes);
+        // It takes over the attributes and rights of the file that it replaces.
+        if (ReplaceFileW(ToWide(path).c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) == 0)
+            RaiseFileError(path, GetLastError());
+    } catch (const Error&) {
+        if (file.IsOpen())
+            CloseHandle(Handle(std::exchange(file.handle_, kClosed)));
+        DeleteFileW(from.c_str());
+        throw;
+    }
+}
+
+void SystemFile::Store(std::string_view bytes) {
+    Write(bytes);
+    if (FlushFileBuffers(Handle(handle_)) == 0)
+        RaiseFileError(path_, GetLastError());
+    Close();
+}
+
 SystemFile::~SystemFile() {
     if (IsOpen())
         CloseHandle(Handle(handle_));

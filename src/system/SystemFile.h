@@ -19,6 +19,10 @@ class SystemFile {
     // Raises as Create where that shows without creating or truncating anything.
     static void TryCreate(std::string_view path);
 
+    // Puts `bytes` in place of the file at `path`, which exists and is no link: they are written beside it,
+    // stored and moved there. Its permissions stay. Raises as Create; 70 for a file that nobody may write.
+    static void Replace(std::string_view path, std::string_view bytes);
+
     // Closes the file when it is still open and says nothing about failures.
     ~SystemFile();
     SystemFile(SystemFile&& other) noexcept;
@@ -35,6 +39,9 @@ class SystemFile {
     void Close();
 
   private:
+    // Writes all of `bytes` down to the disk and closes the file.
+    void Store(std::string_view bytes);
+
     // No system hands out -1 for an open file.
     static constexpr std::intptr_t kClosed = -1;
 

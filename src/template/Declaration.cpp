@@ -98,6 +98,11 @@ std::string OddityOfDeclaration(std::string_view declaration) {
     return {};
 }
 
+bool LacksEnd(std::string_view declaration) {
+    return !OddityOfDeclaration(declaration).empty() &&
+           OddityOfDeclaration(std::string(declaration) + ';').empty();
+}
+
 std::optional<PropertyOwner> OwnerOfProperty(std::string_view declaration) {
     declaration = declaration.substr(0, declaration.find(';'));
     if (!OddityOfDeclaration(std::string(declaration) + ';').empty())

@@ -13,6 +13,9 @@ namespace tovarek {
 // it; empty when all of it says what is read.
 std::string OddityOfDeclaration(std::string_view declaration);
 
+// Whether nothing but the ';' at its end is odd.
+bool LacksEnd(std::string_view declaration);
+
 // What a property belongs to, as the first two fields of its declaration tell.
 struct PropertyOwner {
     enum class Kind : std::uint8_t { device, object, variable };

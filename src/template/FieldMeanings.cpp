@@ -38,31 +38,35 @@ std::string Mend(const FieldName& field, std::int32_t value) {
 }
 
 // The standard type that a word means.
-std::string TypeMend(const CCatalog* catalog, const FieldName& field, std::string_view typed) {
+Advice TypeMend(const CCatalog* catalog, const FieldName& field, std::string_view typed) {
     const StandardCatalog* const standard = catalog == nullptr ? nullptr : catalog->types.Catalog();
     if (standard == nullptr)
         return {};
     const CatalogEntry type = standard->NearestNv(typed);
-    return type.name.empty()
-               ? type.name
-               : type.name + " is " + std::to_string(type.index) + ": " + Mend(field, type.index);
+    if (type.name.empty())
+        return {};
+    const std::string number = std::to_string(type.index);
+    // Of a misspelt name another type may be meant.
+    const bool isSure = UpperCase(type.name) == UpperCase(typed);
+    return {type.name + " is " + number + ": " + Mend(field, type.index), isSure ? number : std::string()};
 }
 
-std::string WordMend(const FieldName& field, std::string_view typed, bool hasMeanings) {
+Advice WordMend(const FieldName& field, std::string_view typed, bool hasMeanings) {
     const std::string word = " " + UpperCase(typed) + " ";
     for (const Meaning& row : kMeanings)
         if (row.iniKey == field.iniKey && row.words.find(word) != std::string_view::npos)
-            return "for " + std::string(row.meaning) + " " + Mend(field, row.value);
+            return {"for " + std::string(row.meaning) + " " + Mend(field, row.value),
+                    std::to_string(row.value)};
     for (const Meaning& row : kFlags)
         if (!hasMeanings && row.words.find(word) != std::string_view::npos)
-            return Mend(field, row.value);
+            return {Mend(field, row.value), std::to_string(row.value)};
     return {};
 }
 
 }  // namespace
 
-std::string ExplainNumber(const CCatalog* catalog, const FieldName& field, std::string_view typed,
-                          std::int32_t read) {
+Advice ExplainNumber(const CCatalog* catalog, const FieldName& field, std::string_view typed,
+                     std::int32_t read) {
     std::string meaning;
     bool hasMeanings = false;
     for (const Meaning& row : kMeanings) {
@@ -70,10 +74,12 @@ std::string ExplainNumber(const CCatalog* catalog, const FieldName& field, std::
         if (row.iniKey == field.iniKey && row.value == read)
             meaning = row.meaning;
     }
-    std::string mend;
+    Advice mend;
     if (!typed.empty())
         mend = field.iniKey == "type" ? TypeMend(catalog, field, typed) : WordMend(field, typed, hasMeanings);
-    return mend.empty() || meaning.empty() ? meaning + mend : meaning + "; " + mend;
+    if (!meaning.empty())
+        mend.text.insert(0, mend.text.empty() ? meaning : meaning + "; ");
+    return mend;
 }
 
 std::string_view DirectionMeant(std::string_view typed) {

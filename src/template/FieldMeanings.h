@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/Edit.h"
 #include "types/catalog/CCatalog.h"
 
 namespace tovarek {
@@ -17,8 +18,8 @@ struct FieldName {
 
 // What is told of a value that is no number: what `read` means, and what to write. `catalog`, which may be
 // null, knows the names of standard types.
-std::string ExplainNumber(const CCatalog* catalog, const FieldName& field, std::string_view typed,
-                          std::int32_t read);
+Advice ExplainNumber(const CCatalog* catalog, const FieldName& field, std::string_view typed,
+                     std::int32_t read);
 
 // INPUT or OUTPUT for a text that is neither and means one of them; empty for any other.
 std::string_view DirectionMeant(std::string_view typed);

@@ -36,6 +36,10 @@ std::span<const RecordField<CNv>> NvFields();
 std::span<const RecordField<CTag>> TagFields();
 std::span<const RecordField<CCp>> CpFields();
 
+// The largest counts; that of variables together with their maximum.
+inline constexpr std::int32_t kMostNvs = 4096;
+inline constexpr std::int32_t kMostTags = 14;
+
 // Why a template is refused whose array sizes cannot be summed up.
 inline constexpr const char* kTooManyEntries =
     "the array sizes add up to more entries of the variable table than can be counted";

@@ -1,4 +1,6 @@
 // What of a template is read otherwise than it was written.
+#include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "support/Readings.h"
@@ -36,9 +38,13 @@ void TellIniRecords(const std::vector<Record>& records, const CCatalog* catalog,
                     findings);
         }
     }
+}
+
+template <class Record>
+void TellCount(std::int32_t most, IniReading& ini) {
     for (const TemplateField& field : TemplateFields())
         if (field.number == RecordNames<Record>::count)
-            ini.Numbered(RecordNames<Record>::iniPrefix, field.iniSection, field.iniKey);
+            ini.Numbered(RecordNames<Record>::iniPrefix, field.iniSection, field.iniKey, most);
 }
 
 }  // namespace
@@ -53,6 +59,10 @@ void CTemplate::TellReadings(Readings& readings) const {
 
 void CTemplate::TellIniReadings(IniReading& ini, FindingSink& findings) const {
     const IniReading::Title title = [] { return std::string("template"); };
+    const std::int32_t maximum = std::max(maximumNumberOfNvs, 0);
+    TellCount<CNv>(std::min(maximum, kMostNvs - maximum), ini);
+    TellCount<CTag>(kMostTags, ini);
+    TellCount<CCp>(INT32_MAX, ini);
     for (const TemplateField& field : TemplateFields()) {
         if (field.text != nullptr)
             ini.Text(field.iniSection, field.iniKey, title, findings);

@@ -16,8 +16,6 @@ namespace tovarek {
 namespace {
 
 constexpr std::size_t kProgramIdDigits = 16;
-constexpr std::int32_t kMostNvs = 4096;
-constexpr std::int32_t kMostTags = 14;
 constexpr std::int32_t kLongestNv = 31;
 constexpr std::int32_t kNoLimit = INT32_MAX;
 

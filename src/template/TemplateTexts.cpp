@@ -105,9 +105,14 @@ void CTemplate::TellTexts(FindingSink& findings) const {
         // A line break in it was told.
         if (declaration.find_first_of("\r\n") != std::string::npos)
             continue;
-        if (std::string oddity = OddityOfDeclaration(declaration); !oddity.empty() && IsTaken(cps[i]))
-            findings.Take(places.Warn(Warning::oddDeclaration, cps[i], i, &CCp::declaration,
-                                      "the declaration is not what it seems: " + oddity));
+        const std::string oddity = OddityOfDeclaration(declaration);
+        if (oddity.empty() || !IsTaken(cps[i]))
+            continue;
+        Finding finding = places.Warn(Warning::oddDeclaration, cps[i], i, &CCp::declaration,
+                                      "the declaration is not what it seems: " + oddity);
+        if (LacksEnd(declaration) && (finding.column > 0 || !iniFile.empty()))
+            finding.edits = {{EditPart::valueEnd, finding.context.line, finding.column, ";"}};
+        findings.Take(std::move(finding));
     }
 }
 

@@ -49,11 +49,13 @@ void TellDirection(const XmlNode& element, XmlRecord& record) {
     std::string reason = text.empty() ? std::string(kDirectionElement) + " has no value"
                                       : "\"" + Excerpt(text) + "\" is neither INPUT nor OUTPUT";
     reason += "; it is read as an output";
-    if (word == "INPUT")
+    const std::string meant(DirectionMeant(word));
+    if (!meant.empty() && word == meant)
         reason += ", because of the white space around it";
-    else if (const std::string_view meant = DirectionMeant(word); !meant.empty())
-        reason += ": write " + std::string(meant);
-    record.Tell(Warning::notANumber, element, kDirectionElement, std::move(reason));
+    if (!meant.empty())
+        reason += ": write " + meant;
+    record.Tell(Warning::notANumber, element, kDirectionElement, std::move(reason),
+                meant.empty() ? std::vector<Edit>() : EditsOf(element, EditPart::content, meant));
 }
 
 void TellMissing(const CNv& /*nv*/, const XmlNode& element, XmlRecord& record) {

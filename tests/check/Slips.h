@@ -1,11 +1,16 @@
 // Mistakes that a person makes in the example device, each with all that `tovarek check` finds in it.
 #pragma once
 
+#include <map>
+#include <set>
+#include <span>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Scratch.h"
+#include "base/Text.h"
 #include "cli/CommandLine.h"
 #include "cli/Json.h"
 
@@ -27,12 +32,17 @@ struct Slip {
 // The example with one file changed, checked.
 class SlipCheck {
   public:
-    explicit SlipCheck(const Slip& slip) {
+    // How the bytes of the changed file are stored.
+    using Stored = std::string (*)(const std::string&);
+
+    explicit SlipCheck(const Slip& slip, Stored form = nullptr) {
         for (const char* name : {"template.ini", "template.xml", "profile.ini", "profile.xml", "profile.xif",
                                  "format.xml", "user-types.xml", "job.json"}) {
             std::string text = ReadFile(std::string(TOVAREK_EXAMPLE) + "/" + name);
             if (std::string(slip.file) == name)
                 Change(slip, text);
+            if (std::string(slip.file) == name && form != nullptr)
+                text = form(text);
             scratch_.File(name, text);
         }
         arguments_ = {"tovarek", "check", "--catalogDir", TOVAREK_CATALOG};
@@ -51,8 +61,8 @@ class SlipCheck {
     void AddFile(const char* option, const char* file) { Add({option, scratch_.Path(file)}); }
 
     // All findings as "LINE:COLUMN NAME; ...", those of other files with the name of the file in front.
-    std::string Findings(const std::string& file) {
-        const Json answer = Run();
+    std::string Findings(const std::string& file) { return TextOf(Run(), file); }
+    static std::string TextOf(const Json& answer, const std::string& file) {
         std::string text;
         for (const Json& finding : answer["findings"]) {
             std::string path = finding.value("file", "");
@@ -65,14 +75,17 @@ class SlipCheck {
         return text;
     }
 
-    Json Run() {
+    Json Run(const std::vector<std::string>& more = {}) {
         std::vector<std::string> arguments = arguments_;
+        arguments.insert(arguments.end(), more.begin(), more.end());
         arguments.insert(arguments.end(), {"--format", "json"});
         std::ostringstream out;
         std::ostringstream error;
         RunCommandLine(arguments, {out, error});
         return Json::parse(out.str());
     }
+
+    std::string Path(const char* file) const { return scratch_.Path(file); }
 
   private:
     void Add(const std::vector<std::string>& more) {
@@ -99,10 +112,70 @@ inline Slip Xml(const char* right, const char* wrong, const char* findings) {
     return {"template.xml", right, wrong, findings, Form::xml};
 }
 
-template <std::size_t N>
-void ExpectFindings(const Slip (&slips)[N]) {
-    for (const Slip& slip : slips)
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), slip.findings) << slip.wrong;
+// `text`, UTF-8 with or without a mark, with the mends of these findings: what an editor would make of it.
+inline std::string Mended(const std::string& text, const Json& findings) {
+    const std::string mark = text.starts_with("\xEF\xBB\xBF") ? text.substr(0, 3) : "";
+    std::map<std::pair<int, int>, std::pair<int, std::string>> pieces;
+    for (const Json& finding : findings)
+        for (const Json& piece : finding.value("mend", Json::array()))
+            pieces[{piece["line"], piece["column"]}] = {piece["endColumn"], piece["text"]};
+    std::string mended;
+    int line = 1;
+    int column = 1;
+    int skippedTo = 0;
+    for (std::size_t at = mark.size(); at < text.size();) {
+        const auto piece = pieces.find({line, column});
+        if (piece != pieces.end() && skippedTo != -1) {
+            mended += piece->second.second;
+            skippedTo = piece->second.first;
+            pieces.erase(piece);
+        }
+        const std::size_t start = at;
+        NextCharacter(text, at);
+        if (column >= skippedTo)
+            mended.append(text, start, at - start);
+        if (text[start] == '\n') {
+            ++line;
+            column = 1;
+            skippedTo = 0;
+        } else if (text[start] != '\r') {
+            ++column;
+        }
+    }
+    return mark + mended;
+}
+
+// Where findings have a mend, --fix makes it and nothing else, and they are gone; no others come.
+inline void ExpectMended(const Slip& slip, SlipCheck& check, const Json& answer) {
+    std::multiset<std::string> names;
+    Json mended = Json::array();
+    for (const Json& finding : answer["findings"]) {
+        if (!finding.contains("mend"))
+            names.insert(finding["name"]);
+        else if (finding.value("file", "") == check.Path(slip.file))
+            mended.push_back(finding);
+    }
+    if (mended.empty())
+        return;
+    const std::string expected = Mended(ReadFile(check.Path(slip.file)), mended);
+    const Json fixed = check.Run({"--fix"});
+    EXPECT_EQ(ReadFile(check.Path(slip.file)), expected) << slip.wrong;
+    EXPECT_EQ(fixed["mends"].size(), mended.size()) << slip.wrong << fixed["left"];
+    for (const Json& finding : fixed["findings"]) {
+        const auto known = names.find(finding["name"]);
+        EXPECT_TRUE(known != names.end()) << slip.wrong << finding;
+        if (known != names.end())
+            names.erase(known);
+    }
+}
+
+inline void ExpectFindings(std::span<const Slip> slips) {
+    for (const Slip& slip : slips) {
+        SlipCheck check(slip);
+        const Json answer = check.Run();
+        EXPECT_EQ(SlipCheck::TextOf(answer, slip.file), slip.findings) << slip.wrong;
+        ExpectMended(slip, check, answer);
+    }
 }
 
 }  // namespace tovarek::test

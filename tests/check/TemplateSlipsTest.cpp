@@ -87,7 +87,7 @@ TEST(Check, OddDeclarationsAreFoundAndThoseOfMakersAreNot) {
         const std::string line = "declaration=" + std::string(declaration);
         const std::string findings = *name == '\0' ? "" : "159:13 " + std::string(name);
         const Slip slip = Ini("declaration=1,1,0\\x80,52,2;", line.c_str(), findings.c_str());
-        EXPECT_EQ(SlipCheck(slip).Findings(slip.file), findings) << declaration;
+        ExpectFindings({&slip, 1});
     }
 }
 
