@@ -26,6 +26,7 @@ TEST(Mend, WhatCanBeMeantByOneThingIsWritten) {
         {In("template.ini", "synchronized=1", "synchronized=yes"), "synchronized=1"},
         {In("template.ini", "synchronized=1", "\tsynchronised = 1"), "synchronized = 1"},
         {In("template.ini", "synchronized=1", "synchronised=1\nsynchronised2=1"), nullptr},
+        {In("template.ini", "synchronized=1", "sinkronised=1"), nullptr},
         {In("template.ini", "synchronized=1", "synchronized : 1"), "synchronized=1"},
         {In("template.ini", "synchronized=1", "synchronized"), nullptr},
         {In("template.ini", "[nv3]", "nv3]"), "[nv3]"},
@@ -172,9 +173,13 @@ TEST_F(Mends, OfWhatIsMeantAreNotMade) {
     const std::string path = Template(text);
     Check(path, {"--fix", "--ignore", "duplicate-key"});
     EXPECT_EQ(ReadFile(path), kHead + text);
-    const std::string meant = "selfDoc=y\n; tovarek: ignore duplicate-key\nselfDoc=z\n";
-    Check(Template(meant), {"--fix"});
-    EXPECT_EQ(ReadFile(path), kHead + meant);
+    // The second one is a note of the missing value that it explains.
+    for (const char* meant :
+         {"selfDoc=y\n; tovarek: ignore duplicate-key\nselfDoc=z\n",
+          "[tags]\nnumberOfTags=1\n[tag1]\nname=t\n; tovarek: ignore ignored-key\nbindable 1\n"}) {
+        Check(Template(meant), {"--fix"});
+        EXPECT_EQ(ReadFile(path), std::string(kHead) + meant);
+    }
 }
 
 TEST_F(Mends, KeepRightsAndLinksAndWhatIsProtected) {
