@@ -54,8 +54,10 @@ void ErrorContext::FillFrom(const ErrorContext& outer) {
     fill(value, outer.value);
     fill(file, outer.file);
     fill(reason, outer.reason);
-    if (line == 0 && file == outer.file)
+    if (line == 0 && file == outer.file) {
         line = outer.line;
+        column = outer.column;
+    }
 }
 
 std::string ErrorContext::Sentence() const {

@@ -51,12 +51,13 @@ struct ErrorContext {
     std::string value;   // the offending value as text
     std::string file;    // source file
     int line = 0;        // 1-based line in that file
+    int column = 0;      // 1-based, in characters, of an XML start tag in that line
     std::string reason;  // a sentence that explains, e.g. which values are accepted
 
     // Takes over what `outer` knows and this context does not: the innermost statement wins. Records make a
     // chain, the outer one in front: "type element SNVT_320 > member 'mode'"; a long chain is shown by its
     // ends. The line belongs to the file, so it is taken over only together with it or where the file is the
-    // same.
+    // same, and the column together with the line.
     void FillFrom(const ErrorContext& outer);
     // All of it in one line: `in network variable 1 (nvoState), length "40", at template.ini:12: accepted: 1
     // to 31 bytes`. Empty for an empty context.

@@ -82,6 +82,7 @@ class Judgement {
     std::vector<CheckedFinding> Make() {
         const std::vector<bool> isMeant = MeantOnes(findings_, options_);
         Index();
+        IndexChains();
         std::vector<std::vector<FindingNote>> notes(findings_.size());
         std::vector<bool> isNote(findings_.size());
         std::vector<std::vector<Piece>> mends(findings_.size());
@@ -91,12 +92,11 @@ class Judgement {
                 mends[i] = pieces_.Of(findings_[i].context.file, findings_[i].edits);
         }
         for (std::size_t i = 0; i < findings_.size(); ++i) {
-            const auto& causes = IsOwnCause(findings_[i]) ? suggesting_ : causes_;
-            const auto cause = causes.find(CauseKey(findings_[i], findings_[i].causeLine));
-            isNote[i] = findings_[i].causeLine > 0 && cause != causes.end();
+            const std::size_t cause = CauseOf(i);
+            isNote[i] = cause != i;
             if (isNote[i]) {
-                AddNote(notes[cause->second], findings_[i]);
-                AddMend(findings_[cause->second], findings_[i], mends[cause->second], mends[i]);
+                AddNote(notes[cause], findings_[i]);
+                AddMend(findings_[cause], findings_[i], mends[cause], mends[i]);
             } else if (findings_[i].warning == Warning::none)
                 AddExplanations(findings_[i], notes[i]);
         }
@@ -119,9 +119,44 @@ class Judgement {
         return finding.context.file + '\n' + std::to_string(line);
     }
     // What nobody reads is explained by an error that suggests it, and explains others itself.
-    static bool IsOwnCause(const Finding& finding) { return finding.causeLine == finding.context.line; }
+    static bool IsOwnCause(const Finding& finding) {
+        return finding.causeLine == finding.context.line &&
+               (finding.warning == Warning::ignoredSection || finding.warning == Warning::ignoredKey ||
+                finding.warning == Warning::ignoredElement || finding.warning == Warning::wrongFile);
+    }
+    // The same error of the same value: a rule may have several things to say of it.
+    static std::string ValueKey(const Finding& finding) {
+        const ErrorContext& context = finding.context;
+        return CauseKey(finding, context.line) + '\n' + std::to_string(finding.error) + '\n' +
+               context.record + '\n' + context.field + '\n' + context.value;
+    }
     static std::string RecordKey(const Finding& finding) {
         return finding.context.file + '\n' + finding.context.record;
+    }
+
+    // The finding that this one is a note of; itself when it is none.
+    std::size_t CauseOf(std::size_t i) const {
+        const Finding& finding = findings_[i];
+        const auto find = [&](const auto& causes, const std::string& key) {
+            const auto cause = causes.find(key);
+            return cause == causes.end() ? i : cause->second;
+        };
+        if (finding.warning == Warning::none && !finding.context.value.empty())
+            return find(errors_, ValueKey(finding));
+        if (finding.causeLine == 0)
+            return i;
+        if (!IsOwnCause(finding)) {
+            const std::size_t cause = find(causes_, CauseKey(finding, finding.causeLine));
+            const std::string& field = findings_[cause].context.field;
+            // In one line only what is told of the same field explains it.
+            const bool isOther =
+                finding.causeLine == finding.context.line && !field.empty() && field != finding.context.field;
+            return isOther ? i : cause;
+        }
+        const std::size_t suggesting = find(suggesting_, CauseKey(finding, finding.causeLine));
+        if (suggesting != i || finding.aroundLine == 0)
+            return suggesting;
+        return find(missing_, CauseKey(finding, std::max(finding.aroundLine, 0)));
     }
 
     void Index() {
@@ -130,6 +165,12 @@ class Judgement {
             if (finding.context.line > 0 && finding.warning == Warning::none &&
                 finding.context.reason.find("did you mean") != std::string::npos)
                 suggesting_.try_emplace(CauseKey(finding, finding.context.line), i);
+            if (finding.warning == Warning::none) {
+                errors_.try_emplace(ValueKey(finding), i);
+                const bool missesValue = !finding.context.field.empty() && finding.context.value.empty();
+                if (finding.context.line == 0 || missesValue)
+                    missing_.try_emplace(CauseKey(finding, finding.context.line), i);
+            }
             if (finding.context.line > 0 && (finding.causeLine == 0 || IsOwnCause(finding)))
                 causes_.try_emplace(CauseKey(finding, finding.context.line), i);
             if (!Explains(finding))
@@ -139,6 +180,14 @@ class Judgement {
             if (finding.context.line > 0)
                 explanationsOfLine_.try_emplace(CauseKey(finding, finding.context.line), i);
         }
+    }
+
+    // What follows from something that nobody tells stands for the rest that follows from it.
+    void IndexChains() {
+        for (std::size_t i = 0; i < findings_.size(); ++i)
+            if (const Finding& finding = findings_[i]; finding.causeLine > 0 && finding.context.line > 0 &&
+                                                       finding.causeLine != finding.context.line)
+                causes_.try_emplace(CauseKey(finding, finding.context.line), CauseOf(i));
     }
 
     void AddExplanations(const Finding& error, std::vector<FindingNote>& notes) const {
@@ -194,6 +243,8 @@ class Judgement {
     // The first finding of each line that explains others, and the explaining ones of each record and line.
     std::unordered_map<std::string, std::size_t> causes_;
     std::unordered_map<std::string, std::size_t> suggesting_;  // errors with "did you mean", by line
+    std::unordered_map<std::string, std::size_t> missing_;     // errors that miss a value, by line
+    std::unordered_map<std::string, std::size_t> errors_;      // the first ones of each value
     std::unordered_map<std::string, std::vector<std::size_t>> explanations_;
     std::unordered_map<std::string, std::size_t> explanationsOfLine_;
 };

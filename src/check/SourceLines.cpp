@@ -5,7 +5,9 @@
 
 #include "base/Text.h"
 #include "mend/InputText.h"
+#include "support/CTools.h"
 #include "support/IniText.h"
+#include "support/InputPlace.h"
 #include "system/Files.h"
 #include "xml/XmlText.h"
 
@@ -49,29 +51,26 @@ LinePlace IniPlace(std::string_view line, const Finding& finding) {
     return place(value);
 }
 
-bool EndsName(std::string_view line, std::size_t at) {
-    return at >= line.size() || std::string_view(" \t\r\n/>").find(line[at]) != std::string_view::npos;
-}
-
-LinePlace PlaceInXml(std::string_view line, const Finding& finding) {
-    std::size_t any = std::string_view::npos;
-    for (std::size_t start = line.find('<'); start != std::string_view::npos;
-         start = line.find('<', start + 1)) {
-        const std::size_t end = std::min(line.find('>', start), line.size() - 1);
-        const bool isTag = start + 1 < line.size() && line[start + 1] != '/' && line[start + 1] != '!' &&
-                           line[start + 1] != '?';
-        if (!isTag)
-            continue;
-        if (any == std::string_view::npos)
-            any = start;
-        const std::string& name = finding.context.field;
-        if (!name.empty() && UpperCase(line.substr(start + 1, name.size())) == UpperCase(name) &&
-            EndsName(line, start + 1 + name.size()))
-            return Piece(line, start, end - start + 1);
+// The start tag that the finding is about, among those of its line: the one at its column, or the one that is
+// called like its field, with its value where several are.
+LinePlace PlaceInXml(std::string_view line, const std::vector<XmlNode>& elements, const Finding& finding) {
+    const ErrorContext& context = finding.context;
+    const std::string name = UpperCase(context.field);
+    const XmlNode* best = nullptr;
+    int bestRank = -1;
+    for (const XmlNode& element : elements) {
+        const bool isNamed = UpperCase(element.Name()) == name;
+        const bool isValue = isNamed && Excerpt(CTools().nodeTextValue(element)) == context.value;
+        const int rank = context.column > 0 && element.Place().column == context.column ? 3
+                         : isValue                                                      ? 2
+                         : isNamed                                                      ? 1
+                                                                                        : 0;
+        if (rank > bestRank) {
+            best = &element;
+            bestRank = rank;
+        }
     }
-    if (any == std::string_view::npos)
-        return Whole(line);
-    return Piece(line, any, std::min(line.find('>', any), line.size() - 1) - any + 1);
+    return best == nullptr ? Whole(line) : LinePlace{best->Place().column, std::max(best->Place().width, 1)};
 }
 
 LinePlace JsonPlace(std::string_view line, const Finding& finding) {
@@ -103,6 +102,20 @@ const SourceLines::File& SourceLines::Read(const std::string& file) {
     return place->second;
 }
 
+const std::vector<XmlNode>& SourceLines::ElementsIn(const std::string& file, int line) {
+    const auto [place, isNew] = elements_.try_emplace(file);
+    if (isNew)
+        for (XmlNode node = XmlDocument(file).FirstNode(); node; node = node.NextSibling()) {
+            if (!node.IsElement())
+                continue;
+            place->second[node.Line()].push_back(node);
+            for (const XmlNode& element : ElementsBelow(node))
+                if (element.Place().column > 0)
+                    place->second[element.Line()].push_back(element);
+        }
+    return place->second[line];
+}
+
 const std::string& SourceLines::Line(const std::string& file, int number) {
     static const std::string none;
     if (file.empty() || number < 1)
@@ -120,7 +133,7 @@ LinePlace SourceLines::PlaceOf(const Finding& finding) {
         return {};
     switch (Read(finding.context.file).kind) {
         case Kind::xml:
-            return PlaceInXml(line, finding);
+            return PlaceInXml(line, ElementsIn(finding.context.file, finding.context.line), finding);
         case Kind::json:
             return JsonPlace(line, finding);
         case Kind::ini:

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/Findings.h"
+#include "xml/Xml.h"
 
 namespace tovarek {
 
@@ -22,7 +23,7 @@ class SourceLines {
     const std::string& Line(const std::string& file, int number);
 
     // Where the finding lies in its line: in an INI file the value, the key or the whole line, in an XML file
-    // the start tag of the element that the field names, in a job the key.
+    // the start tag of the element, in a job the key.
     LinePlace PlaceOf(const Finding& finding);
 
   private:
@@ -32,8 +33,11 @@ class SourceLines {
         std::vector<std::string> lines;
     };
     const File& Read(const std::string& file);
+    // The elements of an XML file whose start tags begin in the line; none when it cannot be loaded.
+    const std::vector<XmlNode>& ElementsIn(const std::string& file, int line);
 
     std::map<std::string, File> files_;
+    std::map<std::string, std::map<int, std::vector<XmlNode>>> elements_;  // by file and line
 };
 
 }  // namespace tovarek

@@ -11,6 +11,7 @@
 #include "base/Path.h"
 #include "base/Text.h"
 #include "contradictions/Contradictions.h"
+#include "formats/language/LanguageFile.h"
 #include "support/TextWriter.h"
 #include "system/Files.h"
 
@@ -140,6 +141,24 @@ std::string ListPath(const TypeFilesSettings& settings) {
     return WithFinalBackslash(settings.typeFilesDirectory) + "files.lst";
 }
 
+// Names of the resource files by which programs do not find them.
+void TellFileNames(const TypeFilesSettings& settings, FindingSink& findings) {
+    if (settings.typeFilesBaseName.empty())
+        findings.Take({.context = {.field = "typeFilesBaseName",
+                                   .reason = "typeFilesBaseName is empty, so the resource files are called "
+                                             "_6.typ, _6.fmt and so on: give them a name"},
+                       .warning = Warning::missingValue});
+    const std::string language = UpperCase(LanguageOfLocale(settings.localeID));
+    if (!language.empty() && UpperCase(settings.langExtension) != language)
+        findings.Take(
+            {.context = {.field = "langExtension",
+                         .value = Excerpt(settings.langExtension),
+                         .reason = "\"" + Excerpt(settings.langExtension) +
+                                   "\" is not the language of locale " + std::to_string(settings.localeID) +
+                                   ", so programs do not find the language file: write " + language},
+             .warning = Warning::oddExtension});
+}
+
 void TellRootFolders(const TypeStep& step, FindingSink& findings) {
     const struct {
         const char* property;
@@ -239,8 +258,10 @@ void GenerateTypeFilesAndList(CTypes& types, const TypeStep& step, const TypeFil
     types.catalog = &step.catalog;
     OnceSink once(run.findings);
     MarkingSink loading(once);
-    if (step.readings != nullptr)
+    if (step.readings != nullptr) {
         TellRootFolders(step, once);
+        TellFileNames(step.settings, once);
+    }
     const auto inputsReason = [&](std::int32_t error, const ErrorContext& context) {
         return InputsReason(step, error, context);
     };

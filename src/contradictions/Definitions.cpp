@@ -98,7 +98,9 @@ class DefinitionRules {
                                     .file = file_,
                                     .line = line,
                                     .reason = reason},
-                        .warning = warning};
+                        .warning = warning,
+                        // What the line says may be read otherwise than it was written.
+                        .causeLine = line};
         if (otherLine > 0)
             finding.notes.push_back({file_, otherLine, "the first one"});
         findings_.Take(std::move(finding));

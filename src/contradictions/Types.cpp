@@ -66,7 +66,9 @@ class RecordRules {
 
   private:
     void TellMissing(const CCp& cp, std::size_t position) {
-        if (!isWhole_)
+        // Without a program ID no element of the user type file is that of the device.
+        constexpr std::size_t kProgramIdDigits = 16;
+        if (!isWhole_ || (cp.scope != kOwnScope && source_.programID.size() != kProgramIdDigits))
             return;
         const std::string number = std::to_string(cp.typeIndexInScope);
         const std::string scope = std::to_string(cp.scope);

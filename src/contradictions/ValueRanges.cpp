@@ -38,6 +38,8 @@ void TellTemplateValues(const CTemplate& source, std::size_t position, const Jud
                     Finding finding =
                         places.Warn(Warning::valueRange, cp, position, memberOf(value),
                                     (isAbsent ? "no value is given, so it is all zeros, and " : "") + reason);
+                    // A misspelt element explains it.
+                    finding.causeLine = isAbsent ? finding.context.line : 0;
                     if (other != nullptr) {
                         const ErrorContext place = places.Of(cp, position, memberOf(other), {});
                         finding.notes.push_back({place.file, place.line, place.field + " is " + place.value});

@@ -53,7 +53,11 @@ InputPlace CProfile::PlaceOf(const ProfileField& field) const {
 
 InputPlace CProfile::XmlPlaceOf(const ProfileField& field) const {
     if (const XmlNode& element = elements_[IndexOf(field)])
-        return {.file = element.File(), .line = element.Line(), .typed = CTools().nodeTextValue(element)};
+        return {.file = element.File(),
+                .line = element.Line(),
+                .column = element.Place().column,
+                .width = element.Place().width,
+                .typed = CTools().nodeTextValue(element)};
     if (!loadedXml_)
         return {.typed = std::to_string(this->*field.value)};
     const std::vector<XmlNode> all = ElementsBelow(loadedXml_);

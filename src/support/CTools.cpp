@@ -58,8 +58,10 @@ ErrorContext MissingElement(const XmlNode& start, const std::string& file, const
             nearest = whole;
     if (nearest.empty())
         return context;
-    context.line =
-        FindElement(start, [&](const XmlNode& element) { return element.Name() == nearest; }).Line();
+    const XmlNode meant =
+        FindElement(start, [&](const XmlNode& element) { return element.Name() == nearest; });
+    context.line = meant.Line();
+    context.column = meant.Place().column;
     context.reason += "; did you mean <" + nearest + "> in line " + std::to_string(context.line) + "?";
     return context;
 }
@@ -85,6 +87,7 @@ ErrorContext OverflowIn(const XmlNode& element, std::string_view text, std::stri
             .value = Excerpt(text),
             .file = element.File(),
             .line = element.Line(),
+            .column = element.Place().column,
             .reason = kOf32Bits};
 }
 

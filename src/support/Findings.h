@@ -34,12 +34,16 @@ struct FindingNote {
 // A fault, by the error that a generation raises for it (one of eErrors or a runtime error), or a warning, by
 // its name; and its place. The reason of a warning's context is its text.
 struct Finding {
+    static constexpr int kNowhere = -1;
     std::int32_t error = 0;
     ErrorContext context;
     Warning warning = Warning::none;
     LinePart part = LinePart::value;
     int causeLine = 0;  // a line of the same file; a finding there explains this one
-    int column = 0;     // of the marked piece of the line, in characters from 1; 0: the part tells
+    // Where an error may miss what nobody reads here: the line of a section or element, kNowhere for what the
+    // file has no such place for.
+    int aroundLine = 0;
+    int column = 0;  // of the marked piece of the line, in characters from 1; 0: the part tells
     int width = 0;
     std::vector<FindingNote> notes{};
     std::vector<Edit> edits{};  // all together mend it; none where people have to choose

@@ -21,6 +21,9 @@ std::string ReadOrNothing(const std::string& path) {
     }
 }
 
+// What people put around the name of a section.
+constexpr std::string_view kAroundNames = " \t[]{}()<>:";
+
 std::string Quoted(std::string_view text) {
     return '"' + Excerpt(text) + '"';
 }
@@ -130,8 +133,12 @@ IniReading::Line* IniReading::Ask(std::string_view section, std::string_view key
             (missingSections_.empty() || missingSections_.back() != section))
             missingSections_.emplace_back(section);
     }
-    if (lastPlace_ == 0)
+    if (lastPlace_ == 0) {
+        constexpr std::size_t kMostKept = 256;
+        if (askedNowhere_.size() < kMostKept)
+            askedNowhere_.emplace_back(section, key);
         return nullptr;
+    }
     Section& asked = all_[lastPlace_];
     asked.isAsked = true;
     asked_.emplace_back(lastPlace_, key);
@@ -191,14 +198,26 @@ void IniReading::Text(std::string_view section, std::string_view key, const Titl
     if (line == nullptr)
         return;
     const std::string_view value = TrimBlanks(line->value);
+    if (BeginsOddly(value))
+        Tell(
+            Warning::oddQuote, *line, key, record,
+            std::string("the text begins with ") + value.front() +
+                " and does not end with it, so it is read with the quotation mark: close it, or leave it out",
+            findings);
     // Bytes are counted faster than characters, and there are never fewer of them.
     const std::size_t length = value.size() <= kLongestIniValue ? 0 : CharacterCount(value);
     if (length <= kLongestIniValue)
         return;
-    Finding finding =
-        At(Warning::cutText, LineOf(*line), LinePart::value,
-           "only the first " + std::to_string(kLongestIniValue) + " of the " + std::to_string(length) +
-               " characters are read; an XML template has no such bound");
+    Tell(Warning::cutText, *line, key, record,
+         "only the first " + std::to_string(kLongestIniValue) + " of the " + std::to_string(length) +
+             " characters are read; an XML template has no such bound",
+         findings);
+}
+
+// A warning about the text of a key.
+void IniReading::Tell(Warning warning, const Line& line, std::string_view key, const Title& record,
+                      std::string reason, FindingSink& findings) const {
+    Finding finding = At(warning, LineOf(line), LinePart::value, std::move(reason));
     finding.context.record = record();
     finding.context.field = key;
     findings.Take(std::move(finding));
@@ -224,7 +243,7 @@ void IniReading::TellEncoding(FindingSink& findings) const {
     const std::string bytes = ReadOrNothing(path_);
     IniEncoding encoding = IniEncoding::codePage;
     DecodeIni(bytes, &encoding);
-    if (encoding != IniEncoding::codePage || IsAscii(bytes) || !IsUtf8(bytes))
+    if (encoding != IniEncoding::codePage || IsAscii(bytes) || !IsUtf8(bytes) || !OtherKind(bytes).empty())
         return;
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     const auto first =
@@ -250,6 +269,8 @@ void IniReading::TellEncoding(FindingSink& findings) const {
 int IniReading::LineMeantFor(const NumberedSections& row) const {
     std::vector<std::string> unread;
     if (!HasSection(row.section)) {
+        if (const int stray = LineOfStray(row.count); stray > 0)
+            return stray;
         for (const Section& section : all_)
             if (section.body != nullptr && !section.isAsked &&
                 NumberBehind(section.body->name, row.prefix) == 0)
@@ -260,7 +281,17 @@ int IniReading::LineMeantFor(const NumberedSections& row) const {
         if (line.kind == Kind::key && !line.isAsked)
             unread.emplace_back(line.key);
     const std::string nearest = Nearest(row.count, unread);
-    return nearest.empty() ? 0 : LineOf(row.section, nearest);
+    return nearest.empty() ? LineOfStray(row.count) : LineOf(row.section, nearest);
+}
+
+// The line of a key that nobody reads, in a section that somebody reads; 0 when there is none.
+int IniReading::LineOfStray(std::string_view key) const {
+    for (const Section& section : all_)
+        for (const Line& line : section.lines)
+            if (section.isFirst && section.isAsked && line.kind == Kind::key && !line.isAsked &&
+                IsNamed(line.key, key))
+                return LineOf(line);
+    return 0;
 }
 
 std::vector<IniReading::Section>::const_iterator IniReading::FirstNumbered(
@@ -337,12 +368,15 @@ void IniReading::TellMissingCount(const NumberedSections& row, FindingSink& find
 }
 
 void IniReading::TellUnread(FindingSink& findings) {
+    if (TellWrongFile(findings))
+        return;
     for (const NumberedSections& row : numbered_)
         TellMissingCount(row, findings);
     std::vector<Finding> unread;
     for (const Section& section : all_)
         if (section.isFirst && section.body != nullptr && !section.isAsked)
-            unread.push_back(UnreadSection(section));
+            if (std::optional<Finding> finding = UnreadSection(section))
+                unread.push_back(*std::move(finding));
     TellSiblings(std::move(unread), findings);
     bool isSorted = false;
     for (std::size_t place = 0; place < all_.size(); ++place) {
@@ -359,6 +393,41 @@ void IniReading::TellUnread(FindingSink& findings) {
     }
 }
 
+// What the file is, when it is known not to be an INI file; empty for what may be one.
+std::string IniReading::OtherKind(const std::string& bytes) {
+    const std::string_view text = Trim(bytes);
+    if (std::string_view(bytes).substr(0, 2).find('\0') != std::string_view::npos)
+        return "UTF-16 without the mark that says so: save it with a mark (BOM), or as UTF-8 with one";
+    if (text.starts_with('<'))
+        return "XML: give it to the xml... property of its kind";
+    if (text.starts_with("File:"))
+        return "an interface file: a profile in it is given to xifProfileFile";
+    return {};
+}
+
+// Of a file whose sections nobody asks for one finding tells all, where none of them is a mistyped one.
+bool IniReading::TellWrongFile(FindingSink& findings) const {
+    if (std::any_of(all_.begin(), all_.end(), [&](const Section& section) {
+            return section.body != nullptr && section.isFirst &&
+                   (section.isAsked || !Nearest(section.body->name, missingSections_).empty());
+        }))
+        return false;
+    const std::string kind = OtherKind(ReadOrNothing(path_));
+    if (kind.empty() && all_.size() == 1)
+        return false;
+    Finding finding =
+        At(Warning::wrongFile, 1, LinePart::all,
+           "nothing in this file is read: " +
+               (kind.empty() ? std::string("it has no section that is asked for") : "it is " + kind));
+    if (kind.empty() && !missingSections_.empty())
+        finding.context.reason += ", such as [" + missingSections_.front() + "]";
+    // An error that misses something in it tells the same.
+    finding.causeLine = finding.context.line;
+    finding.aroundLine = Finding::kNowhere;
+    findings.Take(std::move(finding));
+    return true;
+}
+
 // The keys that were asked for in a section and are not there.
 std::vector<std::string> IniReading::MissingKeys(std::size_t place) const {
     std::vector<std::string> missing;
@@ -372,20 +441,27 @@ std::vector<std::string> IniReading::MissingKeys(std::size_t place) const {
 }
 
 void IniReading::TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
-                                 FindingSink& findings) const {
+                                 FindingSink& findings) {
     // Behind a header that lacks a bracket stand the keys of another section.
     int header = 0;
+    // Keys in a row that stand there already are one copied section.
+    int firstOfCopy = 0;
+    int lastOfCopy = 0;
     std::vector<Finding> unread;
     for (const Line& line : section.lines) {
         if (line.isAsked)
             continue;
         Finding& finding = unread.emplace_back(UnreadLine(section, line, missing));
-        const bool isHeader =
-            line.kind == Kind::other && (line.key.starts_with('[') || line.key.ends_with(']'));
-        if (isHeader)
+        if (line.kind == Kind::other && IsHeader(line.key))
             header = CauseOfHeader(line);
         else if (header > 0)
             finding.edits.clear();
+        if (finding.warning == Warning::duplicateKey) {
+            const bool goesOn = finding.context.line == lastOfCopy + 1;
+            finding.causeLine = goesOn ? firstOfCopy : 0;
+            firstOfCopy = goesOn ? firstOfCopy : finding.context.line;
+            lastOfCopy = finding.context.line;
+        }
         if (header > 0)
             finding.causeLine = header;
     }
@@ -394,19 +470,44 @@ void IniReading::TellUnreadLines(const Section& section, const std::vector<std::
 
 // The line of the finding that explains a header that is none: the count of such sections, or itself.
 int IniReading::CauseOfHeader(const Line& line) const {
-    std::string_view name = line.key;
-    if (name.starts_with('['))
-        name.remove_prefix(1);
-    else
-        name.remove_suffix(1);
     for (const NumberedSections& row : numbered_)
-        if (NumberBehind(Trim(name), row.prefix) > 0)
+        if (NumberBehind(Trim(line.key, kAroundNames), row.prefix) > 0)
             return CauseLine(row);
     return LineOf(line);
 }
 
-Finding IniReading::UnreadSection(const Section& section) const {
-    for (const NumberedSections& row : numbered_)
+// Whether a line without '=' was meant as the header of a section.
+bool IniReading::IsHeader(std::string_view line) const {
+    const std::string_view name = Trim(line, kAroundNames);
+    return line.starts_with('[') || line.ends_with(']') || IsMissingSection(name);
+}
+
+// The section that a key belongs into, when it stands in another one; empty when it belongs nowhere.
+std::string IniReading::SectionOfKey(std::string_view key) const {
+    for (const auto& [section, name] : askedNowhere_)
+        if (CaselessEqual()(name, key))
+            return section;
+    for (const auto& [place, name] : asked_)
+        if (CaselessEqual()(name, key) && !HasKey(all_[place].body->name, key))
+            return std::string(all_[place].body->name);
+    return {};
+}
+
+// A key in the wrong section. What belongs into a section that the file lacks has lost its header.
+Finding IniReading::StrayKey(const Line& line, const std::string& section) {
+    const bool exists = HasSection(section);
+    Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::name,
+                         Quoted(line.key) + " is not read: it belongs into [" + section + "]" +
+                             (exists ? "" : ", which the file does not have"));
+    const auto [first, isNew] = strays_.try_emplace(section, finding.context.line);
+    finding.causeLine = exists || isNew ? finding.context.line : first->second;
+    finding.aroundLine = exists ? LineOf(section) : Finding::kNowhere;
+    return finding;
+}
+
+// Nothing for a section whose missing count is told at it already.
+std::optional<Finding> IniReading::UnreadSection(const Section& section) {
+    for (NumberedSections& row : numbered_)
         if (NumberBehind(section.body->name, row.prefix) > 0)
             return UnreadNumbered(section, row);
     const NearestName nearest = NearestOf(section.body->name, missingSections_);
@@ -420,15 +521,18 @@ Finding IniReading::UnreadSection(const Section& section) const {
     return finding;
 }
 
-Finding IniReading::UnreadNumbered(const Section& section, const NumberedSections& row) const {
+std::optional<Finding> IniReading::UnreadNumbered(const Section& section, NumberedSections& row) const {
     const std::string_view count = Value(row.section, row.count);
+    if (count.data() == nullptr && CauseLine(row) == LineOf(section))
+        return std::nullopt;
     const std::string key(row.count);
     Finding finding =
         At(Warning::ignoredSection, LineOf(section), LinePart::all,
            "section [" + Excerpt(section.body->name) + "] is not read: " +
                (count.data() == nullptr ? "there is no " + key + " in [" + std::string(row.section) + "]"
                                         : key + " is " + std::to_string(ReadIniInteger(count).value)));
-    finding.causeLine = CauseLine(row);
+    finding.causeLine = row.firstUnread > 0 ? row.firstUnread : CauseLine(row);
+    row.firstUnread = row.firstUnread > 0 ? row.firstUnread : finding.context.line;
     if (count.data() == nullptr || CountMeant(row) == 0)
         return finding;
     const std::string meant = std::to_string(CountMeant(row));
@@ -438,9 +542,12 @@ Finding IniReading::UnreadNumbered(const Section& section, const NumberedSection
 }
 
 Finding IniReading::UnreadLine(const Section& section, const Line& line,
-                               const std::vector<std::string>& missing) const {
+                               const std::vector<std::string>& missing) {
     if (line.kind == Kind::other)
         return LineWithoutKey(section, line, missing);
+    const std::string other = line.first == nullptr ? SectionOfKey(line.key) : std::string();
+    if (!other.empty())
+        return StrayKey(line, other);
     if (section.body == nullptr)
         return At(Warning::ignoredKey, LineOf(line), LinePart::name,
                   Quoted(line.key) + " is not read: it stands in front of the first section");
@@ -472,6 +579,8 @@ bool IniReading::IsMissingSection(std::string_view name) const {
 Finding IniReading::BrokenHeader(const Line& line, std::string reason) const {
     Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::all, std::move(reason));
     const bool isOpen = line.key.starts_with('[');
+    if (!isOpen && !line.key.ends_with(']'))
+        return finding;
     std::string_view name = line.key;
     if (isOpen)
         name.remove_prefix(1);
@@ -486,7 +595,7 @@ Finding IniReading::BrokenHeader(const Line& line, std::string reason) const {
 Finding IniReading::LineWithoutKey(const Section& section, const Line& line,
                                    const std::vector<std::string>& missing) const {
     const std::string reason = Quoted(line.key) + " is not read: ";
-    if (line.key.starts_with('[') || line.key.ends_with(']'))
+    if (IsHeader(line.key))
         return BrokenHeader(line, reason + "the name of a section stands between '[' and ']'");
     const std::string_view word = line.key.substr(0, line.key.find_first_of(" \t:"));
     const auto meant = std::find_if(missing.begin(), missing.end(),

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -88,6 +89,7 @@ class IniReading {
         // Of the finding that explains why such sections are not read, once it was asked for.
         mutable std::optional<int> causeLine{};
         mutable std::optional<std::int32_t> countMeant{};
+        int firstUnread = 0;  // of the first such section that is not read; it tells for all
     };
 
     using FirstKeys = std::unordered_map<std::string_view, const char*, CaselessHash, CaselessEqual>;
@@ -98,6 +100,8 @@ class IniReading {
     int LineOf(const Line& line) const { return text_->LineAt(line.key.data()); }
     std::string_view Value(std::string_view section, std::string_view key) const;
     Line* Ask(std::string_view section, std::string_view key);
+    void Tell(Warning warning, const Line& line, std::string_view key, const Title& record,
+              std::string reason, FindingSink& findings) const;
     Finding At(Warning warning, int line, LinePart part, std::string reason) const;
     void TellEncoding(FindingSink& findings) const;
     std::vector<Section>::const_iterator FirstNumbered(const NumberedSections& row) const;
@@ -108,16 +112,21 @@ class IniReading {
     std::int32_t CountMeant(const NumberedSections& row) const;
     Advice AdviceOn(std::string_view section, std::string_view key) const;
     void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
-    Finding UnreadSection(const Section& section) const;
-    Finding UnreadNumbered(const Section& section, const NumberedSections& row) const;
+    static std::string OtherKind(const std::string& bytes);
+    bool TellWrongFile(FindingSink& findings) const;
+    std::optional<Finding> UnreadSection(const Section& section);
+    std::optional<Finding> UnreadNumbered(const Section& section, NumberedSections& row) const;
     std::vector<std::string> MissingKeys(std::size_t place) const;
     void TellUnreadLines(const Section& section, const std::vector<std::string>& missing,
-                         FindingSink& findings) const;
+                         FindingSink& findings);
     int CauseOfHeader(const Line& line) const;
     bool IsMissingSection(std::string_view name) const;
     Finding BrokenHeader(const Line& line, std::string reason) const;
-    Finding UnreadLine(const Section& section, const Line& line,
-                       const std::vector<std::string>& missing) const;
+    bool IsHeader(std::string_view line) const;
+    std::string SectionOfKey(std::string_view key) const;
+    int LineOfStray(std::string_view key) const;
+    Finding StrayKey(const Line& line, const std::string& section);
+    Finding UnreadLine(const Section& section, const Line& line, const std::vector<std::string>& missing);
     Finding LineWithoutKey(const Section& section, const Line& line,
                            const std::vector<std::string>& missing) const;
 
@@ -125,6 +134,8 @@ class IniReading {
     std::shared_ptr<const IniText> text_;
     std::vector<Section> all_;                  // what precedes every section, then those of the file
     std::vector<std::string> missingSections_;  // asked for and not there; the first ones
+    std::vector<std::pair<std::string, std::string_view>> askedNowhere_;  // sections and keys; the first ones
+    std::map<std::string, int> strays_;  // the first line that belongs into a section, by that
     std::vector<NumberedSections> numbered_;
     // Every key that was asked for, by its section's place in all_. Most files are asked for all that they
     // hold, so this is looked into only where something is left.

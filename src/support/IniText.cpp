@@ -199,6 +199,10 @@ const IniSection::Entry* IniSection::Ask(std::string_view key) const {
     return nullptr;
 }
 
+bool BeginsOddly(std::string_view value) {
+    return value.size() > 1 && (value.front() == '"' || value.front() == '\'');
+}
+
 bool IniSection::IsPlain() const {
     return isPlain_ &&
            std::all_of(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.isAsked; });
@@ -228,6 +232,7 @@ std::int32_t IniSection::LongValue(std::string_view key, std::int32_t missing) c
 std::string IniSection::StringValue(std::string_view key, std::string_view missing) const {
     const std::string_view found = RawValue(key);
     const std::string_view value = TrimBlanks(found.data() == nullptr ? missing : found);
+    isPlain_ = isPlain_ && !BeginsOddly(value);
     if (value.size() <= kLongestIniValue)
         return std::string(value);
     isPlain_ = false;

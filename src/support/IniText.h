@@ -138,6 +138,9 @@ bool SplitIniKey(std::string_view line, std::string_view& key, std::string_view&
 // What of a value is read: without one pair of equal quotes, up to a NUL.
 std::string_view IniValue(std::string_view value);
 
+// Whether a value, without its quotes, begins with one that nothing closes: it is part of the value.
+bool BeginsOddly(std::string_view value);
+
 // A value as an integer, by the rules of IniSection::LongValue.
 struct IniInteger {
     std::int32_t value = 0;

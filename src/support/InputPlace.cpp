@@ -77,6 +77,9 @@ std::string NotANumber(std::string_view typed, std::string_view field, std::stri
         typed.empty() ? std::string(field) + " has no value" : "\"" + Excerpt(typed) + "\" is not a ";
     if (!typed.empty())
         text += IsNumber(typed) ? "whole number" : "number";
+    constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
+    if (typed.find(kNoBreakSpace) != std::string_view::npos)
+        text += ", for the no-break space in it";
     text += "; it is read as " + std::string(read);
     return more.empty() ? text : text + ", " + std::string(more);
 }
@@ -169,16 +172,18 @@ InputPlace FindXmlPlace(const XmlNode& parent, const std::vector<XmlNode>& eleme
         NearestUnknown(name, names, [&](std::string_view other) { return isKnown(UpperCase(other)); });
     if (nearest.empty())
         return place;
-    place.line =
-        elements[static_cast<std::size_t>(std::find(names.begin(), names.end(), nearest) - names.begin())]
-            .Line();
+    const XmlNode& meant =
+        elements[static_cast<std::size_t>(std::find(names.begin(), names.end(), nearest) - names.begin())];
+    place.line = meant.Line();
+    place.column = meant.Place().column;
+    place.width = meant.Place().width;
     place.absence += "; did you mean <" + nearest + ">" + InLine(place.line) + "?";
     return place;
 }
 
 ErrorContext ContextOf(const InputPlace& place, std::string record, std::string_view field,
                        std::string_view read, const Expected& expected) {
-    ErrorContext context{.file = place.file, .line = place.line};
+    ErrorContext context{.file = place.file, .line = place.line, .column = place.column};
     if (place.missing == InputPart::file) {
         context.reason = place.absence;
         return context;

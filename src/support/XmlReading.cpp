@@ -215,6 +215,7 @@ Finding XmlReading::UnreadElement(const XmlNode& element, const XmlNode& parent,
     Finding finding = AtElement(Warning::ignoredElement, element, std::move(reason));
     // An error that suggests it tells the same.
     finding.causeLine = finding.context.line;
+    finding.aroundLine = parent.Line();
     if (nearest.isSure && !HasChild(parent, nearest.name))
         finding.edits = EditsOf(element, EditPart::name, nearest.name);
     return finding;

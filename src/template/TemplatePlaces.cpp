@@ -43,7 +43,8 @@ IsKnownName OneOf(const std::vector<std::string_view>& names) {
 const TemplateSource& CTemplate::Source() const {
     if (!source_)
         source_ = std::make_shared<const TemplateSource>(
-            TemplateSource{IniSource(iniFile, loadedIni_), loadedNode_, ElementsOfTemplate(loadedNode_)});
+            TemplateSource{IniSource(iniFile, loadedIni_), loadedNode_, ElementsOfTemplate(loadedNode_),
+                           !loadedIni_ || loadedIni_->Whole().find("-1") != std::string_view::npos});
     return *source_;
 }
 

@@ -96,7 +96,11 @@ ErrorContext DeclarationPlace(const CTemplate& source, const CCp& cp, std::size_
 }
 
 ErrorContext WithoutSentence(const ErrorContext& place) {
-    return {.field = place.field, .value = place.value, .file = place.file, .line = place.line};
+    return {.field = place.field,
+            .value = place.value,
+            .file = place.file,
+            .line = place.line,
+            .column = place.column};
 }
 
 }  // namespace
@@ -205,8 +209,8 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
             return;
         }
         const std::int32_t given = std::exchange(nv.length, catalog->types.SelectedTypeSize());
-        // What an INI section lacks is no other value.
-        if (findings.WantsWarnings() && given != nv.length && given != -1)
+        // What an INI section lacks is no other value; a -1 that is given is one.
+        if (findings.WantsWarnings() && given != nv.length && (given != -1 || Source().givesMinusOne))
             TellOverruled(nv, position, &CNv::length, nv.length, "standard type", findings);
     }
     if (nv.length >= 1 && nv.length <= kLongestNv)

@@ -4,6 +4,7 @@
 
 #include "base/Numbers.h"
 #include "template/TemplateFields.h"
+#include "template/TemplatePlaces.h"
 #include "types/FormatDefinitions.h"
 
 namespace tovarek {
@@ -79,6 +80,12 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
     });
     AddTemplateTypes(definitions.get(), findings);
     TellingErrors(findings, [&] {
+        // Its folder alone is no file; the template is the place to mend.
+        if (deviceTemplate->userTypeFile.empty()) {
+            ErrorContext place = TemplatePlaces(*deviceTemplate).Of(&CTemplate::userTypeFile, {});
+            place.record.clear();
+            errorHandler->RaiseError(eQVXIFerr_errorloadingusertypefile, std::move(place));
+        }
         ReadUserTypeFile(userTypeFile, deviceTemplate->programID, *errorHandler, findings,
                          [&](const TypeRequest& request, FindingSink& ofType) {
                              AddType(definitions.get(), request, ofType);

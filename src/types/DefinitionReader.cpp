@@ -120,6 +120,7 @@ void DefinitionReader::Enter(std::int32_t number, const XmlNode& origin) {
         if (!file_.first.IsElement()) {
             context.file = file_.path;
             context.line = file_.first.Line();
+            context.column = 0;
         }
         file_.errorHandler.RaiseError(eQVXIFerr_typenotfoundinformatfile, std::move(context));
     }
@@ -413,7 +414,8 @@ ErrorContext DefinitionReader::Place(const XmlNode& node) const {
     return {.record = "type element " + file_.ElementName(levels_.back().number),
             .field = node.Name(),
             .file = file_.path,
-            .line = node.Line()};
+            .line = node.Line(),
+            .column = node.Place().column};
 }
 
 }  // namespace tovarek

@@ -73,12 +73,14 @@ ErrorContext PlaceInType(const XmlNode& node, TypeInput which) {
     for (const RawValueRule& rule : kRawValueRules)
         if (rule.which == which)
             name = rule.element;
-    ErrorContext place{.field = std::string(name), .file = node.File(), .line = node.Line()};
+    ErrorContext place{
+        .field = std::string(name), .file = node.File(), .line = node.Line(), .column = node.Place().column};
     ForEachElement(node, [&](const XmlNode& child) {
         if (UpperCase(child.Name()) != name)
             return;
         place.value = Excerpt(CTools().nodeTextValue(child));
         place.line = child.Line();
+        place.column = child.Place().column;
     });
     return place;
 }
@@ -183,9 +185,15 @@ class UserTypeReading {
             record_->Integer(child, *known, [&](std::string_view typed, std::int32_t /*read*/) {
                 return MendTypeNumber(listener_.catalog, listener_.prefix, typed);
             });
-        else if (name == "NAME" || !isUnvt)
+        else if (name == "NAME" || !isUnvt) {
             record_->Text(child, *known);
-        else
+            const std::string text = CTools().nodeTextValue(child);
+            if (name == "NAME" && text.find_first_of(kWhiteSpace) != std::string::npos)
+                record_->Tell(Warning::blankInName, child, *known,
+                              "\"" + Excerpt(text) +
+                                  "\" has white space in it, which becomes part of the type's name: write it "
+                                  "without");
+        } else
             reading_->Misplaced(child, "only property types have raw values");
     }
 
@@ -256,7 +264,10 @@ class UserTypeFileReader {
             // Of a number without a definition the file tells where it stands.
             if (error.Number() == eQVXIFerr_typenotfoundinformatfile && error.Context().file.empty())
                 context = request.inputPlace(TypeInput::definition);
-            context.FillFrom({.record = "type <" + name + ">", .file = node.File(), .line = node.Line()});
+            context.FillFrom({.record = "type <" + name + ">",
+                              .file = node.File(),
+                              .line = node.Line(),
+                              .column = node.Place().column});
             return context;
         };
         WithPlace(findings_, place, [&](FindingSink& findings) { add_(request, findings); });
@@ -283,6 +294,7 @@ class UserTypeFileReader {
                                       .field = request.name.empty() ? "NAME" : "SNVTTYPE",
                                       .file = node.File(),
                                       .line = node.Line(),
+                                      .column = node.Place().column,
                                       .reason = "a type needs a NAME with a text and a SNVTTYPE"});
     }
 

@@ -37,6 +37,13 @@ const Slip kIniTemplate[] = {
     {"template.ini", "\xEF\xBB\xBF; Application", "; Application", "58:34 encoding"},
     {"template.ini", "value=44BB8000", "value=44BB800G", "195:7 cpvalue"},
     {"template.ini", "length=9", "length=40", "127:8 nvlength"},
+    {"template.ini", "name=nviRequest", "name=nviRequest\nlength=-1", "29:1 ignored-key"},
+    {"template.ini", "name=nviWindow", "name=\"nviWindow", "71:6 odd-quote"},
+    {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=0", "27:1 ignored-section"},
+    {"template.ini", "[nv3]", "{nv3}", "13:19 nvname"},
+    {"template.ini", "[nv3]\n", "", "13:19 nvname; 42:1 duplicate-key"},
+    {"template.ini", "[tags]\n", "", "16:1 ignored-key"},
+    {"template.ini", "value=44BB8000", "value=0x44BB8000", "195:7 cpvalue"},
 };
 
 const Slip kIniProfile[] = {
@@ -46,6 +53,7 @@ const Slip kIniProfile[] = {
     {"profile.ini", "transceiverInterface=0", ";transceiverInterface=0", "46:1 missing-value"},
     {"profile.ini", "generalData0=0\n", "", "58:1 missing-value"},
     {"profile.ini", "firmware=7", "firmware=0x7G", "34:10 not-a-number"},
+    {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
 };
 
 TEST(Check, EverySlipInAnIniTemplateIsFound) {
@@ -54,6 +62,16 @@ TEST(Check, EverySlipInAnIniTemplateIsFound) {
 
 TEST(Check, EverySlipInAnIniProfileIsFound) {
     ExpectFindings(kIniProfile);
+}
+
+// Everything of it would be told else.
+TEST(Check, AFileOfAnotherKindIsOneFinding) {
+    for (const char* name : {"template.xml", "profile.xif", "profile.ini"}) {
+        SlipCheck check({name, "", "", ""});
+        check.AddFile("--iniTemplateFile", name);
+        EXPECT_EQ(check.Findings(name), "0:0 programid") << name;
+        EXPECT_NE(check.Run().dump().find("nothing in this file is read"), std::string::npos) << name;
+    }
 }
 
 TEST(Check, TheExampleIsSilentInEveryForm) {

@@ -92,6 +92,8 @@ TEST(Contradictions, TypesThatStandTwiceOrNowhereAreFound) {
     const Slip slips[] = {
         FormatSlip("<FM_LOW>1</FM_LOW>", "<FM_OFF>1</FM_OFF>", "66:7 duplicate-type"),
         FormatSlip("<FM_LOW>1<", "<FM_LOW>0<", "66:7 duplicate-type"),
+        FormatSlip("<FM_LOW>1<", "<FM_LOW>low<", "66:7 not-a-number"),
+        UserTypeSlip("<NAME>powerLimit<", "<NAME>power limit<", "9:9 blank-in-name"),
         FormatSlip("<FM_LOW>1<", "<FM_LOW>255<", "66:7 overflowed-number; 70:7 duplicate-type"),
         FormatSlip("<overheat>311</overheat>", "<frost>311</frost>", "130:7 duplicate-type"),
         FormatSlip("<NAME>waterFlow</NAME>", "<NAME>waterTemp</NAME>", "31:5 duplicate-type"),
@@ -178,10 +180,15 @@ TEST(Contradictions, OutputsThatWindowsTakesForOneOrForDevicesAreFound) {
     if (kIsWindows)
         GTEST_SKIP() << "they are refused there";
     const Slip slips[] = {
-        {"job.json", "\"langExtension\": \"ENU\"", "\"langExtension\": \"TYP\"", "25:3 output-collision",
-         Form::xml},
+        {"job.json", "\"langExtension\": \"ENU\"", "\"langExtension\": \"TYP\"",
+         "25:3 output-collision; 25:3 odd-extension", Form::xml},
         {"job.json", "\"typeFilesBaseName\": \"fancoil\"", "\"typeFilesBaseName\": \"com1.v2\"",
          "17:3 output-collision", Form::xml},
+        {"job.json", "\"typeFilesBaseName\": \"fancoil\"", "\"typeFilesBaseName\": \"\"",
+         "17:3 missing-value", Form::xml},
+        {"job.json", "\"langExtension\": \"ENU\"", "\"langExtension\": \"ENGLISH\"", "25:3 odd-extension",
+         Form::xml},
+        {"job.json", "\"localeID\": 1033", "\"localeID\": 1031", "25:3 odd-extension", Form::xml},
         {"job.json", "", "", "0:0 output-collision", Form::xml, {"--outputXIFfile", "nul.xif"}},
         {"job.json", "", "", "", Form::xml, {"--outputXIFfile", "null.xif"}},
     };

@@ -24,6 +24,21 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
             "14:7 not-a-number"),
         Xml(kRequest, "<nviRequest>\n<DIRECTION>input</DIRECTION><SNVTTYPE>SNVT_obj_request</SNVTTYPE>",
             "13:5 nvlength; 14:29 not-a-number"),
+        Xml("<SNVTTYPE>93</SNVTTYPE>", "<SNVT>93</SNVT>", "19:5 nvlength"),
+        Xml("<USERCPFILE>user-types.xml</USERCPFILE>", "<USERTYPEFILE>user-types.xml</USERTYPEFILE>",
+            "7:3 errorloadingusertypefile"),
+        // Two elements of one name in one line.
+        Xml("<SNVTTYPE>300</SNVTTYPE>\n      <LENGTH>2</LENGTH>\n      <SISD>@1#3;Supply water, 0.01 \xC2\xB0"
+            "C</SISD>\n    </nvoWaterTemp>\n    <!-- user type 301, water flow -->\n    <nvoWaterFlow>\n     "
+            " "
+            "<DIRECTION>output</DIRECTION>\n      <SNVTTYPE>301</SNVTTYPE>\n      <LENGTH>2</LENGTH>",
+            "<SNVTTYPE>300</SNVTTYPE><LENGTH>2</LENGTH></nvoWaterTemp><nvoWaterFlow><DIRECTION>output</"
+            "DIRECTION>"
+            "<SNVTTYPE>301</SNVTTYPE><LENGTH>99</LENGTH>",
+            "67:125 nvlength"),
+        Xml("<RAWVALUE>2EE0</", "<RAWVALUE>0x2EE0</", "142:7 cpvalue"),
+        Xml("<RAWVALUE>2EE0</RAWVALUE>", "<RAWVAL>2EE0</RAWVAL>", "142:7 ignored-element"),
+        Xml("<PROGRAMID>9FFFFF5014030401</PROGRAMID>\n", "", "4:1 programid"),
         Xml("<SYNCHRONIZED>1</", "<SYNCHRONIZED>yes</", "22:7 not-a-number"),
         Xml("<SYNCHRONIZED>1</", "<SYNCHRONIZED>0.5</", "22:7 not-a-number"),
         Xml("<ARRAYSIZE>4</ARRAYSIZE>", "<ARRAYSIZE>4</ARRAYSIZE><ARRAYSIZE>4</ARRAYSIZE>",
