@@ -10,6 +10,7 @@
 #include "support/Findings.h"
 #include "support/Readings.h"
 #include "template/CTemplate.h"
+#include "types/CTypes.h"
 
 namespace tovarek::fuzz {
 
@@ -25,10 +26,10 @@ inline CCatalog& SharedCatalog() {
     return catalog;
 }
 
-// Checks a template or profile as `tovarek check` does: what it finds first is what a generation raises, and
-// every warning has a text.
-template <class Input>
-void RunCheck(Input& input) {
+// Reads an input as `tovarek check` does and as a generation does: what the check finds first is what the
+// generation raises, and every warning has a text.
+template <class Check, class Generate>
+void CompareCheck(const Check& check, const Generate& generate) {
     struct : FindingSink {
         std::int32_t first = 0;
         void Take(Finding finding) override {
@@ -40,20 +41,39 @@ void RunCheck(Input& input) {
         bool WantsWarnings() const override { return true; }
     } findings;
     Readings readings(findings);
-    TellingErrors(findings, [&] {
-        input.Load(findings);
-        input.TellReadings(readings);
-        input.VerifyData(findings);
-    });
+    TellingErrors(findings, [&] { check(readings); });
     readings.TellUnread();
     std::int32_t raised = 0;
     try {
-        input.Load();
-        input.VerifyData();
+        generate();
     } catch (const Error& error) {
         raised = error.Number();
     }
     Require(findings.first == raised, "a check finds first what a generation raises");
+}
+
+// A template or profile.
+template <class Input>
+void RunCheck(Input& input) {
+    CompareCheck(
+        [&](Readings& readings) {
+            input.Load(readings.Findings());
+            input.TellReadings(readings);
+            input.VerifyData(readings.Findings());
+        },
+        [&] {
+            input.Load();
+            input.VerifyData();
+        });
+}
+
+// The types of a device.
+inline void RunTypesCheck(CTypes& types, const std::string& formatFile, const std::string& userTypeFile) {
+    CompareCheck(
+        [&](Readings& readings) {
+            types.LoadTypes(formatFile, userTypeFile, readings.Findings(), &readings);
+        },
+        [&] { types.LoadTypes(formatFile, userTypeFile); });
 }
 
 // The profile that `file` at `path` holds, loaded and checked; in XML the element P. Nothing when it could

@@ -70,6 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     types.deviceTemplate = &device;
     types.errorHandler = &fuzz::SharedErrors();
     types.catalog = &fuzz::SharedCatalog();
+    fuzz::RunTypesCheck(types, format.Path(), userTypes.Path());
     fuzz::Accepts([&] { types.LoadTypes(format.Path(), userTypes.Path()); });
     for (const auto& type : types.unvtTypes) {
         // Limits outside 32 bits are refused only when they are asked for.

@@ -160,12 +160,12 @@ std::string ReadJobFile(const std::string& path) {
     }
 }
 
-// The line of a key of a job, which holds no other of its name; 0 for one that is written with escapes.
-int LineOfKey(const std::string& bytes, const std::string& name) {
+// The line of a key of a job behind `earlier` others of its name; 0 for one that is written with escapes.
+int LineOfKey(const std::string& bytes, const std::string& name, int earlier = 0) {
     const std::string quoted = '"' + name + '"';
     for (std::size_t at = bytes.find(quoted); at != std::string::npos; at = bytes.find(quoted, at + 1)) {
         const std::size_t next = bytes.find_first_not_of(kWhiteSpace, at + quoted.size());
-        if (next == std::string::npos || bytes[next] != ':')
+        if (next == std::string::npos || bytes[next] != ':' || earlier-- > 0)
             continue;
         int line = 0;
         for (std::string_view rest = bytes; bytes.size() - rest.size() <= at; ++line)
@@ -199,7 +199,8 @@ Json ReadJob(const std::string& path, const std::string& bytes) {
     try {
         Json job = Json::parse(bytes, watch);
         if (!repeated.empty())
-            throw WrongUse("job file '" + path + "' sets '" + Excerpt(repeated) + "' twice");
+            throw WrongUse("job file '" + path + "', line " + std::to_string(LineOfKey(bytes, repeated, 1)) +
+                           ": '" + Excerpt(repeated) + "' is set a second time; keep one of them");
         if (!job.is_object())
             throw WrongUse("job file '" + path + "' does not hold a JSON object {property: value}");
         return job;

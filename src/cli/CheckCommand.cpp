@@ -71,7 +71,7 @@ CheckedJob CheckJob(const std::vector<Setting>& settings, const CheckOptions& wi
     AddStamps(options.inputs, job.stamps);
     std::vector<Finding> all = findings.TakeAll();
     ExplainErrors(component, all);
-    PlaceInJobs(set, all);
+    PlaceInJobs(component, set, all);
     job.findings = Judge(std::move(all), options);
     job.inputs = std::move(options.inputs);
     return job;

@@ -48,7 +48,10 @@ class Generation {
         record_.Finish(component_.WrittenFiles());
     }
 
-    void Explain(Error& error) const { ExplainError(component_, error); }
+    void Explain(Error& error) const {
+        ExplainError(component_, error);
+        error = PlacedInJobs(component_, set_, error);
+    }
 
     void Tell(bool isWhole, RunReport& report) {
         report.kept = record_.Kept();
@@ -56,7 +59,7 @@ class Generation {
             if (std::find(report.kept.begin(), report.kept.end(), file) == report.kept.end())
                 report.written.push_back(file);
         std::vector<Finding> all = warnings_.TakeAll();
-        PlaceInJobs(set_, all);
+        PlaceInJobs(component_, set_, all);
         report.warnings = Judge(
             std::move(all), {.inputs = InputsOf(component_, settings_), .isWhole = isWhole && wishes_.warns});
     }

@@ -7,10 +7,12 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Path.h"
 #include "cli/Assignments.h"
 #include "cli/Locations.h"
 #include "cli/OpenCatalog.h"
 #include "system/Clock.h"
+#include "system/Files.h"
 
 namespace tovarek {
 namespace {
@@ -59,6 +61,49 @@ void TellOverruled(const std::vector<SetProperty>& set, FindingSink& findings) {
     }
 }
 
+// Whether the property names what the error is about: a file that is not there, or its missing folder.
+bool NamesMissing(const Tovarek& component, const SetProperty& property, const std::string& file) {
+    const Property* const row = FindProperty(property.name);
+    if (row == nullptr || row->kind != PropertyKind::string)
+        return false;
+    const std::string value = SystemPath(std::get<std::string>(row->get(component)));
+    return value == file ||
+           (!value.empty() && !FolderExists(value) && file.starts_with(value) &&
+            SystemPath(WithFinalBackslash(value)) == file.substr(0, file.find_last_of('/') + 1));
+}
+
+// The property of a job that the finding is about; null for none. The last one that sets it counts, and may
+// stand in no job.
+const SetProperty* PropertyInJob(const Tovarek& component, const std::vector<SetProperty>& set,
+                                 const Finding& finding) {
+    const ErrorContext& context = finding.context;
+    if (context.line > 0)
+        return nullptr;
+    const std::string file = SystemPath(context.file);
+    const bool isMissing = !file.empty() && finding.warning == Warning::none && !FileExists(file);
+    const auto property = std::find_if(set.rbegin(), set.rend(), [&](const SetProperty& other) {
+        return other.name == context.field ||
+               (isMissing && (NamesMissing(component, other, file) ||
+                              context.reason.find(other.name + " is empty") != std::string::npos));
+    });
+    return property == set.rend() || property->line == 0 ? nullptr : &*property;
+}
+
+void PlaceInJob(const Tovarek& component, const std::vector<SetProperty>& set, Finding& finding) {
+    const SetProperty* const property = PropertyInJob(component, set, finding);
+    if (property == nullptr)
+        return;
+    ErrorContext& context = finding.context;
+    if (context.value.empty())
+        context.value = context.file;
+    context.field = property->name;
+    context.file = property->job;
+    context.line = property->line;
+    finding.part = LinePart::name;
+    // An error at the key tells the same.
+    finding.causeLine = finding.warning == Warning::none ? 0 : property->line;
+}
+
 // Builds that are to be reproduced name their date in seconds since 1970.
 void TakeClockFromEnvironment(Tovarek& component) {
     const char* const variable = std::getenv("SOURCE_DATE_EPOCH");
@@ -94,20 +139,16 @@ std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& s
     return all;
 }
 
-void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings) {
-    for (Finding& finding : findings) {
-        if (!finding.context.file.empty())
-            continue;
-        // The last one that sets it counts, and may be no job.
-        const auto property = std::find_if(set.rbegin(), set.rend(), [&](const SetProperty& other) {
-            return other.name == finding.context.field;
-        });
-        if (property == set.rend() || property->line == 0)
-            continue;
-        finding.context.file = property->job;
-        finding.context.line = property->line;
-        finding.part = LinePart::name;
-    }
+void PlaceInJobs(const Tovarek& component, const std::vector<SetProperty>& set,
+                 std::vector<Finding>& findings) {
+    for (Finding& finding : findings)
+        PlaceInJob(component, set, finding);
+}
+
+Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set, const Error& error) {
+    Finding finding{.error = error.Number(), .context = error.Context()};
+    PlaceInJob(component, set, finding);
+    return {error.Number(), error.Description(), std::move(finding.context)};
 }
 
 void UseShippedCatalog(Tovarek& component) {

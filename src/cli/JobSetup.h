@@ -25,8 +25,12 @@ struct Setting {
 std::vector<SetProperty> SetUp(Tovarek& component, const std::vector<Setting>& settings,
                                FindingSink& findings);
 
-// Places the findings about properties in the job files that have set them.
-void PlaceInJobs(const std::vector<SetProperty>& set, std::vector<Finding>& findings);
+// Places the findings about properties in the job files that have set them, and errors about a file or folder
+// that is not there at the key that names it.
+void PlaceInJobs(const Tovarek& component, const std::vector<SetProperty>& set,
+                 std::vector<Finding>& findings);
+// The error of a generation, placed likewise.
+Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set, const Error& error);
 
 // Opens the shipped catalog where the user has set neither of the catalog's properties. One that is set
 // counts, even if no catalog is found with it.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "system/Files.h"
 
 namespace tovarek {
@@ -13,6 +14,28 @@ bool IsOneFile(const std::string& a, const std::string& b) {
         return true;
     const auto identity = IdentityOf(a);
     return identity && identity == IdentityOf(b);
+}
+
+// A declaration that names an 8-bit encoding over bytes that are UTF-8: each character above 7F becomes two
+// or more others.
+void TellEncoding(const std::string& file, FindingSink& findings) {
+    std::string bytes;
+    try {
+        bytes = ReadFile(file);
+    } catch (const Error&) {
+        return;
+    }
+    const std::string_view head = std::string_view(bytes).substr(0, bytes.find("?>"));
+    const bool isNamed =
+        head.find("8859-") != std::string_view::npos || head.find("125") != std::string_view::npos;
+    if (!bytes.starts_with("<?xml") || !isNamed || IsAscii(bytes) || !IsUtf8(bytes))
+        return;
+    findings.Take({.context = {.file = file,
+                               .line = 1,
+                               .reason = "the file is UTF-8, but its declaration names another encoding, in "
+                                         "which it is read: write encoding=\"UTF-8\""},
+                   .warning = Warning::encoding,
+                   .part = LinePart::all});
 }
 
 }  // namespace
@@ -37,10 +60,12 @@ XmlReading& Readings::Xml(const XmlNode& root) {
     if (const std::string& file = root.File(); !file.empty()) {
         const auto known = std::find_if(marks_.begin(), marks_.end(),
                                         [&](const auto& row) { return IsOneFile(row.first, file); });
-        if (known != marks_.end())
+        if (known != marks_.end()) {
             marks = known->second;
-        else
+        } else {
             marks_.emplace_back(file, marks);
+            TellEncoding(file, findings_);
+        }
     }
     return *xml_.emplace_back(std::make_unique<XmlReading>(root, std::move(marks)));
 }

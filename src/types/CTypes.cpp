@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Numbers.h"
+#include "base/Path.h"
 #include "template/TemplateFields.h"
 #include "template/TemplatePlaces.h"
 #include "types/FormatDefinitions.h"
@@ -80,8 +81,8 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
     });
     AddTemplateTypes(definitions.get(), findings);
     TellingErrors(findings, [&] {
-        // Its folder alone is no file; the template is the place to mend.
-        if (deviceTemplate->userTypeFile.empty()) {
+        // A folder alone is no file; the template is the place to mend.
+        if (deviceTemplate->userTypeFile.empty() && NameOf(userTypeFile).empty()) {
             ErrorContext place = TemplatePlaces(*deviceTemplate).Of(&CTemplate::userTypeFile, {});
             place.record.clear();
             errorHandler->RaiseError(eQVXIFerr_errorloadingusertypefile, std::move(place));

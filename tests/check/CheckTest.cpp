@@ -56,8 +56,37 @@ const Slip kIniProfile[] = {
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
 };
 
+const Slip kJob[] = {
+    {"job.json", "\"template.xml\"", "\"templat.xml\"", "2:3 errorloadingxmltemplatefile", Form::xml},
+    {"job.json", "\"format.xml\"", "\"formats.xml\"", "12:3 errorloadingxmlformatfile", Form::xml},
+    {"job.json", "\"userTypeFilePath\": \".\"", "\"userTypeFilePath\": \"types\"",
+     "14:3 errorloadingusertypefile", Form::xml},
+    {"job.json", "\"xmlTemplateNodeName\": \"DEVICE\"", "\"xmlTemplateNodeName\": \"\"",
+     "3:3 xmlnodenotfoundintemplatefile", Form::xml},
+};
+
 TEST(Check, EverySlipInAnIniTemplateIsFound) {
     ExpectFindings(kIniTemplate);
+}
+
+TEST(Check, WhatAJobNamesAndIsNotThereIsFoundAtItsKey) {
+    ExpectFindings(kJob);
+}
+
+// What one job cannot name: two files that are missing, a folder that is, and the root for a folder.
+TEST(Check, FilesAndFoldersThatAreNotThereAreFound) {
+    const std::pair<Slip, const char*> rows[] = {
+        {{"t.ini", "", "", "", Form::ini, {"--iniTemplateFile", "none.ini", "--iniProfileFile", "no.ini"}},
+         "no.ini:0:0 domainnumber; none.ini:0:0 programid"},
+        {{"t.ini", "", "", "", Form::ini, {"--outputXIFfile", "nowhere/node.xif"}},
+         "node.xif:0:0 pathNotFound"},
+        {{"t.ini", "", "", "", Form::xml, {"--typeFilesDirectory", ""}}, "0:0 root-folder"},
+        {{"t.ini", "", "", "", Form::xml, {"--catalogDir", "nowhere"}}, "no catalog is open"},
+    };
+    for (const auto& [slip, findings] : rows)
+        EXPECT_NE((SlipCheck(slip).Findings("t.ini") + SlipCheck(slip).Run().dump()).find(findings),
+                  std::string::npos)
+            << findings << SlipCheck(slip).Findings("t.ini");
 }
 
 TEST(Check, EverySlipInAnIniProfileIsFound) {

@@ -24,6 +24,7 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
             "14:7 not-a-number"),
         Xml(kRequest, "<nviRequest>\n<DIRECTION>input</DIRECTION><SNVTTYPE>SNVT_obj_request</SNVTTYPE>",
             "13:5 nvlength; 14:29 not-a-number"),
+        Xml("encoding=\"UTF-8\"", "encoding=\"ISO-8859-1\"", "1:1 encoding"),
         Xml("<SNVTTYPE>93</SNVTTYPE>", "<SNVT>93</SNVT>", "19:5 nvlength"),
         Xml("<USERCPFILE>user-types.xml</USERCPFILE>", "<USERTYPEFILE>user-types.xml</USERTYPEFILE>",
             "7:3 errorloadingusertypefile"),
