@@ -95,7 +95,7 @@ TEST(Check, EverySlipInAnIniProfileIsFound) {
 
 // Everything of it would be told else.
 TEST(Check, AFileOfAnotherKindIsOneFinding) {
-    for (const char* name : {"template.xml", "profile.xif", "profile.ini"}) {
+    for (const char* name : {"template.xml", "profile.xif"}) {
         SlipCheck check({name, "", "", ""});
         check.AddFile("--iniTemplateFile", name);
         EXPECT_EQ(check.Findings(name), "0:0 programid") << name;

@@ -35,8 +35,8 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
             "<DIRECTION>output</DIRECTION>\n      <SNVTTYPE>301</SNVTTYPE>\n      <LENGTH>2</LENGTH>",
             "<SNVTTYPE>300</SNVTTYPE><LENGTH>2</LENGTH></nvoWaterTemp><nvoWaterFlow><DIRECTION>output</"
             "DIRECTION>"
-            "<SNVTTYPE>301</SNVTTYPE><LENGTH>99</LENGTH>",
-            "67:125 nvlength"),
+            "<SNVTTYPE>301</SNVTTYPE><LENGTH>0</LENGTH>",
+            "67:131 nvlength"),
         Xml("<RAWVALUE>2EE0</", "<RAWVALUE>0x2EE0</", "142:7 cpvalue"),
         Xml("<RAWVALUE>2EE0</RAWVALUE>", "<RAWVAL>2EE0</RAWVAL>", "142:7 ignored-element"),
         Xml("<PROGRAMID>9FFFFF5014030401</PROGRAMID>\n", "", "4:1 programid"),
