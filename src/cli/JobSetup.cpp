@@ -122,7 +122,7 @@ void TakeClockFromEnvironment(Tovarek& component) {
 // A standard type that nobody can know.
 bool LacksCatalog(const Tovarek& component, std::int32_t error) {
     return error == eQVXIFerr_unknowntype && component.catalogDir().empty() &&
-           component.catalogFile() == kUsualCatalogFile;
+           component.catalogFile() == kUsualCatalogFile && ShippedCatalogFolder().empty();
 }
 
 }  // namespace
@@ -151,9 +151,11 @@ Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set
     return {error.Number(), error.Description(), std::move(finding.context)};
 }
 
-void UseShippedCatalog(Tovarek& component) {
+void UseShippedCatalog(Tovarek& component, const std::shared_ptr<const StandardCatalog>& shared) {
     if (!component.catalogDir().empty() || component.catalogFile() != kUsualCatalogFile)
         return;
+    if (shared != nullptr)
+        return component.UseCatalog(shared);
     if (const std::string folder = ShippedCatalogFolder(); !folder.empty())
         component.catalogDir(folder);
 }

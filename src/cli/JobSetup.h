@@ -1,6 +1,7 @@
 // How the component gets the properties of a job: from the command line, job files and the environment.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -32,9 +33,10 @@ void PlaceInJobs(const Tovarek& component, const std::vector<SetProperty>& set,
 // The error of a generation, placed likewise.
 Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set, const Error& error);
 
-// Opens the shipped catalog where the user has set neither of the catalog's properties. One that is set
-// counts, even if no catalog is found with it.
-void UseShippedCatalog(Tovarek& component);
+// Opens the shipped catalog where the user has set neither of the catalog's properties, or takes `shared`,
+// which is that catalog already open; null for none. One that is set counts, even if no catalog is found with
+// it.
+void UseShippedCatalog(Tovarek& component, const std::shared_ptr<const StandardCatalog>& shared);
 
 // Adds what helps where the program knows more than the component.
 void ExplainError(const Tovarek& component, Error& error);

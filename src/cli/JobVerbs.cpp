@@ -1,4 +1,5 @@
 // The verbs that take a job.
+#include "cli/BatchCommand.h"
 #include "cli/CheckCommand.h"
 #include "cli/GenerateCommand.h"
 #include "cli/Verbs.h"
@@ -55,6 +56,16 @@ int Generate(const Given& given, Streams streams) {
     return RunGenerate(SettingsOf(given), wishes, given.format, streams);
 }
 
+int Batch(const Given& given, Streams streams) {
+    return RunBatch(
+        {.jobs = given.All("JOB"),
+         .threads = given.Text("--jobs"),
+         .failFast = given.Has("--fail-fast"),
+         .generate = {.build = {.depfile = {}, .stamp = {}, .ifChanged = given.Has("--if-changed")},
+                      .warns = !given.Has("--no-warnings")}},
+        given.format, streams);
+}
+
 int Check(const Given& given, Streams streams) {
     CheckWishes wishes;
     wishes.options.ignored = given.All("--ignore");
@@ -79,6 +90,16 @@ std::vector<Verb> JobVerbs() {
               {"--stamp", "FILE", "touch FILE in the end, whether or not an output has changed"},
               {"--depfile", "FILE", "write what FILE of --stamp was made from, for Make and Ninja"}}),
          Generate},
+        {"batch",
+         "JOB...",
+         "generate with many job files, each as if it were alone",
+         "JOB is a job file, or @LIST: a file with one on each line, as it counts from the folder of LIST.",
+         "tovarek batch pump.json fan.json --jobs 4",
+         {{"--jobs", "N", "how many run at a time, 1 to 256; without it as many as processors"},
+          {"--fail-fast", "", "begin no job behind one that failed"},
+          {"--no-warnings", "", "do not tell what is read otherwise than it was written"},
+          {"--if-changed", "", "leave an output alone that would be the same but for its date"}},
+         Batch},
         {"check", "[OPTIONS]", "find every fault of a job; nothing is written", kOrder,
          "tovarek check --iniTemplateFile template.ini --mustGenerateTypes false --mustGenerateXif false",
          WithSettings(

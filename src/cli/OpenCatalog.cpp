@@ -1,6 +1,8 @@
 #include "cli/OpenCatalog.h"
 
+#include "base/Path.h"
 #include "cli/Locations.h"
+#include "control/StandardCatalog.h"
 #include "support/CErrorHandler.h"
 
 namespace tovarek {
@@ -10,6 +12,14 @@ std::string NoShippedCatalog() {
     for (const std::string& folder : ShippedCatalogPlaces())
         reason += " '" + folder + "'";
     return reason + "; name the folder of a catalog with --catalogDir";
+}
+
+std::shared_ptr<StandardCatalog> OpenShippedCatalog() {
+    const std::string folder = ShippedCatalogFolder();
+    std::unique_ptr<StandardCatalog> catalog;
+    if (!folder.empty())
+        StandardCatalog::Open(WithFinalBackslash(folder) + kUsualCatalogFile, catalog);
+    return catalog;
 }
 
 std::unique_ptr<CCatalog> OpenCatalog(const CatalogPlace& place) {

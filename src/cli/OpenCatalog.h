@@ -8,6 +8,8 @@
 
 namespace tovarek {
 
+class StandardCatalog;  // control/StandardCatalog.h
+
 // Where the catalog is; empty members stand for the shipped one and its usual name.
 struct CatalogPlace {
     std::string folder;
@@ -15,6 +17,9 @@ struct CatalogPlace {
 
     bool IsShipped() const { return folder.empty(); }
 };
+
+// The shipped catalog; null where there is none, or none that can be opened.
+std::shared_ptr<StandardCatalog> OpenShippedCatalog();
 
 // Says where a catalog was looked for in vain, and how to name one.
 std::string NoShippedCatalog();

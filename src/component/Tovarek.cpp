@@ -44,6 +44,10 @@ void Tovarek::SetClock(std::shared_ptr<const Clock> clock) {
     catalog_.types.SetClock(clock_);
 }
 
+void Tovarek::UseCatalog(std::shared_ptr<const StandardCatalog> catalog) {
+    catalog_.types.UseCatalog(std::move(catalog));
+}
+
 void Tovarek::RaiseWhenCatalogFailed() const {
     if (catalog_.errorOpeningCatalog())
         errorHandler_.RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist, catalog_.OpeningFailure());

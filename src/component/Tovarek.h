@@ -32,8 +32,9 @@
 
 namespace tovarek {
 
-class Readings;     // support/Readings.h
-class TrialOutput;  // system/TrialOutput.h
+class Readings;         // support/Readings.h
+class StandardCatalog;  // control/StandardCatalog.h
+class TrialOutput;      // system/TrialOutput.h
 
 class Tovarek {
   public:
@@ -134,6 +135,9 @@ class Tovarek {
     void addNameInCpString(bool value) { addNameInCpString_ = value; }
 
     // ---- for hosts written in C++ ----
+    // Looks standard types up in `catalog` until a property of the catalog is written; those stay as they
+    // are. Objects of several threads may share one that is decoded as a whole.
+    void UseCatalog(std::shared_ptr<const StandardCatalog> catalog);
     // The clock that dates come from; the machine's by default.
     void SetClock(std::shared_ptr<const Clock> clock);
     // Paths of the files that the last Generate finished, in order; also after a failed one.

@@ -120,7 +120,7 @@ class QVxTypes::Impl {
 
     std::string folder;
     std::string fileName;
-    std::unique_ptr<StandardCatalog> catalog;
+    std::shared_ptr<const StandardCatalog> catalog;
     std::int32_t selected = 0;
     ResourceCreator creator;
     std::int32_t result = resultOk;
@@ -155,7 +155,15 @@ void QVxTypes::PrepareCatalog(std::int32_t /*argument*/) {
 
 void QVxTypes::OpenCatalog() {
     impl_->selected = 0;
-    impl_->Note(StandardCatalog::Open(WithSeparator(impl_->folder) + impl_->fileName, impl_->catalog));
+    std::unique_ptr<StandardCatalog> opened;
+    impl_->Note(StandardCatalog::Open(WithSeparator(impl_->folder) + impl_->fileName, opened));
+    impl_->catalog = std::move(opened);
+}
+
+void QVxTypes::UseCatalog(std::shared_ptr<const StandardCatalog> catalog) {
+    impl_->selected = 0;
+    impl_->catalog = std::move(catalog);
+    impl_->Note({});
 }
 
 std::int32_t QVxTypes::ResultCode() const {

@@ -53,6 +53,8 @@ class QVxTypes {
     // Opens the catalog; ResultCode tells: 0, 5 (the catalog file or the standard set cannot be read), 10 or
     // another code (the standard set is damaged).
     void OpenCatalog();
+    // Takes one that is open already, and perhaps others' as well, in place of the named one.
+    void UseCatalog(std::shared_ptr<const StandardCatalog> catalog);
     // The result of the last operation.
     std::int32_t ResultCode() const;
     // A sentence for people about the last result that was not 0; empty when there is nothing to say.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -75,6 +76,8 @@ std::string Joined(const std::string& path, const std::string& member) {
 class StandardCatalog::Impl {
   public:
     Outcome OpenTypes(const std::string& path);
+    Outcome OpenTypes(const StandardSetBytes& set);
+    void DecodeAll();
 
     const NvType* Nv(std::int32_t index) {
         return Decoded(index, view.NvTypes(), nvs_, &TypeFileView::DecodeNv);
@@ -128,16 +131,25 @@ class StandardCatalog::Impl {
         const TypeFileView::Entry* entry = Find(entries, index);
         if (entry == nullptr)
             return nullptr;
-        const auto [place, isNew] = cache.try_emplace(index);
-        if (isNew) {
-            auto type = std::make_unique<Type>();
-            if (decode(*entry, *type))
-                place->second = std::move(type);
-        }
-        return place->second.get();
+        // What is known is only looked up, so that threads can share what was decoded before them.
+        if (const auto known = cache.find(index); known != cache.end())
+            return known->second.get();
+        auto type = std::make_unique<Type>();
+        if (!decode(*entry, *type))
+            type.reset();
+        return cache.try_emplace(index, std::move(type)).first->second.get();
     }
+    // A file of the set beside the type file.
+    Outcome ReadCompanion(const std::string& name, std::string_view inMemory, std::string& bytes) const {
+        if (!memory_)
+            return ReadWhole(Companion(name), bytes);
+        bytes = inMemory;
+        return {};
+    }
+    Outcome ViewTypes();
     void LoadFormats();
 
+    std::optional<StandardSetBytes> memory_;
     std::string bytes_;
     std::unordered_map<std::int32_t, std::unique_ptr<NvType>> nvs_;
     std::unordered_map<std::int32_t, std::unique_ptr<CpType>> cps_;
@@ -151,25 +163,46 @@ Outcome StandardCatalog::Impl::OpenTypes(const std::string& typePath) {
     path = typePath;
     if (Outcome read = ReadWhole(path, bytes_); !read.Ok())
         return read;
-    Outcome opened = TypeFileView::Open(bytes_, view);
-    if (opened.Ok() && view.Header().scope != 0)
-        opened = Failure(resultBadScope, "its scope is not 0");
+    Outcome opened = ViewTypes();
     if (!opened.Ok())
         opened.reason = "\"" + SystemPath(path) + "\" does not hold a standard set: " + opened.reason;
     return opened;
+}
+
+Outcome StandardCatalog::Impl::OpenTypes(const StandardSetBytes& set) {
+    memory_ = set;
+    bytes_ = set.types;
+    return ViewTypes();
+}
+
+Outcome StandardCatalog::Impl::ViewTypes() {
+    Outcome opened = TypeFileView::Open(bytes_, view);
+    return opened.Ok() && view.Header().scope != 0 ? Failure(resultBadScope, "its scope is not 0") : opened;
+}
+
+void StandardCatalog::Impl::DecodeAll() {
+    for (std::size_t i = 1; i <= view.NvTypes().size(); ++i)
+        Nv(static_cast<std::int32_t>(i));
+    for (std::size_t i = 1; i <= view.CpTypes().size(); ++i)
+        Cp(static_cast<std::int32_t>(i));
+    for (std::size_t i = 1; i <= view.EnumerationCount(); ++i)
+        EnumerationSet(static_cast<std::int32_t>(i));
+    Formats("");
+    Texts();
+    IndexOf(view.NvTypes(), "SNVT", "", nvNames);
+    IndexOf(view.CpTypes(), "SCPT", "", cpNames);
 }
 
 const Enumeration* StandardCatalog::Impl::EnumerationSet(std::int32_t number) {
     if (number < 1 || static_cast<std::size_t>(number) > view.EnumerationCount() ||
         !view.HasEnumeration(static_cast<std::size_t>(number)))
         return nullptr;
-    const auto [place, isNew] = enumerations_.try_emplace(number);
-    if (isNew) {
-        auto enumeration = std::make_unique<Enumeration>();
-        if (view.DecodeEnumeration(static_cast<std::size_t>(number), *enumeration))
-            place->second = std::move(enumeration);
-    }
-    return place->second.get();
+    if (const auto known = enumerations_.find(number); known != enumerations_.end())
+        return known->second.get();
+    auto enumeration = std::make_unique<Enumeration>();
+    if (!view.DecodeEnumeration(static_cast<std::size_t>(number), *enumeration))
+        enumeration.reset();
+    return enumerations_.try_emplace(number, std::move(enumeration)).first->second.get();
 }
 
 const LanguageFile& StandardCatalog::Impl::Texts() {
@@ -177,7 +210,7 @@ const LanguageFile& StandardCatalog::Impl::Texts() {
         return *texts_;
     texts_ = std::make_unique<LanguageFile>();
     std::string bytes;
-    Outcome read = ReadWhole(Companion("standard.enu"), bytes);
+    Outcome read = ReadCompanion("standard.enu", memory_ ? memory_->texts : "", bytes);
     if (read.Ok())
         read = ReadLanguageFile(bytes, *texts_);
     if (!read.Ok())
@@ -189,7 +222,7 @@ void StandardCatalog::Impl::LoadFormats() {
     formats_ = std::make_unique<std::unordered_map<std::string, std::vector<DisplayFormat>>>();
     std::string bytes;
     FormatFile formats;
-    Outcome read = ReadWhole(Companion("standard.fmt"), bytes);
+    Outcome read = ReadCompanion("standard.fmt", memory_ ? memory_->formats : "", bytes);
     if (read.Ok())
         read = ReadFormatFile(bytes, formats);
     if (!read.Ok())
@@ -261,7 +294,21 @@ Outcome StandardCatalog::Open(const std::string& path, std::unique_ptr<StandardC
     return failure;
 }
 
+Outcome StandardCatalog::Open(const StandardSetBytes& set, std::unique_ptr<StandardCatalog>& catalog) {
+    catalog.reset(new StandardCatalog);
+    Outcome opened = catalog->impl_->OpenTypes(set);
+    if (!opened.Ok())
+        catalog.reset();
+    return opened;
+}
+
+void StandardCatalog::DecodeAll() {
+    impl_->DecodeAll();
+}
+
 std::vector<std::string> StandardCatalog::Files() const {
+    if (impl_->path.empty())
+        return {};
     return {impl_->catalogPath, impl_->path, impl_->Companion("standard.enu"),
             impl_->Companion("standard.fmt")};
 }

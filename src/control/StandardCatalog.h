@@ -2,9 +2,9 @@
 // configuration-property type (SCPT), enumeration, text and display format that it knows.
 //
 // Opening reads and verifies the type file alone. Descriptions, texts and formats are decoded on the first
-// call that needs them, also by const functions: an instance belongs to one thread at a time. Pointers and
-// references that are handed out live as long as the catalog. A text or format file that is missing or
-// damaged reads as an empty one.
+// call that needs them, also by const functions: an instance belongs to one thread at a time, unless
+// DecodeAll made it one for all. Pointers and references that are handed out live as long as the catalog. A
+// text or format file that is missing or damaged reads as an empty one.
 //
 //   std::unique_ptr<StandardCatalog> catalog;
 //   if (StandardCatalog::Open("share\\catalog\\ldrf.cat", catalog).Ok())
@@ -41,6 +41,13 @@ struct CatalogField {
     TypeDescription type;
 };
 
+// The files of a standard set that a program holds. The bytes live as long as the program.
+struct StandardSetBytes {
+    std::string_view types;    // standard.typ
+    std::string_view texts;    // standard.enu
+    std::string_view formats;  // standard.fmt
+};
+
 class StandardCatalog {
   public:
     // Opens the standard set behind the catalog file `path`. A catalog of ours is a text that names the
@@ -49,6 +56,12 @@ class StandardCatalog {
     // those of ReadTypeFile.
     static Outcome Open(const std::string& path, std::unique_ptr<StandardCatalog>& catalog);
 
+    // The same for a set in memory, which no file stands for. Codes: those of ReadTypeFile.
+    static Outcome Open(const StandardSetBytes& set, std::unique_ptr<StandardCatalog>& catalog);
+
+    // Decodes all that would be decoded later: from now on many threads may use the instance at a time.
+    void DecodeAll();
+
     ~StandardCatalog();
     StandardCatalog(const StandardCatalog&) = delete;
     StandardCatalog& operator=(const StandardCatalog&) = delete;
@@ -56,6 +69,7 @@ class StandardCatalog {
     // ---- what there is ----
 
     // Paths of all files that the catalog is read from: the catalog file, then those of the standard set.
+    // None for a set in memory.
     std::vector<std::string> Files() const;
     // All types by index; those that the set has deleted or lacks are left out.
     std::vector<CatalogEntry> NvTypes() const;

@@ -1,0 +1,223 @@
+#include "cli/BatchCommand.h"
+
+#include <algorithm>
+#include <atomic>
+#include <charconv>
+#include <map>
+#include <mutex>
+#include <ostream>
+#include <sstream>
+#include <system_error>
+#include <thread>
+#include <tuple>
+#include <utility>
+
+#include "base/Path.h"
+#include "base/Text.h"
+#include "cli/Assignments.h"
+#include "cli/Json.h"
+#include "cli/Locations.h"
+#include "cli/OpenCatalog.h"
+#include "control/StandardCatalog.h"
+#include "system/Files.h"
+#include "xml/XmlThreads.h"
+
+namespace tovarek {
+namespace {
+
+constexpr unsigned kMostThreads = 256;
+
+// Each line of a list names a job as it counts from the list's folder; empty lines and those behind '#' do
+// not.
+void AddListed(const std::string& list, std::vector<std::string>& jobs) {
+    std::string bytes;
+    try {
+        bytes = ReadFile(list);
+    } catch (const Error& error) {
+        throw WrongUse("list of jobs '" + Excerpt(list) + "': " + error.Context().reason);
+    }
+    for (std::string_view rest = bytes; !rest.empty();) {
+        const std::string_view line = Trim(TakeLine(rest));
+        if (!line.empty() && !line.starts_with('#'))
+            jobs.push_back(BesideFile(list, std::string(line)));
+    }
+}
+
+std::vector<std::string> AllJobs(const std::vector<std::string>& words) {
+    std::vector<std::string> jobs;
+    for (const std::string& word : words) {
+        if (word.starts_with('@'))
+            AddListed(word.substr(1), jobs);
+        else
+            jobs.push_back(word);
+    }
+    if (jobs.empty())
+        throw WrongUse("batch needs job files: JOB..., or @LIST with one on each line");
+    return jobs;
+}
+
+unsigned ThreadCount(const std::string& text) {
+    if (text.empty())
+        return std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+    unsigned count = 0;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || count < 1 ||
+        count > kMostThreads)
+        throw WrongUse("--jobs is '" + Excerpt(text) + "'; give how many jobs run at a time, 1 to 256");
+    return count;
+}
+
+// Which job writes which file. Two jobs with one output would leave whatever the last one wrote. A file is
+// known by its folder and name: whether it exists changes while jobs run.
+class OutputClaims {
+  public:
+    void Claim(std::size_t number, const std::string& job, const JobFiles& files) {
+        const std::lock_guard lock(mutex_);
+        for (const JobFile& file : files.outputs) {
+            const std::string folder = FolderOf(file.path);
+            const FileStamp stamp = StampOf(folder.empty() ? "." : folder);
+            const auto [place, isNew] = owners_.try_emplace(
+                std::tuple(stamp.device, stamp.inode, std::string(NameOf(file.path))), number, job);
+            if (!isNew && place->second.first != number)
+                throw WrongUse("the output " + file.role + " '" + SystemPath(file.path) +
+                               "' is also one of '" + place->second.second +
+                               "'; give one of them another name or folder");
+        }
+    }
+
+  private:
+    std::mutex mutex_;
+    std::map<std::tuple<std::uint64_t, std::uint64_t, std::string>, std::pair<std::size_t, std::string>>
+        owners_;
+};
+
+struct JobResult {
+    bool isDone = false;
+    int status = kDone;
+    std::string out;
+    std::string error;
+};
+
+class Batch {
+  public:
+    Batch(std::vector<std::string> jobs, const BatchWishes& wishes, OutputFormat format, Streams streams)
+        : jobs_(std::move(jobs)),
+          results_(jobs_.size()),
+          wishes_(wishes),
+          streams_(streams),
+          format_(format) {}
+
+    int Run(unsigned threads) {
+        PrepareXmlForThreads();
+        if (const std::shared_ptr<StandardCatalog> shared = OpenShippedCatalog()) {
+            shared->DecodeAll();
+            catalog_ = shared;
+        }
+        std::vector<std::thread> helpers;
+        for (unsigned i = 1; i < std::min<std::size_t>(threads, jobs_.size()); ++i) {
+            try {
+                helpers.emplace_back([this] { Work(); });
+            } catch (const std::system_error&) {
+                // The system gives no more of them: the others do the work.
+                break;
+            }
+        }
+        Work();
+        for (std::thread& helper : helpers)
+            helper.join();
+        return Summary();
+    }
+
+  private:
+    void Work() {
+        while (!(wishes_.failFast && failed_ > 0)) {
+            const std::size_t number = next_++;
+            if (number >= jobs_.size())
+                return;
+            Generate(number);
+            TellFinished(number);
+        }
+    }
+
+    void Generate(std::size_t number) {
+        const std::string& job = jobs_[number];
+        std::ostringstream out;
+        std::ostringstream error;
+        GenerateWishes wishes = wishes_.generate;
+        wishes.catalog = catalog_;
+        wishes.guard = [&](const JobFiles& files) { claims_.Claim(number, job, files); };
+        JobResult& result = results_[number];
+        result.status = RunGenerate({{Setting::Kind::job, {}, job}}, wishes, format_,
+                                    {out, error, false, streams_.command});
+        result.out = std::move(out).str();
+        result.error = std::move(error).str();
+    }
+
+    // The results come in the order of the jobs, whichever was ready first.
+    void TellFinished(std::size_t number) {
+        const std::lock_guard lock(mutex_);
+        results_[number].isDone = true;
+        failed_ += results_[number].status == kDone ? 0 : 1;
+        for (; told_ < jobs_.size() && results_[told_].isDone; ++told_)
+            Tell(told_);
+    }
+
+    void Tell(std::size_t number) {
+        JobResult& result = results_[number];
+        ++finished_;
+        if (format_ == OutputFormat::json) {
+            Json line = {{"job", jobs_[number]}, {"status", result.status}};
+            line.update(Json::parse(result.out));
+            streams_.out << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        } else {
+            streams_.out << result.out;
+            if (!result.error.empty())
+                streams_.error << SystemPath(jobs_[number]) << ":\n" << result.error;
+        }
+        result.out = {};
+        result.error = {};
+    }
+
+    int Summary() {
+        // Behind one that never began others may have come to their end.
+        for (std::size_t i = told_; i < jobs_.size(); ++i)
+            if (results_[i].isDone)
+                Tell(i);
+        if (format_ != OutputFormat::json) {
+            streams_.out << jobs_.size() << " jobs: " << finished_ - failed_ << " done, " << failed_
+                         << " failed";
+            if (finished_ < jobs_.size())
+                streams_.out << ", " << jobs_.size() - finished_ << " not begun";
+            streams_.out << '\n';
+        }
+        return failed_ == 0 ? kDone : kFailed;
+    }
+
+    const std::vector<std::string> jobs_;
+    std::vector<JobResult> results_;
+    const BatchWishes& wishes_;
+    Streams streams_;
+    std::shared_ptr<const StandardCatalog> catalog_;
+    OutputClaims claims_;
+    std::mutex mutex_;
+    std::size_t told_ = 0;
+    std::size_t finished_ = 0;
+    std::atomic<std::size_t> next_ = 0;
+    std::atomic<std::size_t> failed_ = 0;
+    OutputFormat format_;
+};
+
+}  // namespace
+
+int RunBatch(const BatchWishes& wishes, OutputFormat format, Streams streams) {
+    try {
+        const unsigned threads = ThreadCount(wishes.threads);
+        return Batch(AllJobs(wishes.jobs), wishes, format, streams).Run(threads);
+    } catch (const WrongUse& fault) {
+        return ReportWrongUse(fault.what(), format, streams);
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
+}
+
+}  // namespace tovarek
