@@ -375,7 +375,11 @@ std::string DtdFileOf(const std::string& path) {
     if (!FileExists(path))
         return {};
     try {
-        const std::string text = XmlText(ReadFile(path));
+        const std::string bytes = ReadFile(path);
+        // Most documents have none, which is seen before they are decoded. In UTF-16 it has bytes between.
+        if (bytes.find('\0') == std::string::npos && bytes.find("<!DOCTYPE") == std::string::npos)
+            return {};
+        const std::string text = XmlText(bytes);
         Load load(path);
         const ReportsTo reports(load);
         const Parser parser = NewParser(load);
