@@ -33,10 +33,10 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
             "C</SISD>\n    </nvoWaterTemp>\n    <!-- user type 301, water flow -->\n    <nvoWaterFlow>\n     "
             " "
             "<DIRECTION>output</DIRECTION>\n      <SNVTTYPE>301</SNVTTYPE>\n      <LENGTH>2</LENGTH>",
-            "<SNVTTYPE>300</SNVTTYPE><LENGTH>2</LENGTH></nvoWaterTemp><nvoWaterFlow><DIRECTION>output</"
+            "<SNVTTYPE>300</SNVTTYPE><LENGTH>0</LENGTH></nvoWaterTemp><nvoWaterFlow><DIRECTION>output</"
             "DIRECTION>"
             "<SNVTTYPE>301</SNVTTYPE><LENGTH>0</LENGTH>",
-            "67:131 nvlength"),
+            "67:31 nvlength; 67:131 nvlength"),
         Xml("<RAWVALUE>2EE0</", "<RAWVALUE>0x2EE0</", "142:7 cpvalue"),
         Xml("<RAWVALUE>2EE0</RAWVALUE>", "<RAWVAL>2EE0</RAWVAL>", "142:7 ignored-element"),
         Xml("<PROGRAMID>9FFFFF5014030401</PROGRAMID>\n", "", "4:1 programid"),
