@@ -104,7 +104,7 @@ DescribedType<CpType> OwnTypesOfDevice::OfProperty(const XifProperty& property) 
 }
 
 OwnTypesOfDevice::Value OwnTypesOfDevice::ValueOfVariable(std::size_t place) const {
-    if (const DescribedType<NvType> own = OfVariable(place))
+    if (const DescribedType<NvType> own = OfVariable(place); own.type != nullptr)
         return {ValueTypeOf("", *own.type), own.names};
     const XifNumber type = device_.variables[place].standardType;
     const NvType* const known = type && *type > 0 && *type <= UINT8_MAX
@@ -143,7 +143,7 @@ OwnTypesOfDevice::Value OwnTypesOfDevice::ValueOf(const XifProperty& property) c
     const std::uint16_t number = TypeNumberOf(property.type);
     if (property.scope != "0") {
         const DescribedType<CpType> own = OfProperty(property);
-        return own ? Value{ValueTypeOf("", *own.type, *own.names), own.names} : Value();
+        return own.type == nullptr ? Value() : Value{ValueTypeOf("", *own.type, *own.names), own.names};
     }
     if (InheritingTypeOf(number) != nullptr)
         return Inherited(property);

@@ -45,6 +45,8 @@ class TypeRows {
         if (shown.type != nullptr)
             Describe(*shown.type, shown.shape, unitText, row);
         rows.push_back(std::move(row));
+        if (shown.type == nullptr)
+            return;
         if (shown.shape == ValueShape::structure || shown.shape == ValueShape::oneOf)
             AddMembers(path.empty() ? path : path + '.', *shown.type, depth);
         else if (shown.shape == ValueShape::array)
