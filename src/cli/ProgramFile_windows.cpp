@@ -20,7 +20,8 @@ std::size_t TerminalWidth() {
     CONSOLE_SCREEN_BUFFER_INFO info{};
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0)
         return 0;
-    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+    const int width = info.srWindow.Right - info.srWindow.Left + 1;
+    return width > 0 ? static_cast<std::size_t>(width) : 0;
 }
 
 }  // namespace tovarek
