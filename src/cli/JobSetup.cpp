@@ -67,9 +67,8 @@ bool NamesMissing(const Tovarek& component, const SetProperty& property, const s
     if (row == nullptr || row->kind != PropertyKind::string)
         return false;
     const std::string value = SystemPath(std::get<std::string>(row->get(component)));
-    return value == file ||
-           (!value.empty() && !FolderExists(value) && file.starts_with(value) &&
-            SystemPath(WithFinalBackslash(value)) == file.substr(0, file.find_last_of('/') + 1));
+    return value == file || (!value.empty() && !FolderExists(value) && file.starts_with(value) &&
+                             SystemPath(WithFinalBackslash(value)) == FolderOf(file));
 }
 
 // The property of a job that the finding is about; null for none. The last one that sets it counts, and may

@@ -287,7 +287,7 @@ TEST_F(InterfaceDiff, ComparesOwnTypesWhereBothSidesGiveThem) {
                   .status,
               0);
     // A copy has the same date, whatever the clock does meanwhile.
-    std::filesystem::copy(StandardPath(old), StandardPath(now));
+    std::filesystem::copy(StandardPath(scratch_.Path("old")), StandardPath(scratch_.Path("now")));
     const auto verdict = [](const Answer& run) { return run.out.substr(run.out.rfind("verdict")); };
     const std::string equal = "verdict: equal\n";
     EXPECT_EQ(verdict(Diff(old + "node.xif", now + "node.xif")), equal);
