@@ -109,7 +109,7 @@ class Batch {
 
     int Run(unsigned threads) {
         PrepareXmlForThreads();
-        if (const std::shared_ptr<StandardCatalog> shared = OpenShippedCatalog()) {
+        if (const std::shared_ptr<StandardCatalog> shared = OpenUsualCatalog()) {
             shared->DecodeAll();
             catalog_ = shared;
         }

@@ -157,8 +157,11 @@ int WithCatalog(const CatalogPlace& place, OutputFormat format, Streams streams,
 }  // namespace
 
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams) {
-    const auto list = [&](const StandardCatalog& /*catalog*/, const std::vector<CatalogType>& types) {
+    const auto list = [&](const StandardCatalog& catalog, const std::vector<CatalogType>& types) {
+        const std::vector<std::string> files = catalog.Files();
         WriteList(types, format, streams.out);
+        if (format == OutputFormat::text)
+            streams.out << SetFrom(files.empty() ? "" : files.front()) << '\n';
         return kDone;
     };
     return WithCatalog(place, format, streams, list);

@@ -8,7 +8,7 @@
 
 namespace tovarek {
 
-// All types: kind (NV or CP), index, size in bytes, name.
+// All types: kind (NV or CP), index, size in bytes, name. Text tells in the end where they are from.
 int RunCatalogList(const CatalogPlace& place, OutputFormat format, Streams streams);
 
 // All that is known of the type that `word` names (see TypesNamed): "SNVT_temp_p", "temp_p", "105". A number

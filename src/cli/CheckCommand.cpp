@@ -59,7 +59,7 @@ CheckedJob CheckJob(const std::vector<Setting>& settings, const CheckOptions& wi
     Tovarek component;
     FindingList findings(wishes.isPedantic);
     const std::vector<SetProperty> set = SetUp(component, settings, findings);
-    TellingErrors(findings, [&] { UseShippedCatalog(component, nullptr); });
+    TellingErrors(findings, [&] { UseUsualCatalog(component, nullptr); });
     RefuseOverwriting(component.Files(), JobsOf(settings));
     CheckedJob job;
     AddStamps(InputsOf(component, settings), job.stamps);

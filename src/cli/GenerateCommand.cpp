@@ -35,7 +35,7 @@ class Generation {
         if (!wishes_.build.depfile.empty() && wishes_.build.stamp.empty())
             throw WrongUse("--depfile needs --stamp FILE, the file that it tells of");
         set_ = SetUp(component_, settings_, sink);
-        UseShippedCatalog(component_, wishes_.catalog);
+        UseUsualCatalog(component_, wishes_.catalog);
         const std::vector<std::string> jobs = JobsOf(settings_);
         RefuseOverwriting(record_.With(component_.Files()), jobs);
         // Once more when the template is in order and has told the user type file.

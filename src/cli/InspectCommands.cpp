@@ -20,7 +20,7 @@ std::unique_ptr<CCatalog> CatalogOfNames(const CatalogPlace& place) {
     try {
         return OpenCatalog(place);
     } catch (const Error&) {
-        if (!place.folder.empty() || !place.file.empty())
+        if (!place.IsShipped() || !place.file.empty())
             throw;
         return nullptr;
     }

@@ -118,10 +118,16 @@ void TakeClockFromEnvironment(Tovarek& component) {
     component.SetClock(FixedClock(seconds));
 }
 
-// A standard type that nobody can know.
-bool LacksCatalog(const Tovarek& component, std::int32_t error) {
-    return error == eQVXIFerr_unknowntype && component.catalogDir().empty() &&
-           component.catalogFile() == kUsualCatalogFile && ShippedCatalogFolder().empty();
+bool TakesUsualCatalog(const Tovarek& component) {
+    return component.catalogDir().empty() && component.catalogFile() == kUsualCatalogFile;
+}
+
+// Where the types of the job are looked up; empty when no catalog is open.
+std::string SetInUse(const Tovarek& component) {
+    for (const JobFile& file : component.Files().inputs)
+        if (file.role == "catalog")
+            return SetFrom(file.path);
+    return TakesUsualCatalog(component) ? SetFrom("") : "";
 }
 
 }  // namespace
@@ -150,18 +156,25 @@ Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set
     return {error.Number(), error.Description(), std::move(finding.context)};
 }
 
-void UseShippedCatalog(Tovarek& component, const std::shared_ptr<const StandardCatalog>& shared) {
-    if (!component.catalogDir().empty() || component.catalogFile() != kUsualCatalogFile)
+void UseUsualCatalog(Tovarek& component, std::shared_ptr<const StandardCatalog> shared) {
+    if (!TakesUsualCatalog(component))
         return;
+    if (shared == nullptr)
+        shared = OpenUsualCatalog();
     if (shared != nullptr)
-        return component.UseCatalog(shared);
-    if (const std::string folder = ShippedCatalogFolder(); !folder.empty())
-        component.catalogDir(folder);
+        component.UseCatalog(std::move(shared));
+    else
+        component.catalogDir(UsualCatalogFolder());
 }
 
 void ExplainError(const Tovarek& component, Error& error) {
-    if (LacksCatalog(component, error.Number()))
-        error.AddReason(NoShippedCatalog());
+    if (error.Number() == eQVXIFerr_unknowntype)
+        if (const std::string set = SetInUse(component); !set.empty())
+            error.AddReason("looked up in the " + set);
+    const std::string note = VariableNote();
+    if (error.Number() == eQVXIFerr_erroraccessingSNVTmasterlist && !note.empty() &&
+        component.catalogDir() == UsualCatalogFolder())
+        error.AddReason(note);
 }
 
 void ExplainErrors(const Tovarek& component, std::vector<Finding>& findings) {

@@ -33,10 +33,10 @@ void PlaceInJobs(const Tovarek& component, const std::vector<SetProperty>& set,
 // The error of a generation, placed likewise.
 Error PlacedInJobs(const Tovarek& component, const std::vector<SetProperty>& set, const Error& error);
 
-// Opens the shipped catalog where the user has set neither of the catalog's properties, or takes `shared`,
+// Opens the usual catalog where the user has set neither of the catalog's properties, or takes `shared`,
 // which is that catalog already open; null for none. One that is set counts, even if no catalog is found with
 // it.
-void UseShippedCatalog(Tovarek& component, const std::shared_ptr<const StandardCatalog>& shared);
+void UseUsualCatalog(Tovarek& component, std::shared_ptr<const StandardCatalog> shared);
 
 // Adds what helps where the program knows more than the component.
 void ExplainError(const Tovarek& component, Error& error);

@@ -41,12 +41,8 @@ std::string FirstFolderWith(const std::vector<std::string>& folders, const char*
 
 }  // namespace
 
-std::vector<std::string> ShippedCatalogPlaces() {
-    return Folders({"catalog", "../share/tovarek/catalog"});
-}
-
 std::string ShippedCatalogFolder() {
-    return FirstFolderWith(ShippedCatalogPlaces(), kUsualCatalogFile);
+    return FirstFolderWith(Folders({"catalog", "../share/tovarek/catalog"}), kUsualCatalogFile);
 }
 
 std::string ExampleFolder() {

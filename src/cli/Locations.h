@@ -10,9 +10,6 @@ namespace tovarek {
 // Folder of the shipped standard catalog; empty when there is none.
 std::string ShippedCatalogFolder();
 
-// The folders that it is looked for in.
-std::vector<std::string> ShippedCatalogPlaces();
-
 // Folder of the example device; empty when there is none.
 std::string ExampleFolder();
 

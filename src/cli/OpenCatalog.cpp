@@ -2,24 +2,47 @@
 
 #include "base/Path.h"
 #include "cli/Locations.h"
-#include "control/StandardCatalog.h"
+#include "cli/ProgramFile.h"
+#include "cli/StandardSet.h"
 #include "support/CErrorHandler.h"
+#include "system/Files.h"
 
 namespace tovarek {
 
-std::string NoShippedCatalog() {
-    std::string reason = "no catalog was found; looked for " + std::string(kUsualCatalogFile) + " in";
-    for (const std::string& folder : ShippedCatalogPlaces())
-        reason += " '" + folder + "'";
-    return reason + "; name the folder of a catalog with --catalogDir";
+namespace {
+
+constexpr const char* kVariable = "TOVAREK_CATALOG";
+
+}  // namespace
+
+bool CatalogPlace::IsShipped() const {
+    return folder.empty() && EnvironmentText(kVariable).empty();
 }
 
-std::shared_ptr<StandardCatalog> OpenShippedCatalog() {
-    const std::string folder = ShippedCatalogFolder();
+std::string UsualCatalogFolder() {
+    const std::string named = EnvironmentText(kVariable);
+    return named.empty() ? ShippedCatalogFolder() : named;
+}
+
+std::shared_ptr<StandardCatalog> OpenUsualCatalog() {
+    const std::string folder = UsualCatalogFolder();
     std::unique_ptr<StandardCatalog> catalog;
-    if (!folder.empty())
+    if (folder.empty())
+        StandardCatalog::Open(StandardSetInside(), catalog);
+    else
         StandardCatalog::Open(WithFinalBackslash(folder) + kUsualCatalogFile, catalog);
     return catalog;
+}
+
+std::string VariableNote() {
+    return EnvironmentText(kVariable).empty()
+               ? ""
+               : "the environment variable " + std::string(kVariable) + " names this folder";
+}
+
+std::string SetFrom(const std::string& catalogFile) {
+    return "standard set from " +
+           (catalogFile.empty() ? "inside the program" : "'" + SystemPath(FolderOf(catalogFile)) + "'");
 }
 
 std::unique_ptr<CCatalog> OpenCatalog(const CatalogPlace& place) {
@@ -27,15 +50,19 @@ std::unique_ptr<CCatalog> OpenCatalog(const CatalogPlace& place) {
     // The name is set without opening: a failure would mark the catalog for good.
     if (!place.file.empty())
         catalog->types.CatalogFileName(place.file);
-    const std::string shipped = place.IsShipped() ? ShippedCatalogFolder() : "";
+    const std::string folder = place.folder.empty() ? UsualCatalogFolder() : place.folder;
     // A file alone may be a catalog anywhere.
-    if (place.IsShipped() && shipped.empty() && place.file.empty())
-        CErrorHandler().RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist,
-                                   {.record = "standard type catalog", .reason = NoShippedCatalog()});
-    catalog->catalogDir(place.IsShipped() ? shipped : place.folder);
-    if (catalog->errorOpeningCatalog())
-        CErrorHandler().RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist, catalog->OpeningFailure());
-    return catalog;
+    if (folder.empty() && place.file.empty()) {
+        catalog->types.UseCatalog(OpenUsualCatalog());
+        return catalog;
+    }
+    catalog->catalogDir(folder);
+    if (!catalog->errorOpeningCatalog())
+        return catalog;
+    ErrorContext context = catalog->OpeningFailure();
+    if (const std::string note = VariableNote(); place.folder.empty() && !note.empty())
+        context.reason += "; " + note;
+    CErrorHandler().RaiseError(eQVXIFerr_erroraccessingSNVTmasterlist, std::move(context));
 }
 
 }  // namespace tovarek

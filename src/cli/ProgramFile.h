@@ -9,6 +9,9 @@ namespace tovarek {
 // Its absolute path in UTF-8; empty when the system does not tell.
 std::string ProgramFile();
 
+// An environment variable in UTF-8; empty when it is not set.
+std::string EnvironmentText(const char* name);
+
 // Whether its standard output is a terminal.
 bool OutIsTerminal();
 

@@ -1,6 +1,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -12,6 +13,11 @@ std::string ProgramFile() {
     std::error_code none;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", none);
     return none ? std::string() : program.string();
+}
+
+std::string EnvironmentText(const char* name) {
+    const char* const text = std::getenv(name);
+    return text == nullptr ? "" : text;
 }
 
 bool OutIsTerminal() {

@@ -1,6 +1,7 @@
 #include <io.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "cli/ProgramFile.h"
 #include "system/ModuleFile.h"
@@ -10,6 +11,11 @@ namespace tovarek {
 
 std::string ProgramFile() {
     return FromWide(ModuleFile(nullptr));
+}
+
+std::string EnvironmentText(const char* name) {
+    const wchar_t* const text = _wgetenv(ToWide(name).c_str());
+    return text == nullptr ? "" : FromWide(text);
 }
 
 bool OutIsTerminal() {

@@ -80,6 +80,34 @@ TEST_F(CommandLine, TheShippedCatalogStandsInWhenNoCatalogIsSet) {
     EXPECT_EQ(run.status, 0) << "a file alone is a catalog as well\n" << run.error;
 }
 
+TEST_F(CommandLine, TheCatalogInUseIsToldAndNeverReplacedByAnother) {
+    const std::string set = "standard set from '" + SystemPath(TOVAREK_CATALOG);
+    const auto tells = [&](const Answer& run) {
+        return (run.out + run.error).find(set) != std::string::npos;
+    };
+    std::string unknown = kTemplateIni;
+    unknown.replace(unknown.find("type=105"), 8, "type=250");
+    const std::string path = scratch_.File("unknown.ini", unknown);
+    EXPECT_TRUE(tells(Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG})));
+    EXPECT_TRUE(tells(Generate({"--iniTemplateFile", path})));
+    base_.erase(base_.begin() + 1, base_.begin() + 3);
+    SetVariable("TOVAREK_CATALOG", TOVAREK_CATALOG);
+    EXPECT_TRUE(tells(Call({"catalog", "list"})));
+    SetVariable("TOVAREK_CATALOG", scratch_.Path("none"));
+    const std::string job = scratch_.File("job.json", R"({"iniTemplateFile": "template.ini"})");
+    std::vector<std::string> check = base_;
+    check.front() = "check";
+    for (const auto& words : {base_, check, {"batch", job}, {"catalog", "list"}, {"dump", profile_}}) {
+        const Answer run = Call(words);
+        EXPECT_EQ(run.status, 1) << words.front();
+        EXPECT_NE((run.out + run.error).find("TOVAREK_CATALOG names this folder"), std::string::npos)
+            << words.front() << run.out << run.error;
+    }
+    EXPECT_EQ(Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG}).status, 0)
+        << "an option comes first";
+    UnsetVariable("TOVAREK_CATALOG");
+}
+
 TEST_F(CommandLine, FailuresNameNumberMessageAndPlace) {
     std::string broken = kTemplateIni;
     broken.replace(broken.find("direction=1"), 11, "direction=7");
@@ -528,7 +556,6 @@ TEST_F(CommandLine, TypesAreNamedByWhatOneRemembers) {
     EXPECT_NE(call("find", "F").out.find("\tSNVT_temp_p\t"), std::string::npos)
         << "the unit of a display format";
     EXPECT_NE(call("show", "SNVT_temp_q").error.find("did you mean 'SNVT_temp"), std::string::npos);
-    EXPECT_NE(NoShippedCatalog().find("name the folder of a catalog with --catalogDir"), std::string::npos);
     const auto json = nlohmann::json::parse(
         Call({"catalog", "find", "SNVT_press_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"}).out);
     EXPECT_EQ(json[0]["index"], 113);

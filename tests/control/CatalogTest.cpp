@@ -214,6 +214,35 @@ TEST(Catalog, DamagedStandardSetIsRefused) {
     EXPECT_NE(OpenIn(folder.Folder()), 1);
 }
 
+TEST(Catalog, ASetInMemoryAnswersAsItsFilesDo) {
+    const std::unique_ptr<StandardCatalog> files = OpenBuilt();
+    std::string types = ReadFile(kFolder + "/standard.typ");
+    const std::string texts = ReadFile(kFolder + "/standard.enu");
+    const std::string formats = ReadFile(kFolder + "/standard.fmt");
+    for (const bool isDecoded : {false, true}) {
+        std::unique_ptr<StandardCatalog> memory;
+        ASSERT_TRUE(StandardCatalog::Open({types, texts, formats}, memory).Ok());
+        if (isDecoded)
+            memory->DecodeAll();
+        EXPECT_TRUE(memory->Files().empty());
+        ASSERT_EQ(memory->NvTypes().size(), files->NvTypes().size());
+        EXPECT_EQ(memory->CpTypes().size(), files->CpTypes().size());
+        for (const CatalogEntry& type : files->NvTypes()) {
+            EXPECT_EQ(memory->NvName(type.index), type.name);
+            EXPECT_EQ(memory->NvFields(type.index).size(), files->NvFields(type.index).size());
+            ASSERT_EQ(memory->Formats(type.name).size(), files->Formats(type.name).size());
+            for (std::size_t i = 0; i < files->Formats(type.name).size(); ++i)
+                EXPECT_EQ(memory->Formats(type.name)[i].body, files->Formats(type.name)[i].body);
+        }
+        EXPECT_EQ(memory->Text({0, 854}), files->Text({0, 854}));
+    }
+    std::unique_ptr<StandardCatalog> none = OpenBuilt();
+    EXPECT_EQ(StandardCatalog::Open({ExampleBytes()[1], texts, formats}, none).code, 3) << "scope 3";
+    types[types.size() - 20] ^= 1;
+    EXPECT_EQ(StandardCatalog::Open({types, texts, formats}, none).code, 10);
+    EXPECT_EQ(none, nullptr);
+}
+
 // A reference circle in a set that is sound by its checksums.
 TEST(Catalog, TypesThatReferToThemselvesEnd) {
     TypeFile types;
