@@ -17,6 +17,10 @@ struct SourceKeys {
     std::string_view element;
 };
 
+std::string NameOfOutputs(const ConvertedFiles& files) {
+    return files.outputs.empty() ? std::string(StemOf(files.job)) : files.outputs;
+}
+
 void AddSource(Json& job, const ConvertedFiles& files, const std::string& path, const SourceKeys& keys) {
     if (path.empty())
         return;
@@ -55,7 +59,7 @@ void AddTypes(Json& job, const ConvertedFiles& files) {
     job["userTypeFilePath"] = FromFolderOf(files.job, folder.empty() ? "." : folder);
     job["createUnitsFromReference"] = types.takesUnits;
     // A folder of its own: the files that were converted may lie in the current one.
-    job["typeFilesDirectory"] = "./" + std::string(StemOf(files.job)) + "-types";
+    job["typeFilesDirectory"] = "./" + NameOfOutputs(files) + "-types";
     for (const auto& [key, member] : kSettings)
         std::visit([&job, &settings, name = key](auto pointer) { job[name] = settings.*pointer; }, member);
 }
@@ -75,7 +79,7 @@ std::string JobText(const ConvertedFiles& files) {
     if (files.addsNames)
         job["addNameInCpString"] = true;
     if (files.types == nullptr || !files.profile.empty())
-        job["outputXIFfile"] = std::string(StemOf(files.job)) + ".xif";
+        job["outputXIFfile"] = NameOfOutputs(files) + ".xif";
     else
         job["mustGenerateXif"] = false;
     return JsonText(job) + "\n";

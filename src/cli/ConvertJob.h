@@ -13,6 +13,7 @@ struct ConvertedFiles {
     std::string deviceTemplate;
     bool addsNames = false;
     const TypeOutputs* types = nullptr;  // null: the job writes no resource files
+    std::string outputs{};               // what its outputs are called; empty: as the job
 };
 
 std::string JobText(const ConvertedFiles& files);

@@ -2,6 +2,7 @@
 #include "cli/ConvertCommand.h"
 #include "cli/InspectCommands.h"
 #include "cli/InterfaceDiffCommand.h"
+#include "cli/NewCommand.h"
 #include "cli/ShowCommand.h"
 #include "cli/Verbs.h"
 
@@ -57,10 +58,27 @@ int Convert(const Given& given, Streams streams) {
                       given.format, streams);
 }
 
+int New(const Given& given, Streams streams) {
+    return RunNew({.folder = given.Text("NAME"),
+                   .like = given.Text("--like"),
+                   .form = given.Text("--form", "ini"),
+                   .place = given.Catalog()},
+                  given.format, streams);
+}
+
 }  // namespace
 
 std::vector<Verb> FileVerbs() {
     return {
+        {"new", "NAME [OPTIONS]", "a folder with all inputs of a device to start from",
+         "NAME is the folder, which must not exist yet. A job in it generates as it stands; its README.md "
+         "says\n"
+         "what to change first.",
+         "tovarek new pump --like fan-coil",
+         Join({{"--like", "DEVICE", "fan-coil, sensor or switch"},
+               {"--form", "ini|xml", "the form of profile and template, ini by default"}},
+              CatalogOptions()),
+         New},
         {"show", "FILE... [OPTIONS]", "a device for people: its objects, variables, properties and types",
          "FILE is an XIF file, a job (.json), or a template, .ini or .xml (FILE#ELEMENT where it is not the\n"
          "document element), with its profile. Files of the device's own resource sets may stand beside it;\n"

@@ -48,7 +48,7 @@ std::string UsageOf(const Verb& verb);
 std::vector<Verb> JobVerbs();      // generate, check
 std::vector<Verb> FindingVerbs();  // explain, errors
 std::vector<Verb> CatalogVerbs();
-std::vector<Verb> FileVerbs();   // show, dump, diff, convert
+std::vector<Verb> FileVerbs();   // new, show, dump, diff, convert
 std::vector<Verb> ValueVerbs();  // value, program-id
 
 // The options that name another catalog than the shipped one.

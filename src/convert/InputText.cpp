@@ -1,8 +1,9 @@
 #include "convert/InputText.h"
 
+#include <set>
+
 #include "base/Text.h"
 #include "convert/FormWriters.h"
-#include "profile/ProfileFields.h"
 #include "template/TemplateFields.h"
 #include "values/ValueTypes.h"
 
@@ -62,6 +63,23 @@ std::string CommentOf(const CCp& cp, const ResourceNames& names) {
     return name + (values.empty() ? "" : ": " + values);
 }
 
+// Tells of each key of a kind of record where it stands for the first time.
+template <class Writer>
+class KeyTeller {
+  public:
+    KeyTeller(Writer& out, KeyComments keys) : out_(out), keys_(keys) {}
+
+    void Tell(std::string_view key, std::string_view meaning) {
+        if (keys_ == KeyComments::yes && told_.insert(key).second)
+            out_.Comment(meaning);
+    }
+
+  private:
+    Writer& out_;
+    KeyComments keys_;
+    std::set<std::string_view> told_;
+};
+
 // ---- which fields are written ----
 
 // Records say what has no default; the length of a standard type comes from the catalog.
@@ -80,25 +98,32 @@ bool IsWanted(const CCp& cp, const RecordField<CCp>& field, std::int32_t missing
 
 // ---- INI ----
 
+// A property has its name in the comment alone.
 template <class Record>
-void WriteIniRecords(IniWriter& out, const std::vector<Record>& records, const ResourceNames& names) {
+void WriteIniRecords(IniWriter& out, const std::vector<Record>& records, const ResourceNames& names,
+                     KeyComments keys) {
+    KeyTeller teller(out, keys);
     for (std::size_t i = 0; i < records.size(); ++i) {
         const Record& record = records[i];
-        out.Section(std::string(RecordNames<Record>::iniPrefix) + std::to_string(i + 1),
-                    CommentOf(record, names));
+        std::string comment = CommentOf(record, names);
+        if constexpr (std::is_same_v<Record, CCp>)
+            comment.insert(0, record.name + (record.name.empty() || comment.empty() ? "" : ", "));
+        out.Section(std::string(RecordNames<Record>::iniPrefix) + std::to_string(i + 1), comment);
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.iniKey.empty())
                 continue;
-            if (field.text != nullptr && !(record.*field.text).empty())
-                out.Key(field.iniKey, record.*field.text);
-            else if (field.number != nullptr && IsWanted(record, field, field.iniDefault))
-                out.Key(field.iniKey, std::to_string(record.*field.number));
+            const bool isText = field.text != nullptr;
+            if (isText ? (record.*field.text).empty() : !IsWanted(record, field, field.iniDefault))
+                continue;
+            teller.Tell(field.iniKey, field.meaning);
+            out.Key(field.iniKey, isText ? record.*field.text : std::to_string(record.*field.number));
         }
     }
 }
 
 // A section of the template's own fields; nothing where all of them are defaults.
-void WriteIniFields(IniWriter& out, const CTemplate& device, std::string_view section) {
+void WriteIniFields(IniWriter& out, const CTemplate& device, std::string_view section, KeyComments keys) {
+    KeyTeller teller(out, keys);
     bool isOpen = false;
     for (const TemplateField& field : TemplateFields()) {
         if (field.iniSection != section)
@@ -110,17 +135,18 @@ void WriteIniFields(IniWriter& out, const CTemplate& device, std::string_view se
         if (!isOpen)
             out.Section(section);
         isOpen = true;
+        teller.Tell(field.iniKey, field.meaning);
         out.Key(field.iniKey, value);
     }
 }
 
-std::string TemplateIni(const CTemplate& device, const ResourceNames& names) {
+std::string TemplateIni(const CTemplate& device, const ResourceNames& names, KeyComments keys) {
     IniWriter out;
     for (const std::string_view section : {"general", "nvs", "tags", "cps"})
-        WriteIniFields(out, device, section);
-    WriteIniRecords(out, device.nvs, names);
-    WriteIniRecords(out, device.tags, names);
-    WriteIniRecords(out, device.cps, names);
+        WriteIniFields(out, device, section, keys);
+    WriteIniRecords(out, device.nvs, names, keys);
+    WriteIniRecords(out, device.tags, names, keys);
+    WriteIniRecords(out, device.cps, names, keys);
     return out.Take();
 }
 
@@ -128,9 +154,10 @@ std::string TemplateIni(const CTemplate& device, const ResourceNames& names) {
 
 template <class Record>
 void WriteXmlRecords(XmlWriter& out, const std::vector<Record>& records, std::string_view list,
-                     const ResourceNames& names) {
+                     const ResourceNames& names, KeyComments keys) {
     if (records.empty())
         return;
+    KeyTeller teller(out, keys);
     out.Open(list);
     for (std::size_t i = 0; i < records.size(); ++i) {
         const Record& record = records[i];
@@ -143,69 +170,49 @@ void WriteXmlRecords(XmlWriter& out, const std::vector<Record>& records, std::st
         for (const RecordField<Record>& field : RecordNames<Record>::Fields()) {
             if (field.xmlName.empty())
                 continue;
-            if (field.text != nullptr) {
-                if (!(record.*field.text).empty())
-                    out.Element(field.xmlName, record.*field.text);
-            } else if (IsWanted(record, field, Record().*field.number)) {
-                const bool isDirection = field.xmlName == kDirectionElement;
-                out.Element(field.xmlName, isDirection ? (record.*field.number == 0 ? "input" : "output")
-                                                       : std::to_string(record.*field.number));
-            }
+            const bool isText = field.text != nullptr;
+            if (isText ? (record.*field.text).empty() : !IsWanted(record, field, Record().*field.number))
+                continue;
+            teller.Tell(field.xmlName, field.meaning);
+            if (isText)
+                out.Element(field.xmlName, record.*field.text);
+            else if (field.xmlName == kDirectionElement)
+                out.Element(field.xmlName, record.*field.number == 0 ? "input" : "output");
+            else
+                out.Element(field.xmlName, std::to_string(record.*field.number));
         }
         out.Close(name);
     }
     out.Close(list);
 }
 
-std::string TemplateXml(const CTemplate& device, const ResourceNames& names) {
+std::string TemplateXml(const CTemplate& device, const ResourceNames& names, KeyComments keys) {
     XmlWriter out;
+    KeyTeller teller(out, keys);
     out.Open(kTemplateElement);
     for (const TemplateField& field : TemplateFields()) {
         if (field.xmlName.empty())
             continue;
-        if (field.text != nullptr && !(device.*field.text).empty())
-            out.Element(field.xmlName, device.*field.text);
+        const bool isText = field.text != nullptr;
         // Without it the maximum is the number of variables.
-        if (field.number != nullptr && device.*field.number != static_cast<std::int32_t>(device.nvs.size()))
-            out.Element(field.xmlName, std::to_string(device.*field.number));
+        if (isText ? (device.*field.text).empty()
+                   : device.*field.number == static_cast<std::int32_t>(device.nvs.size()))
+            continue;
+        teller.Tell(field.xmlName, field.meaning);
+        out.Element(field.xmlName, isText ? device.*field.text : std::to_string(device.*field.number));
     }
-    WriteXmlRecords(out, device.nvs, "NVS", names);
-    WriteXmlRecords(out, device.tags, "TAGS", names);
-    WriteXmlRecords(out, device.cps, "CPS", names);
+    WriteXmlRecords(out, device.nvs, "NVS", names, keys);
+    WriteXmlRecords(out, device.tags, "TAGS", names, keys);
+    WriteXmlRecords(out, device.cps, "CPS", names, keys);
     out.Close(kTemplateElement);
     return out.Take();
 }
 
 }  // namespace
 
-std::string TemplateText(const CTemplate& device, InputForm form, const ResourceNames& names) {
-    return form == InputForm::ini ? TemplateIni(device, names) : TemplateXml(device, names);
-}
-
-std::string ProfileText(const ProfileValues& profile, InputForm form,
-                        const std::vector<std::string>& comments) {
-    IniWriter ini;
-    XmlWriter xml;
-    for (const std::string& comment : comments) {
-        ini.Comment(comment);
-        xml.Comment(comment);
-    }
-    xml.Open(kProfileElement);
-    for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line) {
-        const std::string number = std::to_string(line);
-        ini.Section("Line" + number);
-        xml.Open("XIF_LINE" + number);
-        for (const ProfileField& field : kProfileFields) {
-            if (field.line != line)
-                continue;
-            const std::string value = std::to_string(profile.*field.value);
-            ini.Key(field.iniKey, value);
-            xml.Element(UpperCase(field.name), value);
-        }
-        xml.Close("XIF_LINE" + number);
-    }
-    xml.Close(kProfileElement);
-    return form == InputForm::ini ? ini.Take() : xml.Take();
+std::string TemplateText(const CTemplate& device, InputForm form, const ResourceNames& names,
+                         KeyComments keys) {
+    return form == InputForm::ini ? TemplateIni(device, names, keys) : TemplateXml(device, names, keys);
 }
 
 }  // namespace tovarek

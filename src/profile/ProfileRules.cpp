@@ -102,7 +102,7 @@ constexpr ProfileRule kRules[] = {
          const bool above = value > 2 && value != 5;
          return !(below && above);
      },
-     eQVXIFerr_transceiverInterface, "every value is accepted"},
+     eQVXIFerr_transceiverInterface, "every value"},
     {&P::transceiverRate, Within<&P::transceiverRate, 0, 11>, eQVXIFerr_transceiverRate, "0 to 11"},
     {&P::channelPrioritySlots, Within<&P::channelPrioritySlots, 0, 127>, eQVXIFerr_channelPrioritySlots,
      "0 to 127"},

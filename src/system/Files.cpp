@@ -253,6 +253,11 @@ void RewriteFile(std::string_view path, std::string_view bytes) {
                  [&](std::string_view target) { SystemFile::Replace(target, bytes); });
 }
 
+bool RemoveEntry(std::string_view path) {
+    std::error_code ignored;
+    return fs::remove(PathOf(SystemPath(path)), ignored);
+}
+
 void WriteFile(std::string_view path, std::string_view bytes) {
     OutputFile file(path);
     file.Append(bytes);

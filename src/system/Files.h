@@ -63,6 +63,9 @@ std::vector<std::string> DirectoryEntries(std::string_view path);
 // Creates one directory. False when it could not be created.
 bool MakeDirectory(std::string_view path);
 
+// Removes a file, or a directory that holds nothing. False when nothing was removed.
+bool RemoveEntry(std::string_view path);
+
 // Takes the bytes that a writer makes, in order: a file, or memory.
 class FileSink {
   public:

@@ -20,6 +20,7 @@ struct RecordField {
     std::int32_t Record::*number = nullptr;
     std::string Record::*text = nullptr;
     std::int32_t iniDefault = 0;  // for a number whose key is missing
+    std::string_view meaning;     // for people, in the words of the documents
 };
 
 // A field of the template itself: an INI section and key, and an XML element.
@@ -29,6 +30,7 @@ struct TemplateField {
     std::string_view xmlName;
     std::int32_t CTemplate::*number = nullptr;
     std::string CTemplate::*text = nullptr;
+    std::string_view meaning;  // for people
 };
 
 std::span<const TemplateField> TemplateFields();

@@ -5,6 +5,7 @@ Scripts that use it are called with SOURCE_FOLDER PROGRAM WORK_FOLDER.
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -43,7 +44,8 @@ def tables(document, *columns, under=""):
         if not line.lstrip().startswith("|"):
             header = None
             continue
-        cells = [cell.strip() for cell in line.strip().removeprefix("|").removesuffix("|").split("|")]
+        cells = [cell.strip().replace("\\|", "|")
+                 for cell in re.split(r"(?<!\\)\|", line.strip().removeprefix("|").removesuffix("|"))]
         if header is None:
             header = [plain(cell) for cell in cells]
         elif set(columns) <= set(header) and under in heading and not set(line) <= set("|- "):

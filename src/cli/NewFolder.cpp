@@ -1,0 +1,39 @@
+#include "cli/NewFolder.h"
+
+#include <utility>
+
+#include "base/Text.h"
+#include "cli/Assignments.h"
+#include "system/Files.h"
+
+namespace tovarek {
+
+NewFolder::NewFolder(std::string path) : path_(std::move(path)) {
+    if (FolderExists(path_) || FileExists(path_))
+        throw WrongUse(
+            "'" + Excerpt(path_) +
+            "' exists, and nothing is overwritten; give the name of a folder that does not exist yet");
+    ProbeOutput(path_);
+    if (!MakeDirectory(path_))
+        throw WrongUse("a folder '" + Excerpt(path_) + "' cannot be made; give another name");
+}
+
+NewFolder::~NewFolder() {
+    if (isFinished_)
+        return;
+    for (const std::string& file : written_)
+        RemoveEntry(file);
+    RemoveEntry(path_);
+}
+
+void NewFolder::Put(std::string_view name, std::string_view bytes) {
+    written_.push_back(PathOf(name));
+    WriteFile(written_.back(), bytes);
+}
+
+std::vector<std::string> NewFolder::Finish() {
+    isFinished_ = true;
+    return written_;
+}
+
+}  // namespace tovarek

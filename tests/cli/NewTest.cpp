@@ -1,0 +1,189 @@
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "../Scratch.h"
+#include "Program.h"
+#include "base/Text.h"
+#include "cli/NewFolder.h"
+#include "formats/xif/XifProperties.h"
+#include "profile/ProfileFields.h"
+#include "starter/Starter.h"
+
+namespace tovarek::test {
+namespace {
+
+constexpr const char* kNewForms[] = {"ini", "xml"};
+
+class New : public testing::Test {
+  protected:
+    New() { SetVariable("SOURCE_DATE_EPOCH", "1795254067"); }
+    ~New() override { UnsetVariable("SOURCE_DATE_EPOCH"); }
+
+    static Answer CallOn(const std::vector<std::string>& words) {
+        std::vector<std::string> arguments = words;
+        arguments.insert(arguments.end(), {"--catalogDir", TOVAREK_CATALOG});
+        return Call(arguments);
+    }
+
+    // Makes the folder `name`, with its outputs beside its inputs.
+    std::string Make(const std::string& name, std::vector<std::string> words) const {
+        words.insert(words.begin(), {"new", scratch_.Path(name)});
+        const Answer run = CallOn(words);
+        EXPECT_EQ(run.status, 0) << run.error;
+        return scratch_.Path(name);
+    }
+
+    static std::vector<std::string> JobCall(const std::string& verb, const std::string& folder) {
+        return {verb,
+                "--job",
+                folder + "/job.json",
+                "--outputXIFfile",
+                folder + "/out.xif",
+                "--typeFilesDirectory",
+                folder + "/types",
+                "--format",
+                "json"};
+    }
+
+    // The names of what check finds.
+    static std::multiset<std::string> Findings(const std::string& folder) {
+        std::vector<std::string> words = JobCall("check", folder);
+        words.emplace_back("--pedantic");
+        std::multiset<std::string> names;
+        const auto report = nlohmann::json::parse(CallOn(words).out);
+        for (const auto& finding : report["findings"])
+            names.insert(finding["name"]);
+        return names;
+    }
+
+    static std::string Generated(const std::string& folder) {
+        const Answer run = CallOn(JobCall("generate", folder));
+        EXPECT_EQ(run.status, 0) << run.out << run.error;
+        return run.status == 0 ? ReadFile(folder + "/out.xif") : "";
+    }
+
+    Scratch scratch_;
+};
+
+// What a starter has to show, in words.
+std::set<std::string> KindsIn(const std::string& xif) {
+    XifFile file;
+    EXPECT_TRUE(ReadXifFile(xif, file).Ok());
+    std::set<std::string> kinds;
+    for (const XifVariable& nv : file.variables) {
+        constexpr std::size_t kDirection = 3;
+        kinds.insert(nv.Attribute(kDirection) == 0 ? "input" : "output");
+        if (nv.Number(3) > 1)
+            kinds.insert("array");
+        if (nv.standardType == 0)
+            kinds.insert("own type");
+    }
+    for (const XifProperty& property : ReadXifTemplate(file).properties) {
+        kinds.insert("property of " + property.appliesTo);
+        kinds.insert("property in " + property.scope);
+    }
+    if (!file.tags.empty())
+        kinds.insert("tag");
+    return kinds;
+}
+
+TEST_F(New, EachDeviceGeneratesCleanAndAlikeInBothForms) {
+    const std::set<std::string> all = {"input",
+                                       "output",
+                                       "array",
+                                       "own type",
+                                       "property of 0",
+                                       "property of 1",
+                                       "property of 2",
+                                       "property in 0",
+                                       "property in 3",
+                                       "property in 6",
+                                       "tag"};
+    std::set<std::string> interfaces;
+    for (const Starter* starter : Starters()) {
+        const std::string like(starter->name);
+        std::set<std::string> alike;
+        for (const char* form : kNewForms) {
+            const std::string folder = Make(like + form, {"--like", like, "--form", form});
+            EXPECT_EQ(Findings(folder), std::multiset<std::string>{"maker-number"}) << like << form;
+            alike.insert(Generated(folder));
+            EXPECT_EQ(DirectoryEntries(folder + "/types").size(), 9U) << "two scopes and files.lst";
+            const std::string readMe = ReadFile(folder + "/README.md");
+            EXPECT_EQ(std::count(readMe.begin(), readMe.end(), '\n'), 10) << readMe;
+            EXPECT_NE(readMe.find(std::string("programID in template.") + form), std::string::npos);
+        }
+        ASSERT_EQ(alike.size(), 1U) << like;
+        EXPECT_EQ(KindsIn(*alike.begin()), all) << like;
+        interfaces.insert(*alike.begin());
+    }
+    EXPECT_EQ(interfaces.size(), Starters().size());
+}
+
+TEST_F(New, CommentsTellWhatEachKeyMeans) {
+    const std::string ini = Make("i", {"--like", "switch"});
+    const std::string xml = Make("x", {"--like", "switch", "--form", "xml"});
+    const std::pair<std::string, std::string> profiles[] = {{ReadFile(ini + "/profile.ini"), "\n; "},
+                                                            {ReadFile(xml + "/profile.xml"), "<!-- "}};
+    for (const ProfileField& field : kProfileFields)
+        for (const auto& [profile, mark] : profiles) {
+            const std::size_t at = profile.find(mark + std::string(field.meaning) + "; accepted: ");
+            ASSERT_NE(at, std::string::npos) << field.name;
+            // The range, then the value itself in the next line.
+            const std::size_t end = profile.find("\r\n", at);
+            EXPECT_GT(end, at + field.meaning.size() + std::string_view("; accepted: ").size() + 1);
+            const std::size_t value = profile.find_first_not_of(" <", end + 2);
+            EXPECT_EQ(UpperCase(profile.substr(value, field.iniKey.size())), UpperCase(field.iniKey));
+        }
+    for (const std::string& text : {ReadFile(ini + "/template.ini"), ReadFile(xml + "/template.xml")})
+        for (const char* told : {"program ID, 16", "0 input, 1 output", "bytes of one element", "SNVT_switch",
+                                 "SCPTmaxSendTime: 60 seconds"})
+            EXPECT_NE(text.find(told), std::string::npos) << told;
+    EXPECT_NE(ReadFile(ini + "/template.ini").find("; cpHoldTimes\r\n"), std::string::npos)
+        << "names of properties";
+}
+
+TEST_F(New, NothingIsOverwrittenAndWrongUseTellsWhatExists) {
+    const std::string folder = Make("there", {"--like", "sensor"});
+    const std::string file = scratch_.File("file", "mine");
+    const struct {
+        std::vector<std::string> words;
+        int status;
+        const char* message;
+    } rows[] = {
+        {{folder, "--like", "switch"}, 2, "exists, and nothing is overwritten"},
+        {{folder + "/", "--like", "switch"}, 2, "exists, and nothing is overwritten"},
+        {{file, "--like", "switch"}, 2, "exists, and nothing is overwritten"},
+        {{scratch_.Path("none/new"), "--like", "switch"}, 1, "there is no folder"},
+        {{scratch_.Path("a")}, 2, "--like fan-coil or --like sensor or --like switch"},
+        {{scratch_.Path("a"), "--like", "sensr"}, 2, "did you mean 'sensor'?"},
+        {{scratch_.Path("a"), "--like", "sensor", "--form", "json"}, 2, "--form ini or --form xml"},
+        {{"--like", "sensor"}, 2, "needs the name of the folder"},
+    };
+    const std::string before = ReadFile(folder + "/template.ini");
+    for (const auto& row : rows) {
+        std::vector<std::string> words = {"new"};
+        words.insert(words.end(), row.words.begin(), row.words.end());
+        const Answer run = CallOn(words);
+        EXPECT_EQ(run.status, row.status) << row.message;
+        EXPECT_NE(run.error.find(row.message), std::string::npos) << run.error;
+    }
+    EXPECT_EQ(DirectoryEntries(folder).size(), 6U);
+    EXPECT_EQ(ReadFile(folder + "/template.ini"), before);
+    EXPECT_EQ(ReadFile(file), "mine");
+    EXPECT_FALSE(FolderExists(scratch_.Path("a")));
+}
+
+TEST_F(New, AFolderThatIsNotFinishedIsRemoved) {
+    {
+        NewFolder half(scratch_.Path("half"));
+        half.Put("a", "x");
+        EXPECT_TRUE(FileExists(scratch_.Path("half/a")));
+    }
+    EXPECT_FALSE(FolderExists(scratch_.Path("half")));
+    NewFolder(scratch_.Path("whole")).Finish();
+    EXPECT_TRUE(FolderExists(scratch_.Path("whole")));
+}
+
+}  // namespace
+}  // namespace tovarek::test
