@@ -95,7 +95,9 @@ class Judgement {
             const std::size_t cause = CauseOf(i);
             isNote[i] = cause != i;
             if (isNote[i]) {
-                AddNote(notes[cause], findings_[i]);
+                // What says the same tells nothing more.
+                if (MessageOf(findings_[i]) != MessageOf(findings_[cause]))
+                    AddNote(notes[cause], findings_[i]);
                 AddMend(findings_[cause], findings_[i], mends[cause], mends[i]);
             } else if (findings_[i].warning == Warning::none)
                 AddExplanations(findings_[i], notes[i]);
@@ -124,11 +126,11 @@ class Judgement {
                (finding.warning == Warning::ignoredSection || finding.warning == Warning::ignoredKey ||
                 finding.warning == Warning::ignoredElement || finding.warning == Warning::wrongFile);
     }
-    // The same error of the same value: a rule may have several things to say of it.
+    // Errors of the same value: rules may have several things to say of it, and one mend ends them all.
     static std::string ValueKey(const Finding& finding) {
         const ErrorContext& context = finding.context;
-        return CauseKey(finding, context.line) + '\n' + std::to_string(finding.error) + '\n' +
-               context.record + '\n' + context.field + '\n' + context.value;
+        return CauseKey(finding, context.line) + '\n' + context.record + '\n' + context.field + '\n' +
+               context.value;
     }
     static std::string RecordKey(const Finding& finding) {
         return finding.context.file + '\n' + finding.context.record;

@@ -108,7 +108,7 @@ void CProfile::TellXmlReadings(XmlReading& reading, FindingSink& findings) const
     reading.Structure(reading.Root(), ElementNames(0));
     std::vector<XmlRecord> records;
     for (int line = kFirstProfileLine; line <= kLastProfileLine; ++line)
-        records.emplace_back(reading, findings, RecordOf(line));
+        records.emplace_back(reading, findings, [line] { return RecordOf(line); });
     std::array<XmlNode, kLines> lines;
     ForEachProfileElement(loadedXml_, [&](const XmlNode& element, int line, const ProfileField* field) {
         const auto position = static_cast<std::size_t>(line - kFirstProfileLine);

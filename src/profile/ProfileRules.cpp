@@ -111,7 +111,8 @@ constexpr ProfileRule kRules[] = {
      [](const ProfileValues& profile) {
          return profile.minimumClockRate >= 0 && profile.transceiverRate <= 11;
      },
-     eQVXIFerr_minimumClockRate, "0 and above"},
+     eQVXIFerr_minimumClockRate, "0 and above, beside a transceiverRate up to 11",
+     &ProfileValues::transceiverRate},
     NotNegative<&P::averagePacketSize>(eQVXIFerr_averagePacketSize),
     NotNegative<&P::oscillatorPrecision>(eQVXIFerr_oscillatorPrecision),
     NotNegative<&P::oscillatorWakeupTime>(eQVXIFerr_oscillatorWakeupTime),

@@ -59,13 +59,15 @@ bool HasChild(const XmlNode& parent, std::string_view upperName) {
     return false;
 }
 
+// Whether the element holds one text and nothing else, as most do.
+bool IsPlain(const XmlNode& element) {
+    const XmlNode text = element.FirstChild();
+    return text.Kind() == XmlNodeKind::text && !text.NextSibling() && element.WrittenAttributes().empty();
+}
+
 // Whether both say the same, and nothing but their text.
 bool AreSameText(const XmlNode& a, const XmlNode& b) {
-    const auto isPlain = [](const XmlNode& node) {
-        const XmlNode text = node.FirstChild();
-        return node.WrittenAttributes().empty() && text && IsText(text) && !text.NextSibling();
-    };
-    return isPlain(a) && isPlain(b) && a.FirstChild().Text() == b.FirstChild().Text();
+    return IsPlain(a) && IsPlain(b) && a.FirstChild().Text() == b.FirstChild().Text();
 }
 
 // Whether the element says something where nobody reads it; that is told as such.
@@ -137,22 +139,31 @@ void XmlReading::Misplaced(const XmlNode& element, std::string reason) {
 }
 
 void XmlReading::TellUnread(FindingSink& findings) const {
-    FindReadBelow(root_);
     TellBelow(root_, {}, findings);
 }
 
-bool XmlReading::FindReadBelow(const XmlNode& element) const {
+bool XmlReading::IsRead(const XmlNode& element) const {
+    const XmlMarks::Mark& mark = marks_->Of(element);
+    return mark.isRead || mark.isSkipped;
+}
+
+// Asked only of elements that are not read themselves, which are few.
+bool XmlReading::HasReadBelow(const XmlNode& element) const {
+    if (const XmlMarks::Mark& mark = marks_->Of(element); mark.isSearched)
+        return mark.hasReadBelow;
     bool isAnyRead = false;
-    for (XmlNode child = element.FirstChild(); child; child = child.NextSibling())
-        if (child.IsElement())
-            isAnyRead = FindReadBelow(child) || isAnyRead;
+    for (XmlNode child = element.FirstChild(); child && !isAnyRead; child = child.NextSibling())
+        isAnyRead = child.IsElement() && (IsRead(child) || HasReadBelow(child));
     XmlMarks::Mark& mark = marks_->Of(element);
+    mark.isSearched = element.Place().number != 0;
     mark.hasReadBelow = isAnyRead;
-    return isAnyRead || mark.isRead || mark.isSkipped;
+    return isAnyRead;
 }
 
 void XmlReading::TellBelow(const XmlNode& element, const std::vector<XmlNames>& outerNames,
                            FindingSink& findings) const {
+    if (marks_->Of(element).isValue && element.Place().number != 0 && IsPlain(element))
+        return;
     // A copy: what lies below may ask for marks as well.
     const XmlMarks::Mark mark = marks_->Of(element);
     if (mark.isSkipped || mark.isTold)
@@ -165,10 +176,9 @@ void XmlReading::TellBelow(const XmlNode& element, const std::vector<XmlNames>& 
     for (XmlNode child = element.FirstChild(); child; child = child.NextSibling()) {
         if (!child.IsElement())
             continue;
-        const XmlMarks::Mark& own = marks_->Of(child);
-        if (own.isRead || own.isSkipped || own.hasReadBelow)
+        if (IsRead(child) || HasReadBelow(child))
             TellBelow(child, names, findings);
-        else if (child.Place().number != 0 && !own.isTold)
+        else if (child.Place().number != 0 && !marks_->Of(child).isTold)
             unread.push_back(UnreadElement(child, element, names));
     }
     TellSiblings(std::move(unread), findings);
@@ -247,7 +257,7 @@ void XmlRecord::Tell(Warning warning, const XmlNode& element, std::string_view f
                      std::vector<Edit> edits) {
     Finding finding = AtElement(warning, element, std::move(reason));
     finding.edits = std::move(edits);
-    finding.context.record = title_;
+    finding.context.record = title_();
     finding.context.field = field;
     finding.context.value = Excerpt(CTools().nodeTextValue(element));
     findings_.Take(std::move(finding));

@@ -40,6 +40,7 @@ struct XmlMarks {
         bool isValue = false;    // its first text is read
         bool isSkipped = false;  // on purpose, with all below it
         bool isTold = false;
+        bool isSearched = false;  // for what is read below it
         bool hasReadBelow = false;
         std::vector<XmlNames> names;          // that loaders look for in it
         std::vector<std::string> attributes;  // that are read, in capitals
@@ -73,7 +74,8 @@ class XmlReading {
     const XmlNode& Root() const { return root_; }
 
   private:
-    bool FindReadBelow(const XmlNode& element) const;
+    bool IsRead(const XmlNode& element) const;
+    bool HasReadBelow(const XmlNode& element) const;
     void TellBelow(const XmlNode& element, const std::vector<XmlNames>& names, FindingSink& findings) const;
     static void TellOwn(const XmlNode& element, const XmlMarks::Mark& mark, FindingSink& findings);
     Finding UnreadElement(const XmlNode& element, const XmlNode& parent,
@@ -105,8 +107,10 @@ class XmlRecord {
     // is no number.
     using Explain = std::function<Advice(std::string_view typed, std::int32_t read)>;
 
-    // `title` is what messages call it.
-    XmlRecord(XmlReading& reading, FindingSink& findings, std::string title)
+    // What messages call it; asked only where there is something to tell.
+    using Title = std::function<std::string()>;
+
+    XmlRecord(XmlReading& reading, FindingSink& findings, Title title)
         : reading_(reading), findings_(findings), title_(std::move(title)) {}
 
     // `field` is the name of a table. A number that is refused is told by its loader.
@@ -128,7 +132,7 @@ class XmlRecord {
 
     XmlReading& reading_;
     FindingSink& findings_;
-    std::string title_;
+    Title title_;
     std::vector<std::pair<std::string_view, XmlNode>> fields_;
 };
 

@@ -54,7 +54,7 @@ inline constexpr std::string_view kTemplateLists[] = {"NVS", "CPS", "TAGS"};
 
 // The elements of an XML template that its loader saw: those outside of every list, and those that are
 // records. `fields` are the ones among them and below them that are fields, by their names in the tables; of
-// a record its number in its list, from 0, tells them.
+// a record its number in its list, from 0, tells them, and they stand in the order of these.
 struct TemplateElements {
     struct Field {
         std::size_t record = 0;

@@ -149,7 +149,13 @@ TemplateElements ElementsOfTemplate(const XmlNode& node) {
 void CTemplate::LoadTemplateFromXmlNode(const XmlNode& node, FindingSink& findings) {
     loadedNode_ = node;
     maximumNumberOfNvs = -1;
-    XmlTemplateLoader(*this, findings).Load(node);
+    // Who listens to warnings asks for every element afterwards.
+    TemplateElements elements;
+    const bool isAsked = findings.WantsWarnings();
+    XmlTemplateLoader(*this, findings, isAsked ? &elements : nullptr).Load(node);
+    if (isAsked)
+        source_ = std::make_shared<const TemplateSource>(
+            TemplateSource{IniSource(iniFile), node, std::move(elements), true});
     if (maximumNumberOfNvs < 0)
         maximumNumberOfNvs = numberStaticNvs;
 }

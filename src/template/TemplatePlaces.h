@@ -1,6 +1,7 @@
 // Where the values of a template stand in its file, for messages.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,7 +63,17 @@ class TemplatePlaces {
         if (fromIni_)
             return source_.Source().ini.Text().HasKey(
                 std::string(RecordNames<Record>::iniPrefix) + std::to_string(position + 1), field.iniKey);
-        return PlaceOf<Record>(position, field, {}).missing == InputPart::none;
+        if (!source_.Source().node)
+            return true;
+        const std::vector<TemplateElements::Field>& fields =
+            source_.Source().elements.*RecordNames<Record>::fields;
+        const auto isBefore = [](const TemplateElements::Field& one, std::size_t record) {
+            return one.record < record;
+        };
+        auto one = std::lower_bound(fields.begin(), fields.end(), position, isBefore);
+        while (one != fields.end() && one->record == position && one->name != field.xmlName)
+            ++one;
+        return one != fields.end() && one->record == position;
     }
 
     // Whether an INI file does not have the record at all, or is not there itself.

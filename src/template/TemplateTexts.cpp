@@ -17,6 +17,11 @@ constexpr std::string CNv::*kNvTexts[] = {&CNv::name, &CNv::selfdoc};
 constexpr std::string CTag::*kTagTexts[] = {&CTag::name};
 constexpr std::string CCp::*kCpTexts[] = {&CCp::declaration};
 
+// Every text of a template is asked, and nearly none has one: each is searched for as a whole.
+bool HasAny(const std::string& text, char one, char other) {
+    return text.find(one) != std::string::npos || text.find(other) != std::string::npos;
+}
+
 // The first character that the output's code page lacks; empty when there is none.
 std::string_view LostCharacter(std::string_view text) {
     if (IsAscii(text))
@@ -34,7 +39,7 @@ std::string_view LostCharacter(std::string_view text) {
 // `warn` makes the finding from a warning and its reason.
 template <class Warn>
 void TellText(const std::string& text, const Warn& warn, FindingSink& findings) {
-    if (text.find_first_of("\r\n") != std::string::npos)
+    if (HasAny(text, '\r', '\n'))
         findings.Take(warn(Warning::lineBreak,
                            "the text has a line break, but stands on one line of the interface file: other "
                            "programs refuse the file; write it without"));
@@ -69,7 +74,7 @@ void TellRecordTexts(const CTemplate& source, const std::vector<Record>& records
 template <class Record>
 void TellBlanksInNames(const CTemplate& source, const std::vector<Record>& records, FindingSink& findings) {
     for (std::size_t i = 0; i < records.size(); ++i)
-        if (records[i].name.find_first_of(" \t") != std::string::npos)
+        if (HasAny(records[i].name, ' ', '\t'))
             findings.Take(TemplatePlaces(source).Warn(
                 Warning::blankInName, records[i], i, &Record::name,
                 "\"" + Excerpt(records[i].name) +
@@ -103,7 +108,7 @@ void CTemplate::TellTexts(FindingSink& findings) const {
     for (std::size_t i = 0; i < cps.size(); ++i) {
         const std::string& declaration = cps[i].declaration;
         // A line break in it was told.
-        if (declaration.find_first_of("\r\n") != std::string::npos)
+        if (HasAny(declaration, '\r', '\n'))
             continue;
         const std::string oddity = OddityOfDeclaration(declaration);
         if (oddity.empty() || !IsTaken(cps[i]))

@@ -75,7 +75,7 @@ void TellRecords(const std::vector<Record>& records, const TemplateElements& all
     auto field = fields.begin();
     for (std::size_t i = 0; i < elements.size() && i < records.size(); ++i) {
         reading.Structure(elements[i], RecordXmlNames<Record>());
-        XmlRecord record(reading, findings, RecordTitle(records[i], i));
+        XmlRecord record(reading, findings, [&records, i] { return RecordTitle(records[i], i); });
         for (; field != fields.end() && field->record == i; ++field) {
             if (field->name == kDirectionElement)
                 TellDirection(field->element, record);
@@ -100,7 +100,7 @@ void CTemplate::TellXmlReadings(XmlReading& reading, FindingSink& findings) cons
         if (std::find(std::begin(kTemplateLists), std::end(kTemplateLists), name) != std::end(kTemplateLists))
             reading.Structure(element);
     }
-    XmlRecord record(reading, findings, "template");
+    XmlRecord record(reading, findings, [] { return std::string("template"); });
     for (const TemplateElements::Field& field : elements.ownFields) {
         if (IsText(TemplateFields(), field.name))
             record.Text(field.element, field.name);

@@ -299,8 +299,7 @@ void DefinitionReader::ReadScope(const XmlNode& node) {
     if (!readsScope_)
         return;
     if (file_.reading != nullptr)
-        XmlRecord(*file_.reading, *file_.warnings, "type element " + file_.ElementName(Top().number))
-            .Integer(node, "SCOPE");
+        XmlRecord(*file_.reading, *file_.warnings, Title()).Integer(node, "SCOPE");
     Top().definition->scope = Integer(node);
 }
 

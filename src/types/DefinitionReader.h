@@ -72,6 +72,10 @@ class DefinitionReader {
     // Warnings: of a child, of what a list holds, and of what does not count for the kind in the end.
     static XmlNames ChildNames();
     void StartTelling(const XmlNode& element);
+    // What messages call the type element at the top of the stack.
+    XmlRecord::Title Title() {
+        return [name = file_.ElementName(Top().number)] { return "type element " + name; };
+    }
     XmlRecord* Record() { return levels_.back().record.get(); }
     std::string_view ChildName() { return Top().lines->children.back().name; }
     void TellName(const XmlNode& node, const std::string& cleaned);

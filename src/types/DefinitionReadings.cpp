@@ -23,8 +23,7 @@ constexpr std::string_view kBitFieldNames[] = {"BFSIZE", "BFOFFSET", "BFSIGNED"}
 
 void DefinitionReader::StartTelling(const XmlNode& element) {
     file_.reading->Structure(element, ChildNames());
-    Top().record = std::make_shared<XmlRecord>(*file_.reading, *file_.warnings,
-                                               "type element " + file_.ElementName(Top().number));
+    Top().record = std::make_shared<XmlRecord>(*file_.reading, *file_.warnings, Title());
 }
 
 void DefinitionReader::TellName(const XmlNode& node, const std::string& cleaned) {
@@ -59,7 +58,7 @@ void DefinitionReader::TellList(const XmlNode& node, bool isRead, std::string_vi
 
 void DefinitionReader::TellMember(const XmlNode& node) {
     const std::string name = node.Name();
-    XmlRecord(*file_.reading, *file_.warnings, "type element " + file_.ElementName(Top().number))
+    XmlRecord(*file_.reading, *file_.warnings, Title())
         .Integer(node, name, [&](std::string_view typed, std::int32_t /*read*/) {
             return MendTypeNumber(file_.catalog, file_.prefix, typed);
         });
@@ -67,7 +66,7 @@ void DefinitionReader::TellMember(const XmlNode& node) {
 
 void DefinitionReader::TellValue(const XmlNode& node) {
     const std::string name = node.Name();
-    XmlRecord record(*file_.reading, *file_.warnings, "type element " + file_.ElementName(Top().number));
+    XmlRecord record(*file_.reading, *file_.warnings, Title());
     record.Integer(node, name);
     // One beyond 32 bits is refused.
     const double typed = std::nearbyint(LeadingNumber(tools_.nodeTextValue(node)));
@@ -83,7 +82,7 @@ void DefinitionReader::TellFormat(const XmlNode& node, bool isFirst) {
         file_.warnings->Take(
             AtElement(Warning::duplicateKey, node,
                       "UNITS has <" + Excerpt(node.Name()) + "> already; only the first one is read"));
-    XmlRecord record(*file_.reading, *file_.warnings, "type element " + file_.ElementName(Top().number));
+    XmlRecord record(*file_.reading, *file_.warnings, Title());
     for (XmlNode child = node.FirstChild(); child; child = child.NextSibling())
         if (child.IsElement() && UpperCase(child.Name()) == kFormatNames[0])
             record.Text(child, kFormatNames[0]);

@@ -162,8 +162,8 @@ class UserTypeReading {
             return;
         reading_->Structure(type, ChildNames());
         const std::string name = type.Name();
-        record_ =
-            std::make_shared<XmlRecord>(*reading_, listener_.readings->Findings(), "type <" + name + ">");
+        record_ = std::make_shared<XmlRecord>(*reading_, listener_.readings->Findings(),
+                                              [name] { return "type <" + name + ">"; });
         const std::string digits(WithoutUnderscore(WithoutCharacters(name, kTypePrefix)));
         if (!IsNumber(digits))
             Tell(Warning::notANumber, type,

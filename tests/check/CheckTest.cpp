@@ -53,6 +53,10 @@ const Slip kIniProfile[] = {
     {"profile.ini", "transceiverInterface=0", ";transceiverInterface=0", "46:1 missing-value"},
     {"profile.ini", "generalData0=0\n", "", "58:1 missing-value"},
     {"profile.ini", "firmware=7", "firmware=0x7G", "34:10 not-a-number"},
+    {"profile.ini", "generalData0=0", "generalData0=256", "65:14 generalData"},
+    {"profile.ini", "transceiverRate=4", "transceiverRate=12", "50:17 transceiverRate"},
+    {"profile.ini", "transceiverRate=4\n", "transceiverRate=12\nminimumClockRate=-1\n",
+     "50:17 transceiverRate; 51:18 minimumClockRate; 53:1 duplicate-key"},
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
 };
 

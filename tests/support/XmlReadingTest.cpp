@@ -33,7 +33,7 @@ constexpr std::string_view kListNames[] = {"ITEM"};
 class Reader {
   public:
     Reader(XmlReading& reading, FindingSink& findings)
-        : reading_(reading), record_(reading, findings, "record") {}
+        : reading_(reading), record_(reading, findings, [] { return std::string("record"); }) {}
 
     void Read(const XmlNode& parent, bool isInList) {
         reading_.Structure(parent, isInList ? XmlNames(kListNames) : XmlNames(kNames));
