@@ -24,8 +24,6 @@ struct DescribedType {
     const Type* type = nullptr;
     const ResourceNames* names = nullptr;
     bool hasTexts = false;  // the set has a language file
-
-    explicit operator bool() const { return type != nullptr; }
 };
 
 class OwnTypesOfDevice {

@@ -193,7 +193,7 @@ TypeRows RowsOf(const DescribedType<NvType>& type) {
 
 bool CompareDescriptions(const std::string& record, const DescribedType<NvType>& before,
                          const DescribedType<NvType>& after, ChangeList& changes, OwnTypeCount& count) {
-    if (!before || !after) {
+    if (before.type == nullptr || after.type == nullptr) {
         ++count.missed;
         return false;
     }

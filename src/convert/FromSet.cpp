@@ -1,14 +1,10 @@
 #include "convert/FromSet.h"
 
-#include <algorithm>
-#include <charconv>
-
-#include "base/Numbers.h"
 #include "base/Text.h"
 #include "convert/Definitions.h"
 #include "convert/DisplayUnits.h"
-#include "support/CTools.h"
-#include "values/Scaling.h"
+#include "convert/ElementOfType.h"
+#include "convert/StoredNames.h"
 
 namespace tovarek {
 namespace {
@@ -23,103 +19,11 @@ struct Texts {
     std::string unit;
 };
 
-// `number` and the rest of "12_name"; 0 where a name does not begin like that.
-std::int32_t TakeNumber(std::string_view& name) {
-    std::int32_t number = 0;
-    const auto parsed = std::from_chars(name.data(), name.data() + name.size(), number);
-    const auto digits = static_cast<std::size_t>(parsed.ptr - name.data());
-    if (parsed.ec != std::errc() || number <= 0 || name.front() == '0' ||
-        (digits < name.size() && name[digits] != '_'))
-        return 0;
-    name.remove_prefix(std::min(digits + 1, name.size()));
-    return number;
-}
-
-std::string WithoutUnderscores(std::string_view name) {
-    name.remove_prefix(std::min(name.find_first_not_of('_'), name.size()));
-    return std::string(name.empty() ? "type" : name);
-}
-
-// An enumeration is called after its definition: ENUM_303_fanMode.
-struct EnumName {
-    std::int32_t number = 0;  // 0: the name tells none
-    std::string name;         // empty: the definition had none in front
-};
-EnumName EnumNameOf(std::string_view set) {
-    constexpr std::string_view kPrefix = "ENUM_";
-    std::string_view rest = set;
-    if (set.starts_with(kPrefix)) {
-        rest.remove_prefix(kPrefix.size());
-        const std::int32_t number = rest.empty() ? 0 : TakeNumber(rest);
-        if (number > kLargestStandardIndex)
-            return {number, std::string(rest)};
-    }
-    return {0, std::string(set)};
-}
-
 std::string HexOf(const std::string& bytes) {
     std::string digits;
     for (const char byte : bytes)
         AppendHex(digits, static_cast<unsigned char>(byte), 2);
     return digits;
-}
-
-// A limit that is not that of the kind, scaled.
-double ScaledLimit(std::int64_t raw, const TypeDescription& type) {
-    // Without a factor the raw number counts.
-    return type.a == 0 ? static_cast<double>(raw + type.c)
-                       : LeadingNumber(ScaledText(raw, type).value_or("0"));
-}
-
-void SetRange(const TypeDescription& type, CType& content) {
-    content.a_coef = type.a;
-    content.b_coef = type.b;
-    content.c_coef = type.c;
-    content.hasMin = type.minimum != SmallestRaw(type);
-    content.hasMax = type.maximum != LargestRaw(type);
-    content.minValue = content.hasMin ? ScaledLimit(type.minimum, type) : 0;
-    content.maxValue = content.hasMax ? ScaledLimit(type.maximum, type) : 0;
-    // A factor below 0 turns them around, and a MIN above MAX is refused.
-    if (content.hasMin && content.hasMax && content.minValue > content.maxValue)
-        content.hasMin = content.hasMax = false;
-}
-
-void SetFloatRange(const TypeDescription& type, CType& content) {
-    const TypeDescription widest = NumberOfKind(TypeKind::floatingPoint);
-    content.hasMin = type.floatMinimum != widest.floatMinimum;
-    content.hasMax = type.floatMaximum != widest.floatMaximum;
-    content.minValue = content.hasMin ? ShortestOf(type.floatMinimum) : 0;
-    content.maxValue = content.hasMax ? ShortestOf(type.floatMaximum) : 0;
-}
-
-ElementType ElementOf(TypeKind kind) {
-    switch (kind) {
-        case TypeKind::signedChar:
-        case TypeKind::signedShort:
-        case TypeKind::signedLong:
-        case TypeKind::signedQuad:
-            return elementSigned;
-        case TypeKind::unsignedQuad:
-            return elementBitfield;  // an UNSIGNEDNUMERIC has 2 bytes at most
-        case TypeKind::bitField:
-            return elementBits;
-        case TypeKind::enumeration:
-            return elementEnum;
-        case TypeKind::floatingPoint:
-            return elementFloat;
-        case TypeKind::structure:
-            return elementStruct;
-        case TypeKind::unionKind:
-            return elementUnion;
-        default:
-            return elementUnsigned;
-    }
-}
-
-// One value, which may have units.
-bool IsValue(TypeKind kind) {
-    return IsInteger(kind) || kind == TypeKind::floatingPoint || kind == TypeKind::enumeration ||
-           kind == TypeKind::bitField;
 }
 
 bool IsCharacter(TypeKind kind) {
@@ -161,7 +65,7 @@ class SetConverter {
         type.number = static_cast<std::uint16_t>(position + 1);
         type.wholeName = (isUnvt ? WholeNvName : WholeCpName)(type.scope, source.name);
         type.size = source.size;
-        SetName(source.name, type);
+        NameType(source.name, type);
         units_ = DisplayUnits(set_.formats, type.wholeName, PlacesOf(source.type), names_);
         members_ = 0;
         // The template's own types are called after their definition.
@@ -170,25 +74,6 @@ class SetConverter {
         type.definition = Define(source.type, TextsOf(source), "", 0);
         definitions_.Comment(type.definition, type.wholeName);
         return type;
-    }
-
-    static void SetName(std::string_view stored, UserType& type) {
-        type.nameNumber = type.number;
-        std::string_view name = stored;
-        if (type.scope == kOwnScope && type.isUnvt) {
-            type.name = WithoutUnderscores(name);
-            return;
-        }
-        if (name.size() > 1 && name.front() == '_') {
-            name.remove_prefix(1);
-            const std::int32_t number = TakeNumber(name);
-            if (number == type.number || (number > 0 && type.isUnvt)) {
-                type.nameNumber = number;
-                type.name = name;
-                return;
-            }
-        }
-        type.name = WithoutUnderscores(stored);
     }
 
     template <class Record>
@@ -341,10 +226,7 @@ class SetConverter {
         content.arraySize = count;
         if (kind == elementEnum)
             return DefineEnumeration(type, std::move(defined));
-        if (kind == elementFloat)
-            SetFloatRange(type, content);
-        else
-            SetRange(type, content);
+        SetLimits(type, content);
         if (kind == elementBits) {
             content.bitfieldOffset = type.bitOffset;
             content.bitfieldSize = type.bitWidth;

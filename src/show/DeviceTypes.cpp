@@ -32,7 +32,7 @@ DeviceTypes::DeviceTypes(const StandardCatalog* catalog, StandardTexts texts,
     : file_(file), own_(own), texts_(texts), standard_(catalog), types_(file, own, catalog, texts) {}
 
 std::string DeviceTypes::NameOfVariable(std::size_t position) const {
-    if (const DescribedType<NvType> own = types_.OfVariable(position))
+    if (const DescribedType<NvType> own = types_.OfVariable(position); own.type != nullptr)
         return WholeNvName(static_cast<std::uint8_t>(kOwnScope), own.type->name);
     const XifVariable& variable = file_.variables[position];
     const std::int64_t number = variable.standardType.value_or(0);
@@ -50,7 +50,7 @@ std::string DeviceTypes::NameOfProperty(const XifProperty& property) const {
     std::string name;
     if (scope == 0)
         name = StandardPropertyName(TypeNumberOf(property.type), standard_);
-    else if (const DescribedType<CpType> own = types_.OfProperty(property))
+    else if (const DescribedType<CpType> own = types_.OfProperty(property); own.type != nullptr)
         name = WholeCpName(static_cast<std::uint8_t>(scope), own.type->name);
     return name.empty() ? "type " + property.type + " of scope " + property.scope : name;
 }
