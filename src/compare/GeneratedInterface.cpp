@@ -51,7 +51,6 @@ XifFile GeneratedInterface(CTemplate device, const ProfileValues& profile, bool 
 }
 
 std::vector<OwnTypes> GeneratedTypes(CTemplate device, const GeneratedTypesInput& input, CCatalog& catalog) {
-    constexpr std::uint8_t kLastScope = 6;
     const CErrorHandler errorHandler;
     device.errorHandler = &errorHandler;
     device.catalog = &catalog;
@@ -68,7 +67,7 @@ std::vector<OwnTypes> GeneratedTypes(CTemplate device, const GeneratedTypesInput
         types, {device, catalog, errorHandler, settings, input.formatFile, input.userTypeFilePath},
         {findings, written, &kept});
     std::vector<OwnTypes> sets;
-    for (std::uint8_t scope = 1; scope <= kLastScope; ++scope) {
+    for (std::uint8_t scope = 1; scope <= kOwnScope; ++scope) {
         const ResourceSetFiles files = KeptResourceSet(kept, settings, scope);
         if (files.types.empty())
             continue;

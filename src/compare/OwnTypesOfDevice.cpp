@@ -10,8 +10,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::uint8_t kDeviceScope = 6;
-
 // A property that belongs to more variables is not looked at one by one.
 constexpr std::size_t kMostOwners = 64;
 
@@ -19,7 +17,7 @@ constexpr std::size_t kMostOwners = 64;
 // what other tools number otherwise never has all of this.
 bool IsOfThisSystem(const TypeFile& types) {
     const ResourceHeader& header = types.header;
-    return header.scope == kDeviceScope && header.creator.number == kCreatorText &&
+    return header.scope == kOwnScope && header.creator.number == kCreatorText &&
            header.description.number == RowOf(ResourceKind::type).descriptionText &&
            types.marks == kUsualMarks &&
            std::all_of(types.nvTypes.begin(), types.nvTypes.end(),
@@ -85,7 +83,7 @@ const OwnTypesOfDevice::Set* OwnTypesOfDevice::SetOf(std::size_t scope) const {
 }
 
 DescribedType<NvType> OwnTypesOfDevice::OfVariable(std::size_t place) const {
-    const Set* const set = SetOf(kDeviceScope);
+    const Set* const set = SetOf(kOwnScope);
     const auto found = std::lower_bound(untyped_.begin(), untyped_.end(), place);
     if (set == nullptr || found == untyped_.end() || *found != place || !IsOfThisSystem(set->types) ||
         set->types.nvTypes.size() != untyped_.size())

@@ -18,9 +18,8 @@
 namespace tovarek {
 namespace {
 
-// Scopes that resource files are written for; types of any other one are not.
+// Resource files are written for the scopes from here to that of the device's own types.
 constexpr std::int32_t kFirstScope = 1;
-constexpr std::int32_t kLastScope = 6;
 
 constexpr std::string_view kHeader[] = {
     "' List of the generated files",
@@ -178,7 +177,7 @@ void TellRootFolders(const TypeStep& step, FindingSink& findings) {
 // Files that an earlier run wrote for a scope that has no types any more.
 void TellStaleFiles(const TypeFilesSettings& settings, const std::vector<CResFile>& files,
                     FindingSink& findings) {
-    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
+    for (std::int32_t scope = kFirstScope; scope <= kOwnScope; ++scope) {
         const bool isWritten = std::any_of(files.begin(), files.end(),
                                            [&](const CResFile& file) { return file.scope == scope; });
         for (const ResourceFileKind kind : kResourceFileKinds) {
@@ -202,7 +201,7 @@ void WriteTypeFiles(const CTypes& types, const TypeStep& step, const TypeFilesRu
     // That it is none was told; the types can be judged nevertheless.
     if (run.trial != nullptr && (programID.size() != kNoProgramId.size() || !FromHex(programID)))
         programID = kNoProgramId;
-    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope) {
+    for (std::int32_t scope = kFirstScope; scope <= kOwnScope; ++scope) {
         ScopeTypes ofScope;
         AddTypesOfScope(types.unvtTypes, scope, "NV_", ofScope);
         AddTypesOfScope(types.ucptTypes, scope, "CP_", ofScope);
@@ -228,7 +227,7 @@ std::string UserTypeFile(const CTemplate& deviceTemplate, const std::string& use
 
 std::vector<std::string> PossibleTypeFiles(const TypeFilesSettings& settings) {
     std::vector<std::string> paths;
-    for (std::int32_t scope = kFirstScope; scope <= kLastScope; ++scope)
+    for (std::int32_t scope = kFirstScope; scope <= kOwnScope; ++scope)
         for (const ResourceFileKind kind : kResourceFileKinds)
             paths.push_back(WithFinalBackslash(settings.typeFilesDirectory) +
                             ResourceFileName(settings, scope, kind));

@@ -14,7 +14,6 @@ namespace tovarek {
 namespace {
 
 constexpr std::int32_t kStandardScope = 0;
-constexpr std::int32_t kLastScope = 6;
 
 std::int64_t Elements(const CNv& nv) {
     return std::max(nv.arraySize, 1);
@@ -45,7 +44,7 @@ class PropertyRules {
         if (!owner || cp.length < 1 || cp.arraySize < 0)
             return;
         TellOwner(cp, position, *owner);
-        if (cp.scope > kLastScope)
+        if (cp.scope > kOwnScope)
             Take(Warning::propertyScope, position,
                  "there is no scope " + std::to_string(cp.scope) +
                      ": write 0 for a standard property, 1 to 6 for one of another resource set");

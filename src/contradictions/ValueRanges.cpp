@@ -107,10 +107,9 @@ void TellStandardValues(const CTemplate& source, FindingSink& findings) {
 }
 
 void TellOwnValues(const CTypes& types, const OwnRecords& records, FindingSink& findings) {
-    constexpr std::int32_t kLastScope = 6;
     const CTemplate& source = *types.deviceTemplate;
     std::map<std::int32_t, ResourceNames> names;
-    for (std::int32_t scope = 1; scope <= kLastScope; ++scope)
+    for (std::int32_t scope = 1; scope <= kOwnScope; ++scope)
         if (const OwnTypes* const set = records.Set(scope)) {
             ResourceNames& own = names.try_emplace(scope, types.catalog->types.Catalog()).first->second;
             own.Use(set->types);
@@ -126,14 +125,14 @@ void TellOwnValues(const CTypes& types, const OwnRecords& records, FindingSink& 
         // The limits of a type of the template stand with its properties.
         TellTemplateValues(
             source, i,
-            {cp.scope == kLastScope ? ValueTypeOf(type->name, static_cast<const NvType&>(*record))
-                                    : ValueTypeOf(type->name, *record, own),
+            {cp.scope == kOwnScope ? ValueTypeOf(type->name, static_cast<const NvType&>(*record))
+                                   : ValueTypeOf(type->name, *record, own),
              own},
             findings);
     }
     for (const auto& type : types.ucptTypes) {
         const CpType* const record = records.Cp(*type);
-        if (record == nullptr || type->scope >= kLastScope)
+        if (record == nullptr || type->scope >= kOwnScope)
             continue;
         TellTypeValues(*type,
                        {ValueTypeOf(type->name, static_cast<const NvType&>(*record)), names.at(type->scope)},
