@@ -98,9 +98,9 @@ struct JobResult {
     std::string error;
 };
 
-class Batch {
+class BatchRun {
   public:
-    Batch(std::vector<std::string> jobs, const BatchWishes& wishes, OutputFormat format, Streams streams)
+    BatchRun(std::vector<std::string> jobs, const BatchWishes& wishes, OutputFormat format, Streams streams)
         : jobs_(std::move(jobs)),
           results_(jobs_.size()),
           wishes_(wishes),
@@ -212,7 +212,7 @@ class Batch {
 int RunBatch(const BatchWishes& wishes, OutputFormat format, Streams streams) {
     try {
         const unsigned threads = ThreadCount(wishes.threads);
-        return Batch(AllJobs(wishes.jobs), wishes, format, streams).Run(threads);
+        return BatchRun(AllJobs(wishes.jobs), wishes, format, streams).Run(threads);
     } catch (const WrongUse& fault) {
         return ReportWrongUse(fault.what(), format, streams);
     } catch (const Error& error) {
