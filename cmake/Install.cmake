@@ -44,5 +44,26 @@ install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tovarek/example
 install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT common)
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT common)
 
+# What the program prints for man and for shells, where Debian's tools look for it.
+if(NOT CMAKE_CROSSCOMPILING)
+  set(printed ${PROJECT_BINARY_DIR}/printed)
+  foreach(row man:tovarek.1:man/man1 bash:tovarek:bash-completion/completions zsh:_tovarek:zsh/vendor-completions
+          fish:tovarek.fish:fish/vendor_completions.d)
+    string(REPLACE ":" ";" row ${row})
+    list(GET row 0 what)
+    list(GET row 1 name)
+    list(GET row 2 folder)
+    set(file ${printed}/${what}/${name})
+    install(CODE "file(MAKE_DIRECTORY \"${printed}/${what}\")
+      execute_process(COMMAND \"$<TARGET_FILE:tovarek_host>\" print ${what} OUTPUT_FILE \"${file}\" COMMAND_ERROR_IS_FATAL ANY)"
+      COMPONENT common)
+    if(what STREQUAL man)
+      install(CODE "execute_process(COMMAND gzip -9nf \"${file}\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT common)
+      string(APPEND file .gz)
+    endif()
+    install(FILES ${file} DESTINATION ${CMAKE_INSTALL_DATADIR}/${folder} COMPONENT common)
+  endforeach()
+endif()
+
 include(cmake/Portable.cmake)
 include(cmake/PackageLinux.cmake)

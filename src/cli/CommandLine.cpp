@@ -7,6 +7,7 @@
 
 #include "base/Nearest.h"
 #include "base/Text.h"
+#include "cli/Completions.h"
 #include "cli/Formats.h"
 #include "cli/Help.h"
 #include "cli/Verbs.h"
@@ -191,6 +192,12 @@ std::string ParserFault(const CLI::Error& error) {
 
 int RunCommandLine(const std::vector<std::string>& arguments, Streams streams) {
     const std::string program = arguments.empty() ? "tovarek" : arguments.front();
+    // What a shell has completed is no whole command line and may hold anything.
+    if (arguments.size() > 2 && arguments[1] == "print" && arguments[2] == "words") {
+        for (const Completion& each : CompletionsOf({arguments.begin() + 3, arguments.end()}))
+            streams.out << each.word << '\t' << each.help << '\n';
+        return kDone;
+    }
     Parser parser;
     std::string name;
     try {

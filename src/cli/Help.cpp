@@ -28,7 +28,8 @@ void WriteOne(const Verb& verb, std::ostream& out) {
         out << verb.note << '\n';
     for (const OptionRow& row : verb.options)
         WriteRow(row.name, row.argument, row.help, out);
-    WriteRow("--format", "text|json", "how results and errors are shown", out);
+    const OptionRow format = CommonOptions().front();
+    WriteRow(format.name, format.argument, format.help, out);
     if (!verb.example.empty())
         out << "Example: " << verb.example << '\n';
 }
@@ -38,7 +39,7 @@ void WriteOne(const Verb& verb, std::ostream& out) {
 void WriteHelp(const std::string& program, std::ostream& out) {
     const std::string examples = ExampleFolder();
     const std::string folder = examples.empty() ? "examples/fan-coil" : examples;
-    out << "tovarek " TOVAREK_VERSION " - generates the device-interface files of LonWorks devices\n\n";
+    out << "tovarek " TOVAREK_VERSION " - " << kPurpose << "\n\n";
     for (const Verb& verb : Verbs())
         if (!verb.summary.empty())
             out << Column("  tovarek " + UsageOf(verb), 36) << verb.summary << '\n';
@@ -46,11 +47,8 @@ void WriteHelp(const std::string& program, std::ostream& out) {
            "  --format json                     results and errors as JSON on standard output\n"
            "  --help, --version                 'tovarek COMMAND --help' tells of one command\n"
            "\n"
-           "Without --catalogDir the shipped catalog of standard types is used. SOURCE_DATE_EPOCH, in "
-           "seconds,\n"
-           "fixes the date in the files. Exit status: 0 done, 1 an error or a difference was found, 2 wrong "
-           "use.\n"
-           "\n"
+        << kRemarks
+        << "\n\n"
            "Example:\n"
         << "  " << program << " generate --iniProfileFile " << folder << "/profile.ini \\\n"
         << "      --iniTemplateFile " << folder << "/template.ini --mustGenerateTypes false \\\n"

@@ -7,7 +7,7 @@ namespace tovarek {
 const std::vector<Verb>& Verbs() {
     static const std::vector<Verb> verbs = [] {
         std::vector<Verb> all;
-        for (const auto group : {JobVerbs, FindingVerbs, CatalogVerbs, FileVerbs, ValueVerbs})
+        for (const auto group : {JobVerbs, FindingVerbs, CatalogVerbs, FileVerbs, ValueVerbs, PrintVerbs})
             for (Verb& verb : group())
                 all.push_back(std::move(verb));
         return all;
@@ -31,6 +31,11 @@ std::vector<Operand> OperandsOf(const Verb& verb) {
 
 std::string UsageOf(const Verb& verb) {
     return std::string(verb.name) + (verb.operands.empty() ? "" : " ") + std::string(verb.operands);
+}
+
+std::vector<OptionRow> CommonOptions() {
+    return {{"--format", "text|json", "how results and errors are shown"},
+            {"--help", "", "tells of one command"}};
 }
 
 std::vector<OptionRow> CatalogOptions() {

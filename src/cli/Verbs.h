@@ -24,7 +24,7 @@ struct Verb {
     std::string_view name;  // "dump", "catalog list"
     std::string_view
         operands;  // as the help shows them; each is given by its word: "FILE", "VALUE...", "[ID]"
-    std::string_view summary;  // empty for what only groups verbs, such as "catalog"
+    std::string_view summary;  // empty for what only groups verbs, such as "catalog", or serves programs
     std::string_view note;     // lines of the help in front of the options
     std::string_view example;
     std::vector<OptionRow> options;
@@ -50,6 +50,10 @@ std::vector<Verb> FindingVerbs();  // explain, errors
 std::vector<Verb> CatalogVerbs();
 std::vector<Verb> FileVerbs();   // new, show, dump, diff, convert
 std::vector<Verb> ValueVerbs();  // value, program-id
+std::vector<Verb> PrintVerbs();  // schema, print
+
+// The options of every verb.
+std::vector<OptionRow> CommonOptions();
 
 // The options that name another catalog than the shipped one.
 std::vector<OptionRow> CatalogOptions();
