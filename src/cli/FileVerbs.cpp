@@ -103,7 +103,7 @@ std::vector<Verb> FileVerbs() {
          "A B",
          "compare the content of two such files",
          "",
-         "tovarek diff --interface released.xif template.ini",
+         "tovarek diff --interface fan-coil.xif template.ini",
          {{"--interface", "",
            "may B ship under the program ID of A? Both are XIF files, templates\n"
            "(.ini, .xml) or jobs (.json); exit status 1 when it may not"},
@@ -127,7 +127,7 @@ std::vector<Verb> FileVerbs() {
          "alone "
          "or\n"
          "with an XIF file. What an output cannot hold is listed.",
-         "tovarek convert old.xif --profile profile.ini --template template.xml --job job.json",
+         "tovarek convert fan-coil.xif --profile old.ini --template old.xml --job old.json",
          Join({{"--profile", "FILE", "writes a profile, .ini or .xml"},
                {"--template", "FILE", "writes a template, .ini or .xml"},
                {"--format-file", "FILE", "writes the types of resource files, .xml"},

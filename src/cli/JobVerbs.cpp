@@ -83,7 +83,8 @@ constexpr std::string_view kOrder = "Options act in the order in which they stan
 
 std::vector<Verb> JobVerbs() {
     return {
-        {"generate", "[OPTIONS]", "write the XIF file and the resource files", kOrder, "",
+        {"generate", "[OPTIONS]", "write the XIF file and the resource files", kOrder,
+         "tovarek generate --job job.json --outputXIFfile fan-coil.xif",
          WithSettings(
              {{"--no-warnings", "", "do not tell what is read otherwise than it was written"},
               {"--if-changed", "", "leave an output alone that would be the same but for its date"},
@@ -94,7 +95,7 @@ std::vector<Verb> JobVerbs() {
          "JOB...",
          "generate with many job files, each as if it were alone",
          "JOB is a job file, or @LIST: a file with one on each line, as it counts from the folder of LIST.",
-         "tovarek batch pump.json fan.json --jobs 4",
+         "tovarek batch job.json --jobs 4",
          {{"--jobs", "N", "how many run at a time, 1 to 256; without it as many as processors"},
           {"--fail-fast", "", "begin no job behind one that failed"},
           {"--no-warnings", "", "do not tell what is read otherwise than it was written"},

@@ -26,7 +26,7 @@ struct Verb {
         operands;  // as the help shows them; each is given by its word: "FILE", "VALUE...", "[ID]"
     std::string_view summary;  // empty for what only groups verbs, such as "catalog", or serves programs
     std::string_view note;     // lines of the help in front of the options
-    std::string_view example;
+    std::string_view example;  // works in the folder of the example device, behind those in front of it
     std::vector<OptionRow> options;
     int (*run)(const Given& given, Streams streams);
 };

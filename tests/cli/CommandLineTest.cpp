@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -9,6 +11,7 @@
 #include "Program.h"
 #include "cli/OpenCatalog.h"
 #include "cli/Report.h"
+#include "cli/Verbs.h"
 #include "formats/type/TypeFile.h"
 
 namespace tovarek::test {
@@ -18,6 +21,11 @@ namespace {
 constexpr const char* kTemplateXml =
     "<x><D><PROGRAMID>9000010A0B040100</PROGRAMID><USERCPFILE>user.xml</USERCPFILE>"
     "<NVS><nviA><DIRECTION>INPUT</DIRECTION><SNVTTYPE>8</SNVTTYPE></nviA></NVS></D></x>";
+
+std::vector<std::string> Words(const std::string& line) {
+    std::istringstream words(line);
+    return {std::istream_iterator<std::string>(words), {}};
+}
 
 class CommandLine : public testing::Test {
   protected:
@@ -684,6 +692,28 @@ TEST_F(CommandLine, ProgramIdsAreSplitAndMade) {
         arguments.insert(arguments.end(), wrong.begin(), wrong.end());
         EXPECT_EQ(Call(arguments).status, 2) << wrong.back();
     }
+}
+
+// In the folder of the example device, one behind the other.
+TEST_F(CommandLine, EveryExampleOfTheHelpWorks) {
+    namespace fs = std::filesystem;
+    const fs::path before = fs::current_path();
+    fs::copy(TOVAREK_EXAMPLE, StandardPath(scratch_.Path("example")));
+    fs::current_path(StandardPath(scratch_.Path("example")));
+    for (const Verb& verb : Verbs()) {
+        if (verb.summary.empty())
+            continue;
+        std::istringstream help(Call(Words(std::string(verb.name) + " --help")).out);
+        std::string example;
+        for (std::string line; std::getline(help, line);)
+            if (line.starts_with("Example: tovarek "))
+                example = line.substr(line.find("tovarek ") + 8);
+        EXPECT_TRUE(example.starts_with(verb.name)) << verb.name;
+        const Answer run = Call(Words(example));
+        EXPECT_EQ(run.status, kDone) << example << '\n' << run.out << run.error;
+        EXPECT_NE(run.out, "") << example;
+    }
+    fs::current_path(before);
 }
 
 TEST_F(CommandLine, HelpFitsAScreen) {
