@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <charconv>
+#include <exception>
 #include <map>
 #include <mutex>
+#include <new>
 #include <ostream>
 #include <sstream>
-#include <system_error>
 #include <thread>
 #include <tuple>
 #include <utility>
@@ -15,8 +16,8 @@
 #include "base/Path.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
+#include "cli/JobList.h"
 #include "cli/Json.h"
-#include "cli/Locations.h"
 #include "cli/OpenCatalog.h"
 #include "control/StandardCatalog.h"
 #include "system/Files.h"
@@ -26,35 +27,6 @@ namespace tovarek {
 namespace {
 
 constexpr unsigned kMostThreads = 256;
-
-// Each line of a list names a job as it counts from the list's folder; empty lines and those behind '#' do
-// not.
-void AddListed(const std::string& list, std::vector<std::string>& jobs) {
-    std::string bytes;
-    try {
-        bytes = ReadFile(list);
-    } catch (const Error& error) {
-        throw WrongUse("list of jobs '" + Excerpt(list) + "': " + error.Context().reason);
-    }
-    for (std::string_view rest = bytes; !rest.empty();) {
-        const std::string_view line = Trim(TakeLine(rest));
-        if (!line.empty() && !line.starts_with('#'))
-            jobs.push_back(BesideFile(list, std::string(line)));
-    }
-}
-
-std::vector<std::string> AllJobs(const std::vector<std::string>& words) {
-    std::vector<std::string> jobs;
-    for (const std::string& word : words) {
-        if (word.starts_with('@'))
-            AddListed(word.substr(1), jobs);
-        else
-            jobs.push_back(word);
-    }
-    if (jobs.empty())
-        throw WrongUse("batch needs job files: JOB..., or @LIST with one on each line");
-    return jobs;
-}
 
 unsigned ThreadCount(const std::string& text) {
     if (text.empty())
@@ -113,28 +85,46 @@ class BatchRun {
             shared->DecodeAll();
             catalog_ = shared;
         }
+        const std::size_t helperCount = std::min<std::size_t>(threads, jobs_.size()) - 1;
         std::vector<std::thread> helpers;
-        for (unsigned i = 1; i < std::min<std::size_t>(threads, jobs_.size()); ++i) {
-            try {
-                helpers.emplace_back([this] { Work(); });
-            } catch (const std::system_error&) {
-                // The system gives no more of them: the others do the work.
-                break;
-            }
+        helpers.reserve(helperCount);
+        try {
+            while (helpers.size() < helperCount)
+                helpers.emplace_back([this] { WorkToTheEnd(); });
+        } catch (const std::exception&) {
+            // The system gives no more of them: the others do the work.
         }
-        Work();
+        WorkToTheEnd();
         for (std::thread& helper : helpers)
             helper.join();
+        if (end_ != nullptr)
+            std::rethrow_exception(end_);
         return Summary();
     }
 
   private:
+    // What ends the work of one thread, such as memory that ends, ends the batch when all have come to
+    // theirs.
+    void WorkToTheEnd() noexcept {
+        try {
+            Work();
+        } catch (...) {
+            const std::lock_guard lock(mutex_);
+            end_ = std::current_exception();
+            next_ = jobs_.size();
+        }
+    }
+
     void Work() {
         while (!(wishes_.failFast && failed_ > 0)) {
             const std::size_t number = next_++;
             if (number >= jobs_.size())
                 return;
-            Generate(number);
+            try {
+                Generate(number);
+            } catch (const std::bad_alloc&) {
+                TellNoMemory(number);
+            }
             TellFinished(number);
         }
     }
@@ -145,10 +135,27 @@ class BatchRun {
         std::ostringstream error;
         GenerateWishes wishes = wishes_.generate;
         wishes.catalog = catalog_;
-        wishes.guard = [&](const JobFiles& files) { claims_.Claim(number, job, files); };
+        wishes.guard = [&](const JobFiles& files) {
+            claims_.Claim(number, job, files);
+            if (wishes_.generate.guard)
+                wishes_.generate.guard(files);
+        };
         JobResult& result = results_[number];
         result.status = RunGenerate({{Setting::Kind::job, {}, job}}, wishes, format_,
                                     {out, error, false, streams_.command});
+        result.out = std::move(out).str();
+        result.error = std::move(error).str();
+    }
+
+    // By now the job has given back what it had.
+    void TellNoMemory(std::size_t number) {
+        constexpr auto kNumber = RuntimeError::outOfMemory;
+        std::ostringstream out;
+        std::ostringstream error;
+        JobResult& result = results_[number];
+        result.status =
+            ReportFailedRun({static_cast<std::int32_t>(kNumber), RuntimeErrorMessage(kNumber)},
+                            {.format = format_, .streams = {out, error, false, streams_.command}});
         result.out = std::move(out).str();
         result.error = std::move(error).str();
     }
@@ -200,6 +207,7 @@ class BatchRun {
     std::shared_ptr<const StandardCatalog> catalog_;
     OutputClaims claims_;
     std::mutex mutex_;
+    std::exception_ptr end_;
     std::size_t told_ = 0;
     std::size_t finished_ = 0;
     std::atomic<std::size_t> next_ = 0;

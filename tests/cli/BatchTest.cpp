@@ -126,6 +126,22 @@ TEST_F(Batches, EachJobHasItsNameAndItsLine) {
                         {scratch_.Path("many1.json"), 0}, {failed, 1}, {scratch_.Path("many0.json"), 0}}));
 }
 
+TEST_F(Batches, MemoryThatEndsIsTheErrorOfItsJob) {
+    BatchWishes wishes{.jobs = {Job(0, "m"), Job(1, "m"), Job(3, "m"), Job(4, "m")}, .threads = "3"};
+    wishes.generate.guard = [](const JobFiles& files) {
+        for (const JobFile& file : files.outputs)
+            if (file.path.find("m1") != std::string::npos)
+                throw std::bad_alloc();
+    };
+    const BatchAnswer text = RunJobs(wishes);
+    EXPECT_EQ(text.status, kFailed);
+    EXPECT_TRUE(text.out.ends_with("4 jobs: 3 done, 1 failed\n")) << text.out;
+    EXPECT_EQ(text.error, scratch_.Path("m1.json") + ":\ntovarek: error 7 outOfMemory: Out of memory\n");
+    EXPECT_NE(RunJobs(wishes, OutputFormat::json).out.find(R"("error":7)"), std::string::npos);
+    wishes.generate.guard = [](const JobFiles& /*files*/) { throw std::runtime_error("a fault of ours"); };
+    EXPECT_THROW(RunJobs(wishes), std::runtime_error) << "whichever thread meets it";
+}
+
 TEST_F(Batches, AFailureEndsOnlyAFastOne) {
     BatchWishes wishes{.jobs = {Job(0, "a"), Job(2, "a"), Job(1, "a")}, .threads = "1", .failFast = true};
     EXPECT_TRUE(RunJobs(wishes).out.ends_with("3 jobs: 1 done, 1 failed, 1 not begun\n"));
