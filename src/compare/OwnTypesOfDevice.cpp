@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "formats/records/ResourceKinds.h"
 #include "template/Declaration.h"
+#include "types/CType.h"
 #include "values/ValueTypes.h"
 
 namespace tovarek {

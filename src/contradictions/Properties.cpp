@@ -8,6 +8,7 @@
 #include "contradictions/SelfDocumentation.h"
 #include "template/Declaration.h"
 #include "template/TemplatePlaces.h"
+#include "types/CType.h"
 #include "values/ValueTypes.h"
 
 namespace tovarek {
