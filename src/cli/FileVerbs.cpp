@@ -61,6 +61,9 @@ int Convert(const Given& given, Streams streams) {
 int New(const Given& given, Streams streams) {
     return RunNew({.folder = given.Text("NAME"),
                    .like = given.Text("--like"),
+                   .from = given.Text("--from"),
+                   .isAll = given.Has("--all"),
+                   .sets = given.All("--set"),
                    .form = given.Text("--form", "ini"),
                    .place = given.Catalog()},
                   given.format, streams);
@@ -76,6 +79,11 @@ std::vector<Verb> FileVerbs() {
          "what to change first.",
          "tovarek new pump --like fan-coil",
          Join({{"--like", "DEVICE", "fan-coil, sensor or switch"},
+               {"--from", "FILE", "the profile is that of this XIF file, of any version"},
+               {"--all", "",
+                "with it: the template too, and the types of resource files beside it that\n"
+                "have its program ID"},
+               {"--set", "FIELD=VALUE", "with it: a value that XIF 4.0 knows, such as typeNeuron=0", true},
                {"--form", "ini|xml", "the form of profile and template, ini by default"}},
               CatalogOptions()),
          New},

@@ -72,9 +72,29 @@ ComparedInterface OfTemplate(const NamedInput& input, const CatalogPlace& place)
             false, found.hasProfile};
 }
 
-// The sets that lie beside an interface file and have its program ID. Of two of one scope nobody knows which
-// counts.
-std::vector<OwnTypes> TypesBeside(const std::string& path, const std::string& programId) {
+ComparedInterface InterfaceOfWord(const std::string& word, const CatalogPlace& place) {
+    const NamedInput input = InputNamed(word);
+    const std::string extension = ExtensionOf(input.file);
+    if (extension == "json")
+        return OfJob(input.file);
+    if (extension == "ini" || extension == "xml")
+        return OfTemplate(input, place);
+    if (IsXif(input.file)) {
+        ComparedInterface found{ReadXif(input.file)};
+        for (const std::string& path : TypeFilesBeside(input.file, found.file))
+            found.types.push_back(ReadOwnTypes(path));
+        return found;
+    }
+    throw WrongUse(
+        "'" + Excerpt(word) +
+        "' does not begin like an XIF file, and its name does not tell another form; interfaces are "
+        "called .xif, .ini or .xml (templates), or .json (jobs)");
+}
+
+}  // namespace
+
+std::vector<std::string> TypeFilesBeside(const std::string& path, const XifFile& file) {
+    const std::string programId = ProgramIdDigits(file.programId).value_or("");
     std::map<std::uint8_t, std::vector<std::string>> found;
     const std::string folder = FolderOf(path);
     for (const std::string& name : DirectoryEntries(folder.empty() ? "." : folder)) {
@@ -88,32 +108,12 @@ std::vector<OwnTypes> TypesBeside(const std::string& path, const std::string& pr
         if (id == programId)
             found[types.header.scope].push_back(folder + name);
     }
-    std::vector<OwnTypes> sets;
+    std::vector<std::string> sets;
     for (const auto& [scope, paths] : found)
         if (scope != 0 && paths.size() == 1)
-            sets.push_back(ReadOwnTypes(paths.front()));
+            sets.push_back(paths.front());
     return sets;
 }
-
-ComparedInterface InterfaceOfWord(const std::string& word, const CatalogPlace& place) {
-    const NamedInput input = InputNamed(word);
-    const std::string extension = ExtensionOf(input.file);
-    if (extension == "json")
-        return OfJob(input.file);
-    if (extension == "ini" || extension == "xml")
-        return OfTemplate(input, place);
-    if (IsXif(input.file)) {
-        ComparedInterface found{ReadXif(input.file)};
-        found.types = TypesBeside(input.file, ProgramIdDigits(found.file.programId).value_or(""));
-        return found;
-    }
-    throw WrongUse(
-        "'" + Excerpt(word) +
-        "' does not begin like an XIF file, and its name does not tell another form; interfaces are "
-        "called .xif, .ini or .xml (templates), or .json (jobs)");
-}
-
-}  // namespace
 
 std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths) {
     std::vector<OwnTypes> sets;

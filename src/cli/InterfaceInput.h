@@ -21,6 +21,10 @@ struct InterfaceWords {
 // reading and generating raises.
 ComparedInterface ReadComparedInterface(const InterfaceWords& words, const CatalogPlace& place);
 
+// The type files, one a scope, that lie beside the interface file at `path` and have its program ID. Of two
+// of one scope nobody knows which counts.
+std::vector<std::string> TypeFilesBeside(const std::string& path, const XifFile& file);
+
 // The sets of these type files. Throws WrongUse for two of one scope.
 std::vector<OwnTypes> NamedTypes(const std::vector<std::string>& paths);
 

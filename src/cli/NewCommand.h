@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/OpenCatalog.h"
 #include "cli/Report.h"
@@ -10,12 +11,15 @@ namespace tovarek {
 
 struct NewOptions {
     std::string folder;
-    std::string like;  // the starter's name
-    std::string form;  // "ini" or "xml"
+    std::string like;               // the starter's name
+    std::string from;               // an XIF file that the profile comes from
+    bool isAll = false;             // and the template, with the types of resource files beside it
+    std::vector<std::string> sets;  // FIELD=VALUE for a profile of a later version
+    std::string form;               // "ini" or "xml"
     CatalogPlace place;
 };
 
-// Text: what was written, one line a file. JSON: an object of `written`. Where something fails, nothing is
+// Says what tovarek convert says. Where something fails, nothing is
 // left of the folder.
 int RunNew(const NewOptions& options, OutputFormat format, Streams streams);
 

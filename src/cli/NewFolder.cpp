@@ -21,19 +21,9 @@ NewFolder::NewFolder(std::string path) : path_(std::move(path)) {
 NewFolder::~NewFolder() {
     if (isFinished_)
         return;
-    for (const std::string& file : written_)
-        RemoveEntry(file);
+    for (const std::string& name : DirectoryEntries(path_))
+        RemoveEntry(PathOf(name));
     RemoveEntry(path_);
-}
-
-void NewFolder::Put(std::string_view name, std::string_view bytes) {
-    written_.push_back(PathOf(name));
-    WriteFile(written_.back(), bytes);
-}
-
-std::vector<std::string> NewFolder::Finish() {
-    isFinished_ = true;
-    return written_;
 }
 
 }  // namespace tovarek

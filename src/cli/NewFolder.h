@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tovarek {
 
@@ -12,20 +11,17 @@ class NewFolder {
     // Makes it. Throws WrongUse where something of this name exists or no folder can have it; raises what
     // writing there would raise.
     explicit NewFolder(std::string path);
-    // Removes what was written, unless all of it was.
+    // Removes it and the files in it, unless all were written.
     ~NewFolder();
     NewFolder(const NewFolder&) = delete;
     NewFolder& operator=(const NewFolder&) = delete;
 
     std::string PathOf(std::string_view name) const { return path_ + '/' + std::string(name); }
-    // Writes a file into it. Raises what writing raises.
-    void Put(std::string_view name, std::string_view bytes);
-    // All is written. Answers the paths.
-    std::vector<std::string> Finish();
+    // All is written.
+    void Finish() { isFinished_ = true; }
 
   private:
     std::string path_;
-    std::vector<std::string> written_;
     bool isFinished_ = false;
 };
 

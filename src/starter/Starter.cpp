@@ -99,27 +99,33 @@ std::string UserTypesOf(const Starter& starter) {
     return out.Take();
 }
 
-std::string ReadMeOf(const Starter& starter, const std::string& outputs, const std::string& form) {
-    return "# " + outputs + ": " + std::string(starter.title) +
+std::string ReadMeText(const ReadMe& readMe) {
+    const std::string deviceTemplate = "template." + readMe.form;
+    const std::string& outputs = readMe.outputs;
+    return "# " + outputs + ": " + readMe.title +
            "\n\n"
            "`tovarek generate --job job.json` in this folder writes " +
-           outputs + ".xif and the resource files in " + outputs +
-           "-types; `tovarek check --job job.json --pedantic` finds faults, `tovarek show job.json` draws "
-           "the "
+           outputs + ".xif" + (readMe.hasTypes ? " and the resource files in " + outputs + "-types" : "") +
+           "; `tovarek check --job job.json --pedantic` finds faults, `tovarek show job.json` draws the "
            "device.\n\n"
            "What to change first:\n"
-           "1. programID in template." +
-           form +
-           ": FFFFF is the maker number of examples. `tovarek program-id` makes one; user-types.xml has the "
-           "maker's digits too.\n"
-           "2. What your chip, memory and transceiver have otherwise, in profile." +
-           form +
+           "1. programID in " +
+           deviceTemplate +
+           (readMe.isExample ? ": FFFFF is the maker number of examples. `tovarek program-id` makes one; "
+                               "user-types.xml has the maker's digits too.\n"
+                             : ": a device with another interface needs one of its own; `tovarek diff "
+                               "--interface` tells.\n") +
+           "2. What your chip, memory and transceiver have otherwise, in profile." + readMe.form +
            "; each value says what it means and what is accepted.\n"
-           "3. Variables, properties and selfDoc in template." +
-           form +
-           ": `tovarek catalog find WORD` finds types, `tovarek value encode TYPE VALUE` makes bytes.\n"
-           "4. Types of the device's own in format.xml, those of all your devices in user-types.xml.\n"
-           "5. Creator, names and texts of the resource files in job.json.\n";
+           "3. Variables, properties and selfDoc in " +
+           deviceTemplate +
+           ": `tovarek catalog find WORD` finds types, `tovarek value encode TYPE VALUE` makes bytes.\n" +
+           (readMe.hasTypes
+                ? "4. Types of the device's own in format.xml, those of all your devices in user-types.xml.\n"
+                  "5. Creator, names and texts of the resource files in job.json.\n"
+                : "4. Types of the device's own: an interface file does not hold them; without its resource "
+                  "files they are\n"
+                  "   lengths alone. `tovarek new` with `--like` shows how they are written.\n");
 }
 
 ProfileValues StarterProfile() {

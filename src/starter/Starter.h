@@ -68,9 +68,17 @@ CTemplate TemplateOf(const Starter& starter, const std::string& userTypeFile);
 std::string FormatFileOf(const Starter& starter);
 std::string UserTypesOf(const Starter& starter);
 
-// What to change first, in ten lines of Markdown. `outputs` is what generated files are called, `form` the
-// extension of profile and template.
-std::string ReadMeOf(const Starter& starter, const std::string& outputs, const std::string& form);
+// What the README of a folder tells.
+struct ReadMe {
+    std::string title;
+    std::string outputs;    // what generated files are called
+    std::string form;       // the extension of profile and template
+    bool isExample = true;  // the program ID is one for examples
+    bool hasTypes = true;   // there are types of the device's own
+};
+
+// What to change first, in ten lines of Markdown.
+std::string ReadMeText(const ReadMe& readMe);
 
 // The profile of all: a usual Neuron chip with a free-topology transceiver.
 ProfileValues StarterProfile();

@@ -34,6 +34,16 @@ class New : public testing::Test {
         return scratch_.Path(name);
     }
 
+    // The interface file of the job, with its resource files beside it.
+    std::string Source(const std::string& name, const std::string& job) const {
+        const std::string folder = scratch_.Path(name);
+        EXPECT_TRUE(MakeDirectory(folder));
+        const Answer run = CallOn({"generate", "--job", job, "--typeFilesDirectory", folder,
+                                   "--outputXIFfile", folder + "/source.xif"});
+        EXPECT_EQ(run.status, 0) << run.error;
+        return folder + "/source.xif";
+    }
+
     static std::vector<std::string> JobCall(const std::string& verb, const std::string& folder) {
         return {verb,
                 "--job",
@@ -65,6 +75,24 @@ class New : public testing::Test {
 
     Scratch scratch_;
 };
+
+// The values of the profile.
+std::vector<XifNumber> ProfilePartOf(const std::string& xif) {
+    XifFile file;
+    EXPECT_TRUE(ReadXifFile(xif, file).Ok());
+    std::vector<XifNumber> values;
+    for (const ProfileField& field : kProfileFields)
+        for (const XifParameters& line : file.parameters)
+            if (line.line == field.line)
+                values.push_back(line.numbers.at(static_cast<std::size_t>(field.token) - 1));
+    EXPECT_EQ(values.size(), kProfileFields.size());
+    return values;
+}
+
+// What follows the names of file and tool, and the date.
+std::string BehindHead(const std::string& xif) {
+    return xif.substr(std::min(xif.size(), xif.find("\r\n\r\n")));
+}
 
 // What a starter has to show, in words.
 std::set<std::string> KindsIn(const std::string& xif) {
@@ -120,6 +148,63 @@ TEST_F(New, EachDeviceGeneratesCleanAndAlikeInBothForms) {
     EXPECT_EQ(interfaces.size(), Starters().size());
 }
 
+TEST_F(New, ProfileOrAllOfADeviceComesFromItsInterfaceFile) {
+    std::vector<std::string> sources = {Source("example", std::string(TOVAREK_EXAMPLE) + "/job.json")};
+    for (const Starter* starter : Starters()) {
+        const std::string like(starter->name);
+        sources.push_back(Source("of " + like, Make(like, {"--like", like}) + "/job.json"));
+    }
+    const std::multiset<std::string> ofExample = {"eight-bit-text", "eight-bit-text", "maker-number",
+                                                  "no-default"};
+    const std::multiset<std::string> ofStarter = {"maker-number"};
+    for (const std::string& source : sources)
+        for (const char* form : kNewForms) {
+            const std::string name = std::to_string(&source - sources.data()) + form;
+            // Another profile than that of the starters.
+            std::string other = ReadFile(source);
+            other.replace(other.find(" 944 "), 5, " 945 ");
+            const std::string profile =
+                Make("p" + name, {"--from", scratch_.File("other.xif", other), "--form", form});
+            EXPECT_EQ(ProfilePartOf(Generated(profile)), ProfilePartOf(other));
+            EXPECT_EQ(Findings(profile), ofStarter);
+            const std::string all = Make("a" + name, {"--from", source, "--all", "--form", form});
+            EXPECT_EQ(BehindHead(Generated(all)), BehindHead(ReadFile(source)));
+            EXPECT_EQ(Findings(all), &source == sources.data() ? ofExample : ofStarter) << source << form;
+            EXPECT_TRUE(FileExists(all + "/format.xml"));
+            EXPECT_NE(ReadFile(all + "/template." + form).find("bytes of one element"), std::string::npos);
+        }
+}
+
+TEST_F(New, ADeviceWithoutResourceFilesHasAJobWithoutTypes) {
+    const std::string source = ReadFile(Source("example", std::string(TOVAREK_EXAMPLE) + "/job.json"));
+    const std::string folder = Make("alone", {"--from", scratch_.File("alone.xif", source), "--all"});
+    EXPECT_EQ(BehindHead(Generated(folder)), BehindHead(source));
+    EXPECT_FALSE(FileExists(folder + "/format.xml"));
+    const std::string readMe = ReadFile(folder + "/README.md");
+    EXPECT_EQ(std::count(readMe.begin(), readMe.end(), '\n'), 10) << readMe;
+}
+
+TEST_F(New, AProfileOfALaterVersionIsFittedOrAskedFor) {
+    std::string later = ReadFile(Source("older", Make("like", {"--like", "switch"}) + "/job.json"));
+    later.replace(later.find("\r\n0 5 7 "), 8, "\r\n32 5 7 ");
+    later.replace(later.find("\r\n2 15 "), 7, "\r\n2 99 ");
+    const std::string file = scratch_.File("later.xif", later);
+    for (const std::vector<std::string>& more : {std::vector<std::string>{}, {"--all"}}) {
+        const std::string folder = scratch_.Path("new" + std::to_string(more.size()));
+        std::vector<std::string> words = {"new", folder, "--from", file};
+        words.insert(words.end(), more.begin(), more.end());
+        const Answer asked = CallOn(words);
+        EXPECT_EQ(asked.status, 2);
+        EXPECT_NE(asked.error.find("typeNeuron is 32"), std::string::npos) << asked.error;
+        EXPECT_FALSE(FolderExists(folder)) << "nothing is left";
+        words.insert(words.end(), {"--set", "typeNeuron=0"});
+        const Answer run = CallOn(words);
+        EXPECT_EQ(run.status, 0) << run.error;
+        EXPECT_NE(run.error.find("addresses: 15 instead of 99"), std::string::npos) << run.error;
+        EXPECT_EQ(Findings(folder), std::multiset<std::string>{"maker-number"});
+    }
+}
+
 TEST_F(New, CommentsTellWhatEachKeyMeans) {
     const std::string ini = Make("i", {"--like", "switch"});
     const std::string xml = Make("x", {"--like", "switch", "--form", "xml"});
@@ -159,6 +244,11 @@ TEST_F(New, NothingIsOverwrittenAndWrongUseTellsWhatExists) {
         {{scratch_.Path("a"), "--like", "sensr"}, 2, "did you mean 'sensor'?"},
         {{scratch_.Path("a"), "--like", "sensor", "--form", "json"}, 2, "--form ini or --form xml"},
         {{"--like", "sensor"}, 2, "needs the name of the folder"},
+        {{scratch_.Path("a"), "--like", "sensor", "--all"}, 2, "belong to --from"},
+        {{scratch_.Path("a"), "--like", "sensor", "--set", "domains=1"}, 2, "belong to --from"},
+        {{scratch_.Path("a"), "--like", "sensor", "--all", "--from", file}, 2, "give one of them"},
+        {{scratch_.Path("a"), "--from", file}, 2, "does not begin like an XIF file"},
+        {{scratch_.Path("a"), "--from", scratch_.Path("none.xif")}, 1, "File not found"},
     };
     const std::string before = ReadFile(folder + "/template.ini");
     for (const auto& row : rows) {
@@ -176,9 +266,8 @@ TEST_F(New, NothingIsOverwrittenAndWrongUseTellsWhatExists) {
 
 TEST_F(New, AFolderThatIsNotFinishedIsRemoved) {
     {
-        NewFolder half(scratch_.Path("half"));
-        half.Put("a", "x");
-        EXPECT_TRUE(FileExists(scratch_.Path("half/a")));
+        const NewFolder half(scratch_.Path("half"));
+        WriteFile(half.PathOf("a"), "x");
     }
     EXPECT_FALSE(FolderExists(scratch_.Path("half")));
     NewFolder(scratch_.Path("whole")).Finish();
