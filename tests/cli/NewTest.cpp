@@ -62,8 +62,8 @@ class New : public testing::Test {
         words.emplace_back("--pedantic");
         std::multiset<std::string> names;
         const auto report = nlohmann::json::parse(CallOn(words).out);
-        for (const auto& finding : report["findings"])
-            names.insert(finding["name"]);
+        for (const auto& finding : report.at("findings"))
+            names.insert(finding.at("name"));
         return names;
     }
 
