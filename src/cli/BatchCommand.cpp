@@ -19,6 +19,7 @@
 #include "cli/JobList.h"
 #include "cli/Json.h"
 #include "cli/OpenCatalog.h"
+#include "cli/Progress.h"
 #include "control/StandardCatalog.h"
 #include "system/Files.h"
 #include "xml/XmlThreads.h"
@@ -77,6 +78,7 @@ class BatchRun {
           results_(jobs_.size()),
           wishes_(wishes),
           streams_(streams),
+          progress_(streams, format, jobs_.size()),
           format_(format) {}
 
     int Run(unsigned threads) {
@@ -167,6 +169,7 @@ class BatchRun {
         failed_ += results_[number].status == kDone ? 0 : 1;
         for (; told_ < jobs_.size() && results_[told_].isDone; ++told_)
             Tell(told_);
+        progress_.Show(++ready_);
     }
 
     void Tell(std::size_t number) {
@@ -177,7 +180,11 @@ class BatchRun {
             line.update(Json::parse(result.out));
             streams_.out << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
         } else {
+            progress_.Clear();
             streams_.out << result.out;
+            // On one terminal the line about the progress stands behind it.
+            if (streams_.errorIsTerminal)
+                streams_.out << std::flush;
             if (!result.error.empty())
                 streams_.error << SystemPath(jobs_[number]) << ":\n" << result.error;
         }
@@ -186,6 +193,7 @@ class BatchRun {
     }
 
     int Summary() {
+        progress_.Clear();
         // Behind one that never began others may have come to their end.
         for (std::size_t i = told_; i < jobs_.size(); ++i)
             if (results_[i].isDone)
@@ -204,12 +212,14 @@ class BatchRun {
     std::vector<JobResult> results_;
     const BatchWishes& wishes_;
     Streams streams_;
+    Progress progress_;
     std::shared_ptr<const StandardCatalog> catalog_;
     OutputClaims claims_;
     std::mutex mutex_;
     std::exception_ptr end_;
     std::size_t told_ = 0;
     std::size_t finished_ = 0;
+    std::size_t ready_ = 0;  // finished, whether or not told
     std::atomic<std::size_t> next_ = 0;
     std::atomic<std::size_t> failed_ = 0;
     OutputFormat format_;

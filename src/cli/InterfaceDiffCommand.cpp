@@ -124,13 +124,13 @@ void WriteJson(const Judgement& judgement, std::ostream& out) {
     out << JsonText(json) << '\n';
 }
 
-Judgement Judge(const InterfaceDiffOptions& options) {
+Judgement Judge(const InterfaceDiffOptions& options, OutputFormat format, Streams streams) {
     const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
     const ComparedInterface after = ReadComparedInterface(options.after, options.place);
     const std::string programId = UpperCase(after.file.programId);
     std::vector<KnownInterface> known;
     if (!options.known.empty())
-        known = ReadKnownInterfaces(options.known, options.after.interface);
+        known = ReadKnownInterfaces(options.known, options.after.interface, format, streams);
     InterfaceWords before = options.before;
     Judgement judgement;
     if (const KnownInterface* const one = before.interface.empty() ? FindKnown(known, programId) : nullptr)
@@ -148,7 +148,7 @@ Judgement Judge(const InterfaceDiffOptions& options) {
 }
 
 int Diff(const InterfaceDiffOptions& options, OutputFormat format, Streams streams) {
-    const Judgement judgement = Judge(options);
+    const Judgement judgement = Judge(options, format, streams);
     if (format == OutputFormat::json)
         WriteJson(judgement, streams.out);
     else if (format == OutputFormat::markdown)

@@ -7,12 +7,14 @@
 #include "base/Text.h"
 #include "cli/Assignments.h"
 #include "cli/ConvertInputs.h"
+#include "cli/Progress.h"
 #include "system/Files.h"
 #include "values/ProgramId.h"
 
 namespace tovarek {
 
-std::vector<KnownInterface> ReadKnownInterfaces(const std::string& folder, const std::string& besides) {
+std::vector<KnownInterface> ReadKnownInterfaces(const std::string& folder, const std::string& besides,
+                                                OutputFormat format, Streams streams) {
     if (!FolderExists(folder))
         throw WrongUse("there is no folder '" + Excerpt(folder) +
                        "'; --known takes the folder of the XIF files that were released");
@@ -20,7 +22,9 @@ std::vector<KnownInterface> ReadKnownInterfaces(const std::string& folder, const
     std::vector<std::string> names = DirectoryEntries(folder);
     std::sort(names.begin(), names.end());
     std::vector<KnownInterface> known;
+    Progress progress(streams, format, names.size());
     for (const std::string& name : names) {
+        progress.Show(static_cast<std::size_t>(&name - names.data()));
         std::string path = folder;
         path.append("/").append(name);
         if (ExtensionOf(name) != "xif" || FolderExists(path) || (self && IdentityOf(path) == self))

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Report.h"
 #include "formats/xif/XifFile.h"
 
 namespace tovarek {
@@ -16,7 +17,9 @@ struct KnownInterface {
 
 // Reads the XIF files of `folder`, by name; `besides` is left out, which may lie there too. Throws WrongUse
 // when there is no such folder; raises what cannot be read of a file: it might be the one that is looked for.
-std::vector<KnownInterface> ReadKnownInterfaces(const std::string& folder, const std::string& besides);
+// Of many files a terminal shows the progress.
+std::vector<KnownInterface> ReadKnownInterfaces(const std::string& folder, const std::string& besides,
+                                                OutputFormat format, Streams streams);
 
 // The one of this program ID (pairs, in capitals); null when there is none. Throws WrongUse when there are
 // two.

@@ -12,8 +12,9 @@ std::string ProgramFile();
 // An environment variable in UTF-8; empty when it is not set.
 std::string EnvironmentText(const char* name);
 
-// Whether its standard output is a terminal.
+// Whether its standard output is a terminal, and its standard error.
 bool OutIsTerminal();
+bool ErrorIsTerminal();
 
 // Characters of a line of that terminal; 0 when it does not tell.
 std::size_t TerminalWidth();

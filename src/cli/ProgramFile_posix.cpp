@@ -24,6 +24,10 @@ bool OutIsTerminal() {
     return isatty(STDOUT_FILENO) == 1;
 }
 
+bool ErrorIsTerminal() {
+    return isatty(STDERR_FILENO) == 1;
+}
+
 std::size_t TerminalWidth() {
     winsize size{};
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;

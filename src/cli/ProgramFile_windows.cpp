@@ -22,6 +22,10 @@ bool OutIsTerminal() {
     return _isatty(_fileno(stdout)) != 0;
 }
 
+bool ErrorIsTerminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
 std::size_t TerminalWidth() {
     CONSOLE_SCREEN_BUFFER_INFO info{};
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0)

@@ -44,7 +44,8 @@ std::terminate_handler usualEnd = nullptr;
 int RunProgram(const std::function<std::vector<std::string>()>& arguments) noexcept {
     try {
         std::ios::sync_with_stdio(false);
-        const int status = RunCommandLine(arguments(), {std::cout, std::cerr, OutIsTerminal()});
+        const int status =
+            RunCommandLine(arguments(), {std::cout, std::cerr, OutIsTerminal(), {}, ErrorIsTerminal()});
         // Output that could not be written is a failure like any other.
         if (!std::cout.flush() && status == kDone) {
             std::cerr << "tovarek: the output could not be written\n";

@@ -18,6 +18,7 @@ struct Streams {
     std::ostream& error;
     bool outIsTerminal = false;     // somebody looks at `out`
     std::string_view command = {};  // "generate", "catalog show"; empty where none is given
+    bool errorIsTerminal = false;   // somebody looks at `error`
 };
 
 }  // namespace tovarek

@@ -10,6 +10,7 @@
 #include "../component/Device.h"
 #include "Program.h"
 #include "cli/OpenCatalog.h"
+#include "cli/Progress.h"
 #include "cli/Report.h"
 #include "cli/Verbs.h"
 #include "formats/type/TypeFile.h"
@@ -735,6 +736,34 @@ TEST_F(CommandLine, HelpFitsAScreen) {
         EXPECT_EQ(Call(arguments).out.find("--PROPERTY"), std::string::npos);
     }
     EXPECT_EQ(Call({"--version"}).out, "tovarek " TOVAREK_VERSION "\n");
+}
+
+TEST(ProgressTest, OneLineOnATerminalThatGoesAgain) {
+    constexpr std::chrono::milliseconds kNone{0};
+    const struct {
+        bool isTerminal;
+        OutputFormat format;
+        std::chrono::milliseconds patience;
+        const char* shown;
+    } rows[] = {
+        {true, OutputFormat::text, kNone, "\rtovarek: 7 of 10\r                 \r\rtovarek: 8 of 10"},
+        {true, OutputFormat::text, std::chrono::hours(1), ""},
+        {true, OutputFormat::json, kNone, ""},
+        {false, OutputFormat::text, kNone, ""},
+    };
+    for (const auto& row : rows) {
+        std::ostringstream out;
+        std::ostringstream error;
+        {
+            Progress progress({out, error, false, {}, row.isTerminal}, row.format, 10, row.patience);
+            progress.Show(7);
+            progress.Clear();
+            progress.Show(8);
+            EXPECT_EQ(error.str(), row.shown);
+        }
+        EXPECT_EQ(error.str().empty() || error.str().ends_with("  \r"), true) << error.str();
+        EXPECT_EQ(out.str(), "");
+    }
 }
 
 }  // namespace
