@@ -1,8 +1,10 @@
 // Many jobs in one call. These tests are built a second time for the thread sanitizer (tests/threads).
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 #include <map>
+#include <new>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -126,18 +128,32 @@ TEST_F(Batches, EachJobHasItsNameAndItsLine) {
                         {scratch_.Path("many1.json"), 0}, {failed, 1}, {scratch_.Path("many0.json"), 0}}));
 }
 
+// Each job has a copy of its own, and for the second one there is no memory.
+struct Hungry {
+    static inline std::atomic<int> copies = -9;
+    Hungry() = default;
+    Hungry(const Hungry& /*other*/) {
+        if (++copies == 2)
+            throw std::bad_alloc();
+    }
+    Hungry& operator=(const Hungry&) = delete;
+    void operator()(const JobFiles& /*files*/) const {}
+};
+
 TEST_F(Batches, MemoryThatEndsIsTheErrorOfItsJob) {
-    BatchWishes wishes{.jobs = {Job(0, "m"), Job(1, "m"), Job(3, "m"), Job(4, "m")}, .threads = "3"};
-    wishes.generate.guard = [](const JobFiles& files) {
-        for (const JobFile& file : files.outputs)
-            if (file.path.find("m1") != std::string::npos)
-                throw std::bad_alloc();
-    };
-    const BatchAnswer text = RunJobs(wishes);
-    EXPECT_EQ(text.status, kFailed);
-    EXPECT_TRUE(text.out.ends_with("4 jobs: 3 done, 1 failed\n")) << text.out;
-    EXPECT_EQ(text.error, scratch_.Path("m1.json") + ":\ntovarek: error 7 outOfMemory: Out of memory\n");
-    EXPECT_NE(RunJobs(wishes, OutputFormat::json).out.find(R"("error":7)"), std::string::npos);
+    BatchWishes wishes{.jobs = {Job(0, "m"), Job(1, "m"), Job(3, "m"), Job(4, "m")}};
+    wishes.generate.guard = Hungry();
+    for (const char* threads : {"1", "3"}) {
+        wishes.threads = threads;
+        Hungry::copies = 0;
+        const BatchAnswer text = RunJobs(wishes);
+        EXPECT_EQ(text.status, kFailed);
+        EXPECT_TRUE(text.out.ends_with("4 jobs: 3 done, 1 failed\n")) << text.out;
+        EXPECT_TRUE(text.error.ends_with(".json:\ntovarek: error 7 outOfMemory: Out of memory\n"))
+            << text.error;
+    }
+    Hungry::copies = 0;
+    EXPECT_NE(RunJobs(wishes, OutputFormat::json).out.find("\"error\":7,"), std::string::npos);
     wishes.generate.guard = [](const JobFiles& /*files*/) { throw std::runtime_error("a fault of ours"); };
     EXPECT_THROW(RunJobs(wishes), std::runtime_error) << "whichever thread meets it";
 }

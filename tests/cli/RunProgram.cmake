@@ -43,6 +43,9 @@ function(generate folder)
   file(MAKE_DIRECTORY ${WORK}/${folder})
   file(RENAME ${WORK}/out.xif ${WORK}/${folder}/out.xif)
   file(RENAME ${WORK}/types ${WORK}/${folder}/types)
+  # Texts and formats.
+  execute_process(COMMAND ${RUN} ${PROGRAM} catalog show SNVT_temp_p OUTPUT_FILE ${WORK}/${folder}/shown
+    COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 file(COPY ${EXAMPLE}/ DESTINATION ${WORK}/example)
 set(ENV{SOURCE_DATE_EPOCH} 1795254067)
