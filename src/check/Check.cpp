@@ -15,6 +15,8 @@
 namespace tovarek {
 namespace {
 
+// How the reason begins of an error that misses a definition in the format file.
+constexpr std::string_view kLacksDefinition = "the format file ";
 constexpr std::string_view kErrorPrefix = "eQVXIFerr_";
 
 // A finding tells at most so many others that follow from it.
@@ -136,6 +138,19 @@ class Judgement {
         return finding.context.file + '\n' + finding.context.record;
     }
 
+    // What a format file lacks is one fault, whoever asks for it.
+    static bool LacksDefinition(const Finding& finding) {
+        return finding.error == eQVXIFerr_typenotfoundinformatfile &&
+               finding.context.reason.starts_with(kLacksDefinition);
+    }
+    // Whether types of the file are not read or not written for it.
+    static bool HidesTypes(const Finding& finding) {
+        return finding.warning == Warning::ignoredElement || finding.warning == Warning::mixedTypes ||
+               finding.warning == Warning::typeGap ||
+               finding.error == eQVXIFerr_QVX_editResult_missingunvttypeindex ||
+               finding.error == eQVXIFerr_QVX_editResult_missingucpttypeindex;
+    }
+
     // The finding that this one is a note of; itself when it is none.
     std::size_t CauseOf(std::size_t i) const {
         const Finding& finding = findings_[i];
@@ -143,6 +158,10 @@ class Judgement {
             const auto cause = causes.find(key);
             return cause == causes.end() ? i : cause->second;
         };
+        if (LacksDefinition(finding))
+            return find(lacking_, finding.context.reason);
+        if (const auto hiding = hiding_.find(finding.causeFile); hiding != hiding_.end())
+            return CauseOf(hiding->second);
         if (finding.warning == Warning::none && !finding.context.value.empty())
             return find(errors_, ValueKey(finding));
         if (finding.causeLine == 0)
@@ -164,6 +183,10 @@ class Judgement {
     void Index() {
         for (std::size_t i = 0; i < findings_.size(); ++i) {
             const Finding& finding = findings_[i];
+            if (LacksDefinition(finding))
+                lacking_.try_emplace(finding.context.reason, i);
+            if (HidesTypes(finding) && !finding.context.file.empty())
+                hiding_.try_emplace(finding.context.file, i);
             if (finding.context.line > 0 && finding.warning == Warning::none &&
                 finding.context.reason.find("did you mean") != std::string::npos)
                 suggesting_.try_emplace(CauseKey(finding, finding.context.line), i);
@@ -247,6 +270,8 @@ class Judgement {
     std::unordered_map<std::string, std::size_t> suggesting_;  // errors with "did you mean", by line
     std::unordered_map<std::string, std::size_t> missing_;     // errors that miss a value, by line
     std::unordered_map<std::string, std::size_t> errors_;      // the first ones of each value
+    std::unordered_map<std::string, std::size_t> lacking_;     // errors of missing definitions, by reason
+    std::unordered_map<std::string, std::size_t> hiding_;      // what hides types, by file
     std::unordered_map<std::string, std::vector<std::size_t>> explanations_;
     std::unordered_map<std::string, std::size_t> explanationsOfLine_;
 };

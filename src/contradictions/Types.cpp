@@ -83,6 +83,8 @@ class RecordRules {
         const auto [first, isNew] =
             firstLines_.try_emplace({cp.scope, cp.typeIndexInScope}, finding.context.line);
         finding.causeLine = isNew ? 0 : first->second;
+        if (cp.scope != kOwnScope)
+            finding.causeFile = types_.UserTypePath();
         findings_.Take(std::move(finding));
     }
 

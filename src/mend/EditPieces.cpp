@@ -44,6 +44,8 @@ std::string_view IniPart(std::string_view line, const Edit& edit) {
             return isKey ? key : section;
         case EditPart::separator:
             return SeparatorOf(trimmed);
+        case EditPart::line:
+            return trimmed;
         case EditPart::lineStart:
             return trimmed.substr(0, 0);
         case EditPart::lineEnd:

@@ -14,6 +14,7 @@ enum class EditPart {
     content,    // of an element: its text with the white space around it
     comment,    // of an element: all of it becomes a comment
     separator,  // of a line without '=': what stands between its first word and the rest
+    line,       // what stands in it, without white space around it
     lineStart,  // in front of what stands in the line
     lineEnd,    // behind it
     fileStart,  // in front of everything

@@ -40,6 +40,9 @@ struct Finding {
     Warning warning = Warning::none;
     LinePart part = LinePart::value;
     int causeLine = 0;  // a line of the same file; a finding there explains this one
+    // A file of types, of which this misses one: what keeps types of it from being read or written explains
+    // it.
+    std::string causeFile{};
     // Where an error may miss what nobody reads here: the line of a section or element, kNowhere for what the
     // file has no such place for.
     int aroundLine = 0;

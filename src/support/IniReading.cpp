@@ -228,9 +228,23 @@ void IniReading::Numbered(std::string_view prefix, std::string_view section, std
     numbered_.push_back({prefix, section, count, most});
 }
 
+// What stands behind the brackets of a header, and is no comment.
+void IniReading::TellBehindHeader(const Section& section, FindingSink& findings) const {
+    const std::string_view header = section.body->header;
+    const std::string_view behind = Trim(header.substr(std::min(header.rfind(']'), header.size() - 1) + 1));
+    if (!behind.empty() && !behind.starts_with(';') && !behind.starts_with('#'))
+        findings.Take(At(Warning::ignoredKey, LineOf(section), LinePart::all,
+                         Quoted(behind) +
+                             " is not read: it stands behind the name of a section; write it into a "
+                             "line of its own"));
+}
+
 void IniReading::TellFile(FindingSink& findings) const {
     if (!IsAscii(text_->Whole()))
         TellEncoding(findings);
+    for (const Section& section : all_)
+        if (section.body != nullptr && !section.body->header.ends_with(']'))
+            TellBehindHeader(section, findings);
     for (const Section& section : all_)
         if (!section.isFirst)
             findings.Take(At(Warning::duplicateSection, LineOf(section), LinePart::all,
@@ -394,9 +408,9 @@ void IniReading::TellUnread(FindingSink& findings) {
 }
 
 // What the file is, when it is known not to be an INI file; empty for what may be one.
-std::string IniReading::OtherKind(const std::string& bytes) {
+std::string IniReading::OtherKind(std::string_view bytes) {
     const std::string_view text = Trim(bytes);
-    if (std::string_view(bytes).substr(0, 2).find('\0') != std::string_view::npos)
+    if (bytes.substr(0, 2).find('\0') != std::string_view::npos)
         return "UTF-16 without the mark that says so: save it with a mark (BOM), or as UTF-8 with one";
     if (text.starts_with('<'))
         return "XML: give it to the xml... property of its kind";
@@ -412,7 +426,7 @@ bool IniReading::TellWrongFile(FindingSink& findings) const {
                    (section.isAsked || !Nearest(section.body->name, missingSections_).empty());
         }))
         return false;
-    const std::string kind = OtherKind(ReadOrNothing(path_));
+    const std::string kind = OtherKind(text_->Whole());
     if (kind.empty() && all_.size() == 1)
         return false;
     Finding finding =
@@ -579,6 +593,12 @@ bool IniReading::IsMissingSection(std::string_view name) const {
 Finding IniReading::BrokenHeader(const Line& line, std::string reason) const {
     Finding finding = At(Warning::ignoredKey, LineOf(line), LinePart::all, std::move(reason));
     const bool isOpen = line.key.starts_with('[');
+    // Neither bracket, or others.
+    if (const std::string_view bare = Trim(line.key, kAroundNames);
+        !isOpen && !line.key.ends_with(']') && IsMissingSection(bare)) {
+        finding.edits = {{EditPart::line, finding.context.line, 0, "[" + std::string(bare) + "]"}};
+        return finding;
+    }
     if (!isOpen && !line.key.ends_with(']'))
         return finding;
     std::string_view name = line.key;

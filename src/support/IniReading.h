@@ -104,6 +104,7 @@ class IniReading {
               std::string reason, FindingSink& findings) const;
     Finding At(Warning warning, int line, LinePart part, std::string reason) const;
     void TellEncoding(FindingSink& findings) const;
+    void TellBehindHeader(const Section& section, FindingSink& findings) const;
     std::vector<Section>::const_iterator FirstNumbered(const NumberedSections& row) const;
     int LineMeantFor(const NumberedSections& row) const;
     int CauseLine(const NumberedSections& row) const;
@@ -112,7 +113,7 @@ class IniReading {
     std::int32_t CountMeant(const NumberedSections& row) const;
     Advice AdviceOn(std::string_view section, std::string_view key) const;
     void TellMissingCount(const NumberedSections& row, FindingSink& findings) const;
-    static std::string OtherKind(const std::string& bytes);
+    static std::string OtherKind(std::string_view bytes);
     bool TellWrongFile(FindingSink& findings) const;
     std::optional<Finding> UnreadSection(const Section& section);
     std::optional<Finding> UnreadNumbered(const Section& section, NumberedSections& row) const;

@@ -65,6 +65,17 @@ bool IsPlain(const XmlNode& element) {
     return text.Kind() == XmlNodeKind::text && !text.NextSibling() && element.WrittenAttributes().empty();
 }
 
+// A number with a decimal comma, written with a point; empty for what is none. A comma in front of three
+// digits may divide thousands.
+std::string WithPoint(std::string_view typed) {
+    std::string number(typed);
+    const std::size_t comma = number.find(',');
+    if (comma == std::string::npos || number.size() - comma == 4)
+        return {};
+    number[comma] = '.';
+    return IsNumber(number) ? number : std::string();
+}
+
 // Whether both say the same, and nothing but their text.
 bool AreSameText(const XmlNode& a, const XmlNode& b) {
     return IsPlain(a) && IsPlain(b) && a.FirstChild().Text() == b.FirstChild().Text();
@@ -288,8 +299,11 @@ void XmlRecord::Number(const XmlNode& element, std::string_view field) {
     const std::string_view typed = Trim(text);
     if (kDecimalNumbers.isNumber(text) || (typed.empty() && HasValueElsewhere(element)))
         return;
+    const std::string meant = WithPoint(typed);
     Tell(Warning::notANumber, element, field,
-         NotANumber(typed, field, DoubleToText(kDecimalNumbers.read(text)), {}));
+         NotANumber(typed, field, DoubleToText(kDecimalNumbers.read(text)),
+                    meant.empty() ? meant : "write " + meant),
+         meant.empty() ? std::vector<Edit>() : EditsOf(element, EditPart::value, meant));
 }
 
 void XmlRecord::Text(const XmlNode& element, std::string_view field) {

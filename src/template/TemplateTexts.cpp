@@ -36,6 +36,9 @@ std::string_view LostCharacter(std::string_view text) {
     return {};
 }
 
+// Quotation marks of text programs are letters like others.
+constexpr std::string_view kTypeset[] = {"\u201C", "\u201D", "\u201E", "\u2018", "\u2019", "\u00AB"};
+
 // `warn` makes the finding from a warning and its reason.
 template <class Warn>
 void TellText(const std::string& text, const Warn& warn, FindingSink& findings) {
@@ -43,6 +46,10 @@ void TellText(const std::string& text, const Warn& warn, FindingSink& findings) 
         findings.Take(warn(Warning::lineBreak,
                            "the text has a line break, but stands on one line of the interface file: other "
                            "programs refuse the file; write it without"));
+    for (const std::string_view mark : kTypeset)
+        if (text.starts_with(mark))
+            findings.Take(warn(Warning::oddQuote, "the text begins with " + std::string(mark) +
+                                                      ", which is written as it is: leave it out"));
     const std::string_view lost = LostCharacter(text);
     if (lost.empty() && findings.WantsWeak() && !IsAscii(text))
         findings.Take(warn(Warning::eightBitText,
@@ -56,6 +63,18 @@ void TellText(const std::string& text, const Warn& warn, FindingSink& findings) 
                                          "written as \"?\"");
     finding.context.value = lost;
     findings.Take(std::move(finding));
+}
+
+// A comment that somebody wrote behind a value. The first ';' of self-documentation ends what programs read,
+// and no blank stands in front of it; a version has none at all.
+template <class Warn>
+void TellComment(const std::string& text, const Warn& warn, FindingSink& findings) {
+    const std::size_t start = text.find(';');
+    const bool isStructured = !text.empty() && (text[0] == '@' || text[0] == '&' || IsDigit(text[0]));
+    if (isStructured && start != std::string::npos && (text[start - 1] == ' ' || text[start - 1] == '\t'))
+        findings.Take(warn(Warning::commentInText,
+                           "\"" + Excerpt(text.substr(start)) +
+                               "\" becomes part of the text; a comment stands in a line of its own"));
 }
 
 template <class Record, std::size_t N>
@@ -99,6 +118,18 @@ void CTemplate::TellTexts(FindingSink& findings) const {
         TellText(
             this->*member,
             [&](Warning warning, const std::string& reason) { return places.Warn(warning, member, reason); },
+            findings);
+    for (std::string CTemplate::*const member : kOwnTexts)
+        TellComment(
+            this->*member,
+            [&](Warning warning, const std::string& reason) { return places.Warn(warning, member, reason); },
+            findings);
+    for (std::size_t i = 0; i < nvs.size(); ++i)
+        TellComment(
+            nvs[i].selfdoc,
+            [&](Warning warning, const std::string& reason) {
+                return places.Warn(warning, nvs[i], i, &CNv::selfdoc, reason);
+            },
             findings);
     TellRecordTexts(*this, nvs, kNvTexts, findings);
     TellRecordTexts(*this, tags, kTagTexts, findings);

@@ -68,6 +68,7 @@ void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& user
 void CTypes::LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile,
                        FindingSink& findings, Readings* readings) {
     catalog->types.ClearTypeSelection();
+    userTypePath_ = userTypeFile;
     unvtTypes = {};
     ucptTypes = {};
     nextIndex_.fill(1);

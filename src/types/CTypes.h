@@ -48,6 +48,9 @@ class CTypes {
     void LoadTypes(const std::string& xmlFileFormat, const std::string& userTypeFile, FindingSink& findings,
                    Readings* readings = nullptr);
 
+    // The user type file of the last load.
+    const std::string& UserTypePath() const { return userTypePath_; }
+
   private:
     // `definitions`: null for a file that cannot be loaded.
     void AddTemplateTypes(FormatDefinitions* definitions, FindingSink& findings);
@@ -59,6 +62,7 @@ class CTypes {
     Types& ListOf(bool isUnvt) { return isUnvt ? unvtTypes : ucptTypes; }
     const CType* FindType(bool isUnvt, std::int32_t indexInScope, std::int32_t scope);
 
+    std::string userTypePath_;
     std::array<std::int32_t, 7> nextIndex_{};  // of network-variable types, by scope
     bool isEmptyTold_ = false;                 // of a format file that holds no types
     std::int64_t zeros_ = 0;                   // characters of absent raw values so far

@@ -156,8 +156,12 @@ std::string DefinitionReader::MissingReason(std::int32_t number) const {
     if (file_.elements.contains(UpperCase(name)))
         return "element names are compared in capitals, so the prefix must be '" + UpperCase(file_.prefix) +
                "', not '" + file_.prefix + "' (typeFilesXMLPrefix)";
-    return "the format file " + SystemPath(file_.path) + " has no element <" + name +
-           ">; add it or correct the number";
+    const std::string file = "the format file " + SystemPath(file_.path) + " has no element <";
+    if (const std::optional<std::string> other = file_.PrefixInstead())
+        return file + file_.prefix + "...> at all" +
+               (other->empty() ? ": type elements stand directly in its root"
+                               : ", but <" + *other + "...>: set typeFilesXMLPrefix to \"" + *other + '"');
+    return file + name + ">; add it or correct the number";
 }
 
 // A part of the type element at the top of the stack. What it raises is told; the type lacks that part then.
@@ -259,7 +263,9 @@ void DefinitionReader::ReadInto(std::int32_t CType::*field, const XmlNode& node)
     KeepTyped(node);
 }
 void DefinitionReader::ReadInto(std::string CType::*field, const XmlNode& node) {
-    if (Record() != nullptr)
+    if (Record() != nullptr && ChildName() == "UNIT")
+        TellUnit(node, *Record());
+    else if (Record() != nullptr)
         Record()->Text(node, ChildName());
     Content().*field = tools_.nodeTextValue(node);
 }

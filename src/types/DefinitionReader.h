@@ -83,6 +83,7 @@ class DefinitionReader {
     void TellMember(const XmlNode& node);
     void TellValue(const XmlNode& node);
     void TellFormat(const XmlNode& node, bool isFirst);
+    void TellUnit(const XmlNode& node, XmlRecord& record);
     void TellFinished();
     void TellUseless(std::string_view child, const std::string& reason);
 

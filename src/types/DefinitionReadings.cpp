@@ -36,6 +36,9 @@ void DefinitionReader::TellName(const XmlNode& node, const std::string& cleaned)
         return;
     }
     Record()->Text(node, "NAME");
+    if (cleaned.empty())
+        Record()->Tell(Warning::missingValue, node, "NAME",
+                       "<NAME> has no text, so the name of the type ends in \"_\": write a name");
     if (cleaned != text)
         Record()->Tell(Warning::lostCharacter, node, "NAME",
                        "\"" + Excerpt(text) + "\" is read as \"" + Excerpt(cleaned) +
@@ -46,6 +49,13 @@ void DefinitionReader::TellName(const XmlNode& node, const std::string& cleaned)
 void DefinitionReader::TellList(const XmlNode& node, bool isRead, std::string_view kinds) {
     if (Record() == nullptr)
         return;
+    const auto& children = Top().lines->children;
+    const auto earlier = std::find_if(children.begin(), children.end() - 1,
+                                      [&](const auto& child) { return child.name == children.back().name; });
+    if (isRead && earlier != children.end() - 1)
+        Record()->Tell(Warning::duplicateKey, node, earlier->name,
+                       "<" + node.Name() + "> stands in line " + std::to_string(earlier->line) +
+                           " already; what this one holds is added to it");
     if (isRead)
         file_.reading->Structure(node);
     else if (Content().isReference())
@@ -76,6 +86,14 @@ void DefinitionReader::TellValue(const XmlNode& node) {
                         ": a value of an enumeration is -128 to 127");
 }
 
+// A unit stands in one line of the format file.
+void DefinitionReader::TellUnit(const XmlNode& node, XmlRecord& record) {
+    record.Text(node, kFormatNames[0]);
+    if (tools_.nodeTextValue(node).find_first_of("\r\n") != std::string::npos)
+        record.Tell(Warning::lineBreak, node, kFormatNames[0],
+                    "the unit has a line break and is written with a blank instead: write it on one line");
+}
+
 void DefinitionReader::TellFormat(const XmlNode& node, bool isFirst) {
     file_.reading->Structure(node, kFormatNames);
     if (!isFirst)
@@ -85,7 +103,7 @@ void DefinitionReader::TellFormat(const XmlNode& node, bool isFirst) {
     XmlRecord record(*file_.reading, *file_.warnings, Title());
     for (XmlNode child = node.FirstChild(); child; child = child.NextSibling())
         if (child.IsElement() && UpperCase(child.Name()) == kFormatNames[0])
-            record.Text(child, kFormatNames[0]);
+            TellUnit(child, record);
     for (const std::string_view name : kFormatAttributes)
         file_.reading->Attribute(node, name);
     for (const auto& [attribute, value] : node.Attributes()) {

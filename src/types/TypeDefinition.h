@@ -63,6 +63,8 @@ struct DefinitionTable {
     std::unordered_set<std::int32_t> told;  // numbers whose elements were
 
     std::string ElementName(std::int32_t number) const { return prefix + std::to_string(number); }
+    // What the elements of a file begin with that has none with the prefix; empty where they have no numbers.
+    std::optional<std::string> PrefixInstead() const;
 };
 
 }  // namespace tovarek

@@ -55,6 +55,11 @@ std::string_view WithoutUnderscore(std::string_view text) {
     return text.starts_with('_') ? text.substr(1) : text;
 }
 
+bool IsScope(std::string_view name) {
+    return std::any_of(std::begin(kScopeRules), std::end(kScopeRules),
+                       [&](const ScopeRule& rule) { return rule.element == name; });
+}
+
 std::string Part(std::string_view programID, const ScopeRule& rule) {
     return UpperCase(FirstCharacters(WithoutCharacters(programID, rule.position), rule.count));
 }
@@ -131,6 +136,8 @@ class UserTypeReading {
         const std::string name = scope.Name();
         if (name == "_6")
             reading_->Misplaced(scope, "types of scope 6 come from the template alone");
+        else if (IsNumber(WithoutUnderscore(name)) && !IsScope(name))
+            reading_->Misplaced(scope, "the scopes of a user type file are <_1> to <_5>");
         if (!IsList(UpperCase(name)))
             return;
         Tell(Warning::mixedTypes, scope,
@@ -169,10 +176,13 @@ class UserTypeReading {
             Tell(Warning::notANumber, type,
                  "\"" + Excerpt(digits) + "\" in the name of <" + Excerpt(name) + "> is read as the number " +
                      std::to_string(number));
-        if (UpperCase(FirstCharacters(name, kTypePrefix)) == (isUnvt ? "UCPT" : "UNVT"))
-            Tell(Warning::mixedTypes, type,
-                 "<" + Excerpt(name) + "> is read as a " + (isUnvt ? "network-variable" : "property") +
-                     " type, because it stands in " + (isUnvt ? "UNVTS" : "UCPTS"));
+        const std::string right = isUnvt ? "UNVT" : "UCPT";
+        if (const std::string letters = UpperCase(FirstCharacters(name, kTypePrefix)); letters != right)
+            Tell(
+                Warning::mixedTypes, type,
+                "<" + Excerpt(name) + "> is read as a " + (isUnvt ? "network-variable" : "property") +
+                    " type, because it stands in " + right + "S" +
+                    (letters == "UCPT" || letters == "UNVT" ? "" : ": write <" + right + "_" + digits + ">"));
     }
     void Child(const XmlNode& child, const std::string& name, bool isUnvt) {
         if (reading_ == nullptr)

@@ -42,6 +42,13 @@ const Slip kIniTemplate[] = {
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=0", "27:1 ignored-section"},
     {"template.ini", "[nv3]", "{nv3}", "13:19 nvname"},
     {"template.ini", "[nv3]\n", "", "13:19 nvname; 42:1 duplicate-key"},
+    {"template.ini", "[nv3]", "[nv3] type=95", "42:1 ignored-key"},
+    {"template.ini", "[nv3]", "[nv3] ; the room", ""},
+    {"template.ini", "[nv3]", "(nv3)", "13:19 nvname"},
+    {"template.ini", "selfdoc=@0|1\n", "selfdoc=@0|1 ; the request\n", "29:9 comment-in-text"},
+    {"template.ini", "selfdoc=@0|1\n", "selfdoc=@0|1;the request ; or so\n", ""},
+    {"template.ini", "name=nviRequest", "name=\u201CnviRequest\u201D", "28:6 odd-quote"},
+    {"template.ini", "version=1.0", "version=1.0 ; of the file", "22:9 comment-in-text"},
     {"template.ini", "[tags]\n", "", "16:1 ignored-key"},
     {"template.ini", "value=44BB8000", "value=0x44BB8000", "195:7 cpvalue"},
 };
@@ -65,6 +72,8 @@ const Slip kJob[] = {
     {"job.json", "\"format.xml\"", "\"formats.xml\"", "12:3 errorloadingxmlformatfile", Form::xml},
     {"job.json", "\"userTypeFilePath\": \".\"", "\"userTypeFilePath\": \"types\"",
      "14:3 errorloadingusertypefile", Form::xml},
+    {"job.json", "\"typeFilesXMLPrefix\": \"SNVT_\"", "\"typeFilesXMLPrefix\": \"UNVT_\"",
+     "template.xml:59:7 typenotfoundinformatfile", Form::xml},
     {"job.json", "\"xmlTemplateNodeName\": \"DEVICE\"", "\"xmlTemplateNodeName\": \"\"",
      "3:3 xmlnodenotfoundintemplatefile", Form::xml},
 };

@@ -112,6 +112,33 @@ TEST(Contradictions, TypesThatStandTwiceOrNowhereAreFound) {
     ExpectFindings(slips);
 }
 
+// What follows from one slip in a file of types is told with it.
+TEST(Contradictions, WhatHidesTypesIsOneFinding) {
+    const Slip slips[] = {
+        {"user-types.xml", "UCPTS>", "UCPT>", "4:1 ignored-element", Form::xml, {}, true},
+        {"user-types.xml", "_5>", "_7>", "42:3 ignored-element", Form::xml, {}, true},
+        {"user-types.xml", "UCPT_2>", "SNVT_2>", "15:7 mixed-types", Form::xml, {}, true},
+        UserTypeSlip("<UCPT_1>\n        <NAME>powerLimit</NAME>\n        <SNVTTYPE>302</SNVTTYPE>\n        "
+                     "<MINRAWVAL>00000000</MINRAWVAL>\n        <MAXRAWVAL>451C4000</MAXRAWVAL>\n        "
+                     "<INITRAWVAL>44BB8000</INITRAWVAL>\n      </UCPT_1>",
+                     "<UCPT_3><NAME>powerLimit</NAME><SNVTTYPE>302</SNVTTYPE></UCPT_3>",
+                     "9:7 QVX_editResult_missingucpttypeindex"),
+        {"format.xml",
+         "SNVT_300>",
+         "SNVT_399>",
+         "template.xml:67:7 typenotfoundinformatfile",
+         Form::xml,
+         {},
+         true},
+        FormatSlip("</ENUMS>", "</ENUMS><ENUMS><FM_X>9</FM_X></ENUMS>", "71:13 duplicate-key"),
+        FormatSlip("<NAME>fanMode</NAME>", "<NAME></NAME>", "62:5 missing-value"),
+        FormatSlip("<MAX>2500<", "<MAX>2500,5<", "51:5 not-a-number"),
+        FormatSlip("<UNIT>l/h</UNIT>\n    <LONG", "<UNIT>l\n/h</UNIT>\n    <LONG", "37:5 line-break"),
+        FormatSlip("<SI><UNIT>l/h<", "<SI><UNIT>l/\nh<", "40:11 line-break"),
+    };
+    ExpectFindings(slips);
+}
+
 TEST(Contradictions, ValuesThatTheirLimitsForbidAreFound) {
     const Slip slips[] = {
         Ini("value=138827103A98", "value=138827107FFF", "164:7 value-range"),

@@ -59,6 +59,15 @@ TEST_F(Formats, SarifHasRulesPlacesAndNotes) {
     EXPECT_EQ(Run("[general]\nprogramID=9FFFFF5014030401\n")["results"], Json::array());
 }
 
+TEST_F(Formats, SarifHasTheMends) {
+    const Json fix = Run("[general]\nprogramId=9FFFFF5014030401\nselfDock=x\n")["results"][0]["fixes"][0];
+    const Json& change = fix["artifactChanges"][0];
+    EXPECT_EQ(change["artifactLocation"]["uri"], "t%201.ini");
+    EXPECT_EQ(change["replacements"][0]["deletedRegion"],
+              Json::parse(R"({"startLine":3,"startColumn":1,"endColumn":9})"));
+    EXPECT_EQ(change["replacements"][0]["insertedContent"]["text"], "selfDoc");
+}
+
 // What stays is recognised, what is new is not taken for it.
 TEST_F(Formats, FingerprintsStayWhenLinesAreAdded) {
     const auto prints = [&](const std::string& text) {

@@ -27,6 +27,7 @@ struct Slip {
     const char* findings;  // "LINE:COLUMN NAME", separated by blanks and "; ", sorted
     Form form = Form::ini;
     std::vector<std::string> more{};  // options
+    bool isEverywhere = false;        // `right` may stand there several times
 };
 
 // The example with one file changed, checked.
@@ -93,6 +94,11 @@ class SlipCheck {
     }
     static void Change(const Slip& slip, std::string& text) {
         const std::string right = slip.right;
+        if (slip.isEverywhere) {
+            for (std::size_t at = 0; (at = text.find(right, at)) != std::string::npos;)
+                text.replace(at, right.size(), slip.wrong);
+            return;
+        }
         const std::size_t at = text.find(right);
         if (at == std::string::npos || (!right.empty() && text.find(right, at + 1) != std::string::npos))
             ADD_FAILURE() << slip.file << " does not hold this once: " << right;
