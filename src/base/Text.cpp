@@ -157,6 +157,10 @@ std::string Excerpt(std::string_view text) {
     return std::string(shown) + (shown.size() < text.size() ? "..." : "");
 }
 
+std::string QuotedExcerpt(std::string_view text) {
+    return '"' + Excerpt(text) + '"';
+}
+
 std::string_view Trim(std::string_view text, std::string_view blanks) {
     const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)

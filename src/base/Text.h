@@ -25,6 +25,8 @@ std::string_view FirstCharacters(std::string_view text, std::size_t characters);
 
 // `text` as an error message shows it: at most 80 characters, "..." behind them when there are more.
 std::string Excerpt(std::string_view text);
+// The same between quotation marks.
+std::string QuotedExcerpt(std::string_view text);
 
 // Blanks and what ends lines.
 inline constexpr std::string_view kWhiteSpace = " \t\r\n";

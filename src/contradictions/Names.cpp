@@ -37,7 +37,7 @@ void TellDuplicates(const CTemplate& source, const std::vector<Record>& records,
         if (isNew)
             continue;
         const std::string kind(RecordNames<Record>::kind);
-        const std::string name = '"' + Excerpt(records[i].name) + '"';
+        const std::string name = QuotedExcerpt(records[i].name);
         std::string reason = name + " is the name of ";
         reason.append(kind).append(" ").append(std::to_string(first->second + 1));
         reason.append(" as well; other programs find a ").append(kind);

@@ -328,4 +328,12 @@ int IniText::LineAt(const char* place) const {
     return static_cast<int>(next - lineStarts_.begin());
 }
 
+std::int32_t NumberBehind(std::string_view name, std::string_view prefix) {
+    if (name.size() <= prefix.size() || !CaselessEqual()(name.substr(0, prefix.size()), prefix))
+        return 0;
+    const IniInteger number = ReadIniInteger(name.substr(prefix.size()));
+    const bool isPlain = IsDigit(name[prefix.size()]) && name[prefix.size()] != '0';
+    return isPlain && number.isWhole && !number.wraps ? number.value : 0;
+}
+
 }  // namespace tovarek

@@ -149,4 +149,7 @@ struct IniInteger {
 };
 IniInteger ReadIniInteger(std::string_view text);
 
+// The number behind a prefix of a section's name, 0 when there is none: 7 for "nv7".
+std::int32_t NumberBehind(std::string_view name, std::string_view prefix);
+
 }  // namespace tovarek

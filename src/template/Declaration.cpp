@@ -14,10 +14,6 @@ bool AreDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-std::string Quoted(std::string_view text) {
-    return "\"" + Excerpt(text) + "\"";
-}
-
 std::vector<std::string_view> FieldsOf(std::string_view text) {
     std::vector<std::string_view> fields;
     for (;;) {
@@ -46,10 +42,11 @@ bool IsFlagsByte(std::string_view text) {
 
 std::string OddityOfScope(std::string_view scope) {
     if (scope.empty() || !IsDigit(scope.front()))
-        return "its third field " + Quoted(scope) + " is no scope and is read as 0";
+        return "its third field " + QuotedExcerpt(scope) + " is no scope and is read as 0";
     if (IsFlagsByte(scope.substr(1)))
         return {};
-    return "its third field " + Quoted(scope) + " is read as scope " + std::string(scope.substr(0, 1)) +
+    return "its third field " + QuotedExcerpt(scope) + " is read as scope " +
+           std::string(scope.substr(0, 1)) +
            ": a scope is one digit, with nothing behind it but one flags byte such as \\x80";
 }
 
@@ -58,11 +55,11 @@ std::string OddityOfField(std::string_view field, std::size_t position) {
         case 0:
             return field == "0" || field == "1" || field == "2"
                        ? ""
-                       : "its first field " + Quoted(field) +
+                       : "its first field " + QuotedExcerpt(field) +
                              " is none of 0 for the device, 1 for objects, 2 for network variables";
         case 1:
             return IsSelection(field) ? ""
-                                      : "its second field " + Quoted(field) +
+                                      : "its second field " + QuotedExcerpt(field) +
                                             " is no number of an object or network variable";
         case 2:
             return OddityOfScope(field);
@@ -71,7 +68,8 @@ std::string OddityOfField(std::string_view field, std::size_t position) {
             const bool isNegative = field.starts_with('-') && AreDigits(field.substr(1));
             if (AreDigits(field) || isNegative)
                 return {};
-            return "its " + std::string(kNames[position - 3]) + " " + Quoted(field) + " is not a number";
+            return "its " + std::string(kNames[position - 3]) + " " + QuotedExcerpt(field) +
+                   " is not a number";
         }
     }
 }
@@ -89,11 +87,11 @@ std::string OddityOfDeclaration(std::string_view declaration) {
             return oddity;
     }
     if (fields.size() > kFieldsRead && !hasRange)
-        return "its fields from " + Quoted(fields[kFieldsRead]) + " on are not read";
+        return "its fields from " + QuotedExcerpt(fields[kFieldsRead]) + " on are not read";
     if (end == std::string_view::npos)
         return "it has no ';' at its end; one is added";
     if (end + 1 < declaration.size())
-        return "the text " + Quoted(declaration.substr(end + 1)) +
+        return "the text " + QuotedExcerpt(declaration.substr(end + 1)) +
                " behind its first ';' is written as it is; other programs take it for the next declaration";
     return {};
 }
