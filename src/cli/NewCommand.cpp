@@ -1,5 +1,6 @@
 #include "cli/NewCommand.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Nearest.h"
@@ -120,7 +121,7 @@ ConversionResult MakeLike(const NewOptions& options, const std::string& path, CC
         {names.formatFile, FormatFileOf(starter)},
         {names.userTypes, UserTypesOf(starter)},
         {names.job, JobOf(starter, names, outputs)},
-        {names.readMe, ReadMeText({std::string(starter.title), outputs, options.form})}};
+        {names.readMe, ReadMeText({std::string(starter.title), outputs, options.form, names.job})}};
     NewFolder folder(path);
     for (const auto& [name, bytes] : files) {
         WriteFile(folder.PathOf(name), bytes);
@@ -151,9 +152,14 @@ ConversionResult MakeCopy(const NewOptions& options, const std::string& path, CC
     NewFolder folder(path);
     conversion.Write();
     ConversionResult result = conversion.Result();
+    // Resource files may need two jobs, which have other names.
+    const auto job = std::find_if(result.written.begin(), result.written.end(),
+                                  [](const std::string& each) { return ExtensionOf(each) == "json"; });
+    const std::string readMe =
+        ReadMeText({"the device of " + std::string(NameOf(options.from)), wanted.outputs, options.form,
+                    std::string(NameOf(*job)), false, !types.empty()});
     result.written.push_back(at(names.readMe));
-    WriteFile(result.written.back(), ReadMeText({"the device of " + std::string(NameOf(options.from)),
-                                                 wanted.outputs, options.form, false, !types.empty()}));
+    WriteFile(result.written.back(), readMe);
     folder.Finish();
     return result;
 }

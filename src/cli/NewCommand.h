@@ -19,8 +19,7 @@ struct NewOptions {
     CatalogPlace place;
 };
 
-// Says what tovarek convert says. Where something fails, nothing is
-// left of the folder.
+// Says what tovarek convert says. Where something fails, nothing is left of the folder.
 int RunNew(const NewOptions& options, OutputFormat format, Streams streams);
 
 }  // namespace tovarek

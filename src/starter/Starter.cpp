@@ -104,10 +104,11 @@ std::string ReadMeText(const ReadMe& readMe) {
     const std::string& outputs = readMe.outputs;
     return "# " + outputs + ": " + readMe.title +
            "\n\n"
-           "`tovarek generate --job job.json` in this folder writes " +
-           outputs + ".xif" + (readMe.hasTypes ? " and the resource files in " + outputs + "-types" : "") +
-           "; `tovarek check --job job.json --pedantic` finds faults, `tovarek show job.json` draws the "
-           "device.\n\n"
+           "`tovarek generate --job " +
+           readMe.job + "` in this folder writes " + outputs + ".xif" +
+           (readMe.hasTypes ? " and the resource files in " + outputs + "-types" : "") +
+           "; `tovarek check --job " + readMe.job + " --pedantic` finds faults, `tovarek show " + readMe.job +
+           "` draws the device.\n\n"
            "What to change first:\n"
            "1. programID in " +
            deviceTemplate +
@@ -122,7 +123,7 @@ std::string ReadMeText(const ReadMe& readMe) {
            ": `tovarek catalog find WORD` finds types, `tovarek value encode TYPE VALUE` makes bytes.\n" +
            (readMe.hasTypes
                 ? "4. Types of the device's own in format.xml, those of all your devices in user-types.xml.\n"
-                  "5. Creator, names and texts of the resource files in job.json.\n"
+                  "5. Creator, names and texts of the resource files in the job.\n"
                 : "4. Types of the device's own: an interface file does not hold them; without its resource "
                   "files they are\n"
                   "   lengths alone. `tovarek new` with `--like` shows how they are written.\n");

@@ -73,6 +73,7 @@ struct ReadMe {
     std::string title;
     std::string outputs;    // what generated files are called
     std::string form;       // the extension of profile and template
+    std::string job;        // the file, the first of two where one cannot hold all types
     bool isExample = true;  // the program ID is one for examples
     bool hasTypes = true;   // there are types of the device's own
 };
