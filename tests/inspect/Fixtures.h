@@ -2,9 +2,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "Samples.h"
@@ -83,6 +85,90 @@ inline TypeFile SmallTypes() {
     limit.initial = "\x02\x58";
     file.cpTypes = {limit};
     file.enumerations = {Enumeration{"belt_mode_t", "belt.h", {{-1, "BM_NUL", {}}, {1, "BM_ON", {3, 7}}}}};
+    return file;
+}
+
+inline NvType TypeNamed(const char* name, TypeDescription type) {
+    NvType nv{.name = name, .size = static_cast<std::uint16_t>(SizeOf(type)), .type = std::move(type)};
+    return nv;
+}
+
+inline CpType Property(const char* name, TypeDescription type, const std::string& initial) {
+    CpType cp;
+    static_cast<NvType&>(cp) = TypeNamed(name, std::move(type));
+    cp.initial = initial;
+    return cp;
+}
+
+inline TypeDescription Number(TypeKind kind, std::int64_t minimum, std::int64_t maximum,
+                              std::array<std::int16_t, 3> scaling = {1, 0, 0}) {
+    TypeDescription type = NumberOfKind(kind);
+    type.minimum = minimum;
+    type.maximum = maximum;
+    std::tie(type.a, type.b, type.c) = std::tie(scaling[0], scaling[1], scaling[2]);
+    return type;
+}
+
+inline TypeDescription Field(int offset, int width, bool isSigned) {
+    TypeDescription type = NumberOfKind(TypeKind::bitField);
+    type.bitOffset = static_cast<std::uint8_t>(offset);
+    type.bitWidth = static_cast<std::uint8_t>(width);
+    type.bitSigned = isSigned;
+    type.minimum = SmallestRaw(type);
+    type.maximum = LargestRaw(type);
+    return type;
+}
+
+// The small set with everything in it that a type file can say.
+inline TypeFile RichTypes() {
+    TypeFile file = SmallTypes();
+    file.header.title += " (belts)";
+    file.header.webPage = std::string(255, 'w');
+    file.marks[13] = 7;
+    NvType& speed = *file.nvTypes[0];
+    speed.name += '~';
+    speed.description = {3, 7};
+    speed.reservedByte = 8;
+    speed.reservedWord = 515;
+    speed.type.c = 10;
+    speed.type.invalid = 32767;
+    TypeDescription total = Number(TypeKind::unsignedQuad, 1, 0xFFFFFFFE, {2, 3, -1});
+    total.invalid = 0xFFFFFFFF;
+    TypeDescription real = NumberOfKind(TypeKind::floatingPoint);
+    real.floatMinimum = -1.5F;
+    real.floatMaximum = 0.1F;
+    real.floatInvalid = 9.0F;
+    TypeDescription either;
+    either.kind = TypeKind::unionKind;
+    either.members = {{.name = "byte", .type = Number(TypeKind::unsignedChar, 0, 127)},
+                      {.name = "list", .type = ArrayOf(file.nvTypes[2]->type.members[0].type, 2, 3)}};
+    TypeDescription low = Field(0, 3, true);
+    low.minimum = -2;
+    low.maximum = 1;
+    TypeDescription all;
+    all.kind = TypeKind::structure;
+    all.members = {
+        {.name = "total", .nameText = {3, 5}, .description = {3, 7}, .unit = {3, 6}, .type = total},
+        {.name = "step", .type = Number(TypeKind::signedQuad, -1, 1, {1, 0, 5})},
+        {.name = "share", .type = Number(TypeKind::unsignedLong, 0, 65535, {1, 300, 0})},
+        {.name = "level", .type = Number(TypeKind::signedShort, -128, 0, {1, -2, 0})},
+        {.name = "real", .type = real},
+        {.name = "low", .type = low},
+        {.name = "high", .type = Field(3, 5, false)},
+        {.name = "either", .type = either},
+        {.name = "letter", .type = Number(TypeKind::signedChar, 0, 1)}};
+    file.nvTypes.emplace_back(TypeNamed("_beltAll", all));
+    const TypeDescription mode = file.nvTypes[2]->type.members[0].type;
+    file.cpTypes = {file.cpTypes[0],
+                    std::nullopt,
+                    Property("_label", TextOf(6, 3), {"Belt\0\0", 6}),
+                    Property("_real", real, "\x3F\xC0\x40\x41"),
+                    Property("_mode", mode, "\1"),
+                    Property("_pair", ArrayOf(mode, 2, 3), "\1\2")};
+    file.cpTypes[4]->minimum = "\xFF";
+    file.cpTypes[5]->maximum = "\3\4";
+    file.enumerations.emplace_back(std::nullopt);
+    file.enumerations.emplace_back(Enumeration{"gear_t", "gears.h", {{0, "G_N", {3, 1}}}});
     return file;
 }
 
