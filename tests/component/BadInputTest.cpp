@@ -63,7 +63,7 @@ TEST(BadInput, EveryLoaderAnswersWithItsError) {
         EXPECT_EQ(answerTo(binary), loader.binary) << loader.name;
         EXPECT_EQ(answerTo(Nested(100000)), loader.nested) << loader.name;
         EXPECT_EQ(answerTo(cyclic), loader.cyclic) << loader.name;
-        EXPECT_EQ(answerTo(std::string(64 * 1024 * 1024, '[')), loader.nested) << loader.name;
+        EXPECT_EQ(answerTo(std::string(8 * 1024 * 1024, '[')), loader.nested) << loader.name;
     }
 }
 

@@ -48,12 +48,13 @@ void ExpectToComeBack(const ValueType& type, const Standard& standard) {
 TEST(Values, OfAllStandardTypesComeBack) {
     constexpr std::size_t kVariables = 214;
     constexpr int kArrays = 20;
+    constexpr std::size_t kRuns = 5;  // that see all types between them
     const Standard standard;
     const std::vector<ValueType> types = AllStandard(standard);
     ASSERT_EQ(types.size(), kVariables + 359U);
     EXPECT_TRUE(rc::check([&] {
-        for (const ValueType& type : types)
-            ExpectToComeBack(type, standard);
+        for (auto i = *rc::gen::inRange<std::size_t>(0, kRuns); i < types.size(); i += kRuns)
+            ExpectToComeBack(types[i], standard);
         // Properties may be arrays.
         for (int i = 0; i < kArrays; ++i) {
             const auto position = *rc::gen::inRange(kVariables, types.size());
