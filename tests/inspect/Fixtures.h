@@ -137,7 +137,7 @@ inline TypeFile RichTypes() {
     TypeDescription real = NumberOfKind(TypeKind::floatingPoint);
     real.floatMinimum = -1.5F;
     real.floatMaximum = 0.1F;
-    real.floatInvalid = 9.0F;
+    real.floatInvalid = 0.0625F;
     TypeDescription either;
     either.kind = TypeKind::unionKind;
     either.members = {{.name = "byte", .type = Number(TypeKind::unsignedChar, 0, 127)},

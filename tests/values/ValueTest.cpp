@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "../Scratch.h"
+#include "../inspect/Fixtures.h"
 #include "Standard.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "values/Scaling.h"
 
 namespace tovarek::test {
 namespace {
@@ -207,6 +209,238 @@ TEST(Values, OfTypesInTheFormatFileHaveTheirUnitsAndLimits) {
     EXPECT_THROW(decoded(303, "00"), Error);
     EXPECT_EQ(DefinedTypesNamed(path, "SNVT_", "UNVT__Heat"), std::vector<std::int32_t>{300});
     EXPECT_EQ(DefinedTypesNamed(path, "SNVT_", "he"), std::vector<std::int32_t>{});
+}
+
+// A decoded value with all that is told of it: "!" what is invalid, "|" a union, the unit in parentheses, a
+// fault in "<>".
+std::string Told(const DecodedValue& value) {
+    constexpr const char* kKinds[] = {"number", "word", "text", "list", "structure"};
+    std::string told = (value.name.empty() ? "" : value.name + '=') + kKinds[static_cast<int>(value.kind)] +
+                       (value.isInvalid ? "!" : "") + (value.isUnion ? "|" : "") + ' ' + value.text +
+                       (value.unit.empty() ? "" : " (" + value.unit + ')') +
+                       (value.fault.empty() ? "" : " <" + value.fault + '>');
+    for (std::size_t i = 0; i < value.children.size(); ++i)
+        told += (i == 0 ? "{" : ", ") + Told(value.children[i]);
+    return told + (value.children.empty() ? "" : "}");
+}
+
+class ValuesOfOwnTypes : public testing::Test {
+  protected:
+    ValuesOfOwnTypes() {
+        names.Use(types);
+        names.Use(texts);
+        for (const std::size_t number : {3U, 2U})
+            for (const TypeMember& member : types.nvTypes.at(number)->type.members)
+                members.push_back({member.name, member.type, member.unit});
+        members.push_back({"list", types.nvTypes[3]->type.members[7].type.members[1].type, {}});
+    }
+    const ValueType& Of(const std::string& name) const {
+        return *std::find_if(members.begin(), members.end(),
+                             [&](const ValueType& type) { return type.name == name; });
+    }
+
+    const TypeFile types = RichTypes();
+    const LanguageFile texts = SmallLanguage();
+    ResourceNames names;
+    std::vector<ValueType> members;
+};
+
+TEST_F(ValuesOfOwnTypes, AreDecodedWithAllThatIsWrongWithThem) {
+    const ValueType all = ValueTypeOf("all", *types.nvTypes[3]);
+    const struct {
+        const char* bytes;
+        const char* told;
+        const char* notes;
+    } rows[] = {
+        {"00000002000000000001FB3DCCCCCDDF01FF01",
+         "structure {total=number 2000 (m/s), step=number 5, share=word raw:1, level=number -0.05, "
+         "real=number "
+         "0.1, low=number -2, high=number 31, either=structure| {list=list {word BM_ON, word BM_NUL}}, "
+         "letter=number 1}",
+         "either: one of several members that share these bytes: byte, list; "},
+        {"FFFFFFFF00000002FFFF013D800000A0050102",
+         "structure {total=word! invalid, step=word raw:2 <step: raw 2 (7) is outside of 4 to 6 (raw -1 to "
+         "1)>, "
+         "share=word raw:65535, level=word raw:1 <level: raw 1 (0.01) is outside of -1.28 to 0 (raw -128 to "
+         "0)>, "
+         "real=word! invalid, low=word raw:-3 <low: raw -3 (-3) is outside of -2 to 1 (raw -2 to 1)>, "
+         "high=number 0, either=structure| {list=list {word raw:5 <either.list[0]: 5 is no value of "
+         "belt_mode_t>, "
+         "word BM_ON}}, letter=word raw:2 <letter: raw 2 (2) is outside of 0 to 1 (raw 0 to 1)>}",
+         "step: raw 2 (7) is outside of 4 to 6 (raw -1 to 1); level: raw 1 (0.01) is outside of -1.28 to 0 "
+         "(raw "
+         "-128 to 0); low: raw -3 (-3) is outside of -2 to 1 (raw -2 to 1); either: one of several members "
+         "that "
+         "share these bytes: byte, list; letter: raw 2 (2) is outside of 0 to 1 (raw 0 to 1); "},
+    };
+    for (const auto& row : rows) {
+        DecodedValue value;
+        std::vector<std::string> notes;
+        EXPECT_EQ(DecodeValue(all, *FromHex(row.bytes), names, value, notes).reason, "");
+        EXPECT_EQ(Told(value), row.told);
+        std::string told;
+        for (const std::string& note : notes)
+            told += note + "; ";
+        EXPECT_EQ(told, row.notes);
+    }
+    const std::pair<const char*, const char*> reals[] = {
+        {"BFC00000", "number -1.5"},
+        {"3DCCCCCE", "word raw:0x3DCCCCCE <0.10000001 is outside of -1.5 to 0.1>"},
+        {"BFC00001", "word raw:0xBFC00001 <-1.5000001 is outside of -1.5 to 0.1>"},
+        {"7FC00000", "word raw:0x7FC00000 <nan is outside of -1.5 to 0.1>"}};
+    for (const auto& [bytes, told] : reals) {
+        DecodedValue value;
+        std::vector<std::string> notes;
+        EXPECT_TRUE(DecodeValue(Of("real"), *FromHex(bytes), names, value, notes).Ok());
+        EXPECT_EQ(Told(value), told);
+        EXPECT_EQ(notes.size(), value.fault.empty() ? 0U : 1U);
+    }
+}
+
+TEST_F(ValuesOfOwnTypes, AreTakenOrRefusedWithTheWholeReason) {
+    const struct {
+        const char* member;
+        const char* text;
+        const char* answer;
+    } rows[] = {
+        {"total", "2000 m/s", "00000002"},
+        {"total", " 0", "00000001"},
+        {"total", "8589934586000", "FFFFFFFE"},
+        {"total", "-2000", "refused: '-2000' is outside of 0 to 8589934586000 m/s (raw 1 to 4294967294)"},
+        {"total", "8589934588000",
+         "refused: '8589934588000' is outside of 0 to 8589934586000 m/s (raw 1 to 4294967294)"},
+        {"total", "3000", "3000 lies between two steps, 2000 was taken; 00000002"},
+        {"total", "invalid", "FFFFFFFF"},
+        {"total", "raw:4294967295", "FFFFFFFF"},
+        {"total", "raw:0Xff", "000000FF"},
+        {"total", "raw:4294967296",
+         "refused: 'raw:4294967296' is not a raw number of the type; accepted: 0 to 4294967295"},
+        {"total", "raw:-1", "refused: 'raw:-1' is not a raw number of the type; accepted: 0 to 4294967295"},
+        {"total", "raw:0x", "refused: 'raw:0x' is not a raw number of the type; accepted: 0 to 4294967295"},
+        {"total", "2 km",
+         "refused: '2 km' is not a number; accepted: 0 to 8589934586000 m/s (raw 1 to 4294967294), invalid"},
+        {"step", "invalid", "refused: 'invalid' is not a number; accepted: 4 to 6 (raw -1 to 1)"},
+        {"share", "1", "refused: '1' is outside of raw 0 to 65535"},
+        {"real", "+.1", "3DCCCCCD"},
+        {"real", "-1.5", "BFC00000"},
+        {"real", "-1.6", "refused: '-1.6' is outside of -1.5 to 0.1"},
+        {"real", "0.11", "refused: '0.11' is outside of -1.5 to 0.1"},
+        {"real", "-1e60", "refused: '-1e60' is outside of -1.5 to 0.1"},
+        {"real", "-1e-60", "00000000"},
+        {"real", "0.0625", "refused: '0.0625' is the value that means invalid; write invalid"},
+        {"real", "invalid", "3D800000"},
+        {"real", "none",
+         "refused: 'none' is not a number; a decimal one with a point, such as 20.5, is needed"},
+        {"real", "raw:0xFFFFFFFF", "FFFFFFFF"},
+        {"real", "raw:0", "00000000"},
+        {"real", "raw:-1", "refused: 'raw:-1' is not a raw number of the type; accepted: 0x0 to 0xFFFFFFFF"},
+        {"mode", "raw:-128", "80"},
+        {"mode", "raw:127", "7F"},
+        {"mode", "raw:128", "refused: 'raw:128' is not a raw number of the type; accepted: -128 to 127"},
+        {"mode", "BM_OM",
+         "refused: 'BM_OM' is not among the values of belt_mode_t: BM_NUL, BM_ON; did you mean 'BM_ON'?"},
+        {"label", "Belt 2", "42656C742032"},
+        {"label", "\"a\\x41\\\\\\\"\"", "61415C220000"},
+        {"label", "Belts 2", "refused: the text has 7 characters, 6 have room"},
+        {"label", "\"a", "refused: the text lacks its second quotation mark"},
+        {"label", "\"a\" b", "refused: 'b' stands behind the value"},
+        {"label", "\"\\x4\"",
+         "refused: behind '\\' stands '\"', another '\\', or x and two hexadecimal digits"},
+        {"label", "\xE4\xB8\xAD",
+         "refused: the text '\xE4\xB8\xAD' has characters that devices do not know (their code page lacks "
+         "them)"},
+        {"gear", "5", "50"},
+        {"gear", "raw:7", "70"},
+        {"gear", "raw:8", "refused: 'raw:8' is not a raw number of the type; accepted: 0 to 7"},
+        {"low", "-2", "C0"},
+        {"low", "raw:-4", "80"},
+        {"low", "raw:-5", "refused: 'raw:-5' is not a raw number of the type; accepted: -4 to 3"},
+        {"temp", "01 02", "0102"},
+        {"temp", "010", "refused: '010' is not what the type needs: 2 bytes in hexadecimal, two digits each"},
+        {"list", "BM_ON , bm_nul", "01FF"},
+        {"list", "[BM_ON,BM_NUL] ", "01FF"},
+        {"list", "", "refused: 2 values are needed, 0 were given"},
+        {"list", "BM_ON,", "refused: 2 values are needed, 1 were given"},
+        {"list", "BM_ON", "refused: 2 values are needed, with a comma between them; 1 were given"},
+        {"list", "[BM_ON]", "refused: 2 values are needed, with a comma between them; 1 were given"},
+        {"list", "[BM_ON, ]", "refused: 2 values are needed, 1 were given"},
+        {"list", "[BM_ON, BM_ON", "refused: 2 values are needed; then ']', found ''"},
+        {"list", "BM_ON, BM_ON, 3", "refused: 2 values are needed; ', 3' is more"},
+        {"list", "BM_ON, 3", "refused: [1]: '3' is not among the values of belt_mode_t: BM_NUL, BM_ON"},
+        {"either", "BYTE = 7", "0700"},
+        {"either", "{list=[BM_ON,BM_ON]}", "0101"},
+        {"either", "{}", "refused: one member of a union has to have a value: byte, list"},
+        {"either", "byte=1, byte=2", "refused: member 'byte' has two values"},
+        {"either", "byte=1, list=[BM_ON,BM_ON]", "refused: of a union one member has a value"},
+        {"either", "byte", "refused: 'byte' is not 'member=value'; the members are: byte, list"},
+        {"either", "bite=1", "refused: there is no member 'bite'; the members are: byte, list"},
+        {"either", "{byte=1", "refused: a comma stands between members; then '}', found ''"},
+        {"either", "list=BM_ON",
+         "refused: list: an array inside another value is written in brackets: [1, 2, 3]"},
+    };
+    for (const auto& row : rows) {
+        std::string answer = row.answer;
+        if (answer.starts_with("refused: "))
+            answer.insert(9, std::string(row.member) + ": ");
+        EXPECT_EQ(Encoded(Of(row.member), row.text, names), answer) << row.text;
+    }
+}
+
+TEST_F(ValuesOfOwnTypes, EndSomewhere) {
+    TypeDescription deep = NumberOfKind(TypeKind::signedShort);
+    for (int depth = 0; depth < kDeepestValue; ++depth)
+        deep = ArrayOf(deep, 1, 0);
+    const auto text = [](std::size_t depth) {
+        return std::string(depth, '[') + '7' + std::string(depth, ']');
+    };
+    std::vector<std::string> notes;
+    EXPECT_EQ(Encoded({"deep", deep, {}}, text(kDeepestValue), names), "07");
+    EXPECT_EQ(Decoded({"deep", deep, {}}, "\7", names, notes), text(kDeepestValue - 1));
+    deep = ArrayOf(deep, 1, 0);
+    const std::string reason = "the type is nested too deeply; is its type file sound?";
+    EXPECT_TRUE(Encoded({"deep", deep, {}}, text(kDeepestValue + 1), names).ends_with("[0]: " + reason));
+    EXPECT_EQ(
+        Decoded({"deep", deep, {}}, "\7", names, notes),
+        "refused: the type has more than 1000000 values, or is nested too deeply; is its type file sound?");
+    const ValueType largest{"large", ArrayOf(NumberOfKind(TypeKind::unsignedShort), 65535, 0), {}};
+    const std::string digits(131070, 'A');
+    EXPECT_EQ(Encoded(largest, digits, names), digits);
+    const ValueType larger{"large", ArrayOf(NumberOfKind(TypeKind::unsignedLong), 32768, 0), {}};
+    EXPECT_EQ(Encoded(larger, "1", names), "refused: large is larger than 65535 bytes");
+    std::vector<TypeMember> many;
+    for (int i = 1; i <= 21; ++i)
+        many.push_back(Member("m" + std::to_string(i), NumberOfKind(TypeKind::signedShort)));
+    const std::string twenty =
+        "m1, m2, m3, m4, m5, m6, m7, m8, m9, m10, m11, m12, m13, m14, m15, m16, m17, m18, "
+        "m19, m20";
+    EXPECT_EQ(Encoded({"many", Several(TypeKind::structure, many), {}}, "", names),
+              "refused: many: all members need a value; missing: " + twenty + " ...");
+    many.pop_back();
+    EXPECT_EQ(Encoded({"many", Several(TypeKind::structure, many), {}}, "{}", names),
+              "refused: many: all members need a value; missing: " + twenty);
+}
+
+// A property type has the limits of its own where they lie inside those of its type.
+TEST_F(ValuesOfOwnTypes, OfPropertiesHaveNarrowerLimits) {
+    const auto limits = [&](const std::string& minimum, const std::string& maximum) {
+        CpType cp = *types.cpTypes[0];
+        cp.minimum = minimum;
+        cp.maximum = maximum;
+        return LimitsText(*ShownTypeOf(ValueTypeOf("x", cp, names).type, {}, names).type, "");
+    };
+    const std::string wide = "-24.5 to 60.5 (raw -500 to 1200)";
+    EXPECT_EQ(limits({"\0\1", 2}, {"\0\2", 2}), "0.55 to 0.6 (raw 1 to 2)");
+    EXPECT_EQ(limits("\xFE\x0C", "\x04\xB0"), wide) << "those of the type";
+    EXPECT_EQ(limits({"\0\0", 2}, {"\0\0", 2}), wide);
+    EXPECT_EQ(limits({"\0\2", 2}, {"\0\1", 2}), wide);
+    EXPECT_EQ(limits("\xFE\x0B", {"\0\1", 2}), wide) << "below";
+    EXPECT_EQ(limits({"\0\1", 2}, "\x04\xB1"), wide) << "above";
+    EXPECT_EQ(limits("\1", {"\0\2", 2}), wide);
+    EXPECT_EQ(limits({"\0\1", 2}, "\2"), wide);
+    const ValueType narrow = ValueTypeOf("x", *types.cpTypes[0], names);
+    EXPECT_EQ(narrow.name, "x");
+    EXPECT_EQ(UnitText(narrow.unit, names), "m/s");
+    EXPECT_EQ(ArrayOfValues(narrow, 3).name, "x[3]");
 }
 
 }  // namespace
