@@ -50,6 +50,19 @@ TEST_F(CheckCommand, AFindingHasPlaceLineMarkAndNotes) {
     EXPECT_NE(colored.out.find("\x1B[1;31merror: \x1B[0m"), std::string::npos) << colored.out;
 }
 
+TEST_F(CheckCommand, EachInputOfTheTypesThatIsNotSetIsToldWithItsOwnReason) {
+    const Answer answer = Run("check", kGeneral,
+                              {"--mustGenerateTypes", "true", "--typeFilesDirectory", scratch_.Folder(),
+                               "--typeFilesBaseName", "x", "--userTypeFilePath", scratch_.Folder()});
+    const std::string without = "; a device without types of its own needs mustGenerateTypes false [";
+    for (const std::string& told :
+         {"the file name is empty; typeFilesXMLFormat is not set" + without + "89 ",
+          "; the template does not name a user type file (userTypeFile in [general], USERCPFILE)" + without +
+              "128 "})
+        EXPECT_NE(answer.out.find(told), std::string::npos) << answer.out;
+    EXPECT_NE(answer.out.find("2 errors, 0 warnings"), std::string::npos) << answer.out;
+}
+
 TEST_F(CheckCommand, TheStatusTellsErrorsAndWarningsThatCountAsSuch) {
     const std::string right = kGeneral;
     const std::string odd = right + "extra=1\n";
