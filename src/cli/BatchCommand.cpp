@@ -228,14 +228,10 @@ class BatchRun {
 }  // namespace
 
 int RunBatch(const BatchWishes& wishes, OutputFormat format, Streams streams) {
-    try {
+    return ReportingFaults(format, streams, [&] {
         const unsigned threads = ThreadCount(wishes.threads);
         return BatchRun(AllJobs(wishes.jobs), wishes, format, streams).Run(threads);
-    } catch (const WrongUse& fault) {
-        return ReportWrongUse(fault.what(), format, streams);
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    });
 }
 
 }  // namespace tovarek

@@ -58,16 +58,12 @@ int RunConvert(const ConvertOptions& options, OutputFormat format, Streams strea
             "convert needs to know what to write: --profile FILE, --template FILE, each .ini "
             "or .xml; of resource files --format-file FILE",
             format, streams);
-    try {
+    return ReportingFaults(format, streams, [&] {
         const std::unique_ptr<CCatalog> catalog = OpenCatalog(options.place);
         Conversion conversion(options, *catalog);
         conversion.Write();
         return ReportConversion(conversion.Result(), options.isStrict, format, streams);
-    } catch (const WrongUse& fault) {
-        return ReportWrongUse(fault.what(), format, streams);
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    });
 }
 
 }  // namespace tovarek

@@ -177,13 +177,7 @@ int MakeFolder(const NewOptions& options, OutputFormat format, Streams streams) 
 }  // namespace
 
 int RunNew(const NewOptions& options, OutputFormat format, Streams streams) {
-    try {
-        return MakeFolder(options, format, streams);
-    } catch (const WrongUse& fault) {
-        return ReportWrongUse(fault.what(), format, streams);
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    return ReportingFaults(format, streams, [&] { return MakeFolder(options, format, streams); });
 }
 
 }  // namespace tovarek

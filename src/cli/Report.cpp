@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "base/Text.h"
+#include "cli/Assignments.h"
 #include "cli/Json.h"
 #include "report/FindingText.h"
 #include "system/Files.h"
@@ -119,6 +120,16 @@ int ReportWrongUse(const std::string& message, OutputFormat format, Streams stre
     const std::string command = streams.command.empty() ? "" : ' ' + std::string(streams.command);
     WriteFault("wrongUse", message, "Try 'tovarek" + command + " --help'.\n", format, streams);
     return kWrongUse;
+}
+
+int ReportingFaults(OutputFormat format, Streams streams, const std::function<int()>& run) {
+    try {
+        return run();
+    } catch (const WrongUse& fault) {
+        return ReportWrongUse(fault.what(), format, streams);
+    } catch (const Error& error) {
+        return ReportError(error, format, streams);
+    }
 }
 
 int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams) {

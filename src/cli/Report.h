@@ -1,6 +1,7 @@
 // How errors and results are shown, as text or as JSON.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,9 @@ void WriteWritten(const std::vector<std::string>& files, std::ostream& out);
 // A fault of the command line itself. Text: on standard error; JSON: an object like that of an error, without
 // a number, on standard output. Answers kWrongUse.
 int ReportWrongUse(const std::string& message, OutputFormat format, Streams streams);
+
+// Answers what `run` does; a WrongUse or an Error that it raises is reported as above.
+int ReportingFaults(OutputFormat format, Streams streams, const std::function<int()>& run);
 
 // As ReportWrongUse, for a name that the catalog does not know. Answers kFailed.
 int ReportUnknownType(const std::string& message, OutputFormat format, Streams streams);

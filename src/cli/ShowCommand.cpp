@@ -68,13 +68,7 @@ int Show(const ShowOptions& options, OutputFormat format, Streams streams) {
 }  // namespace
 
 int RunShow(const ShowOptions& options, OutputFormat format, Streams streams) {
-    try {
-        return Show(options, format, streams);
-    } catch (const WrongUse& fault) {
-        return ReportWrongUse(fault.what(), format, streams);
-    } catch (const Error& error) {
-        return ReportError(error, format, streams);
-    }
+    return ReportingFaults(format, streams, [&] { return Show(options, format, streams); });
 }
 
 }  // namespace tovarek
