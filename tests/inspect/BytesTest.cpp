@@ -70,6 +70,52 @@ TEST(Listing, ShowsWhatIsWrong) {
     EXPECT_EQ(ValueOf(listing, "string 5", "text"), "\"Celt speed\"");
 }
 
+// Each with one byte of one field changed.
+TEST(Listing, TellsWhatContradictsTheRest) {
+    const std::string files[] = {BytesOf(WriteLanguageFile, SmallLanguage()),
+                                 BytesOf(WriteTypeFile, SmallTypes()),
+                                 BytesOf(WriteProfileFile, SmallProfiles())};
+    constexpr FileKind kKinds[] = {FileKind::language, FileKind::type, FileKind::profile};
+    const struct {
+        std::size_t file;
+        const char* record;
+        const char* changed;
+        std::size_t place;
+        int byte;
+        const char* field;
+        const char* value;
+    } rows[] = {
+        {0, "", "header end", 3, 0x52, "strings by number 7",
+         "0x03B3; the tables end at 0x0351, the header says 0x0352"},
+        {0, "", "header end", 2, 0x30, "header checksum", "not checked, the header ends outside the file"},
+        {0, "", "header end", 2, 0x02, "header checksum", "not checked, the header ends outside the file"},
+        {0, "", "data start", 2, 0, "behind the data section", "114 bytes"},
+        {0, "", "data length", 2, 1, "data checksum", "not checked, the data section lies outside the file"},
+        {0, "", "data length", 3, 1, "unreferenced", "1 bytes"},
+        {0, "string 7", "length", 1, 50, "length", "50, of which 10 fit"},
+        {0, "string 6", "length", 1, 4, "end", "wrong, should be NUL"},
+        {0, "string 6", "length", 1, 3, "reserved", "0"},
+        {0, "string 6", "length", 1, 2, "checksum", "wrong, should be 0"},
+        {0, "string 6", "length", 1, 1, "checksum, cut: 1 of 2 bytes", "1 bytes"},
+        {1, "NV type 1", "kind", 0, 16, "kind", "16 unknown kind"},
+        {1, "NV type 1", "kind", 0, 0, "not understood", "10 bytes"},
+        {1, "NV type 1", "length", 1, 37, "B, cut: 1 of 2 bytes", "1 bytes"},
+        {1, "NV type 3", "place", 0, 0xF9, "place", "offset 7, width 9, signed"},
+        {1, "", "deleted NV types", 1, 9, "CP types by number 1", "0x0489"},
+        {2, "profile 1", "NV member 1, length", 1, 30, "left in the member", "1 bytes"},
+        {2, "", "deleted profiles", 1, 9, "slack", "128 bytes"},
+    };
+    for (const auto& row : rows) {
+        std::string bytes = files[row.file];
+        for (const ByteRow& each : ListBytes(bytes, kKinds[row.file]).rows)
+            if (each.record == row.record && each.field == row.changed)
+                bytes[each.offset + row.place] = static_cast<char>(row.byte);
+        EXPECT_NE(bytes, files[row.file]) << row.changed;
+        EXPECT_EQ(ValueOf(Listed(bytes, kKinds[row.file]), row.record, row.field), row.value)
+            << row.record << ' ' << row.changed << ' ' << row.byte;
+    }
+}
+
 TEST(Listing, ShowsBytesThatNothingPointsTo) {
     std::string bytes = BytesOf(WriteLanguageFile, SmallLanguage());
     for (int i = 0; i < 4; ++i)

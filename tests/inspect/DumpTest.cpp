@@ -141,17 +141,27 @@ TEST_F(DumpTest, AKindHasOneNameInContentAndListing) {
                                 TypeKind::floatingPoint, TypeKind::signedQuad, TypeKind::unsignedQuad}) {
         NvType type{.name = "_" + std::to_string(static_cast<int>(kind))};
         type.type = NumberOfKind(kind);
+        if (IsInteger(kind)) {
+            type.type.invalid = type.type.maximum--;
+            ++type.type.minimum;
+        }
         type.size = static_cast<std::uint16_t>(SizeOf(type.type));
         file.nvTypes.emplace_back(type);
     }
     const std::string path = scratch.File("kinds.typ", BytesOf(WriteTypeFile, file));
     const InspectNode tree = InspectFile(path, nullptr).tree;
     std::size_t shown = 0;
-    for (const ByteRow& row : ListFile(path).listing.rows)
+    for (const ByteRow& row : ListFile(path).listing.rows) {
+        for (const auto& [field, name] :
+             {std::pair{"minimum", "rawMinimum"}, {"maximum", "rawMaximum"}, {"invalid value", "rawInvalid"}})
+            if (row.field == field) {
+                EXPECT_EQ(row.value, At(tree, {"nvTypes", std::to_string(shown), "type", name}));
+            }
         if (row.record.starts_with("NV type ") && row.field == "kind") {
             const std::string kind = At(tree, {"nvTypes", std::to_string(++shown), "type", "kind"});
             EXPECT_TRUE(row.value.ends_with(' ' + kind)) << row.value << kind;
         }
+    }
     EXPECT_EQ(shown, file.nvTypes.size());
 }
 
