@@ -51,6 +51,16 @@ const Slip kIniTemplate[] = {
     {"template.ini", "version=1.0", "version=1.0 ; of the file", "22:9 comment-in-text"},
     {"template.ini", "[tags]\n", "", "16:1 ignored-key"},
     {"template.ini", "value=44BB8000", "value=0x44BB8000", "195:7 cpvalue"},
+    // All fields of a record at once.
+    {"template.ini", "synchronized=1",
+     "avgRate=-1\nmaxRate=-1\narraySize=-1\noffline=2\ndefaultService=3\nserviceCanBeChanged=2\n"
+     "defaultAuth=2\nauthCanBeChanged=2\ndefaultPriority=2\npriorityCanBeChanged=2\npolled=x\n"
+     "synchronized=no\nconfiguration=on\nlength=two",
+     nullptr},
+    {"template.ini", "avgRate=0\nmaxRate=0\n; Without this key an INI tag is not bindable.\nbindable=1",
+     "avgRate=low\nmaxRate=-1\nbindable=-1", nullptr},
+    {"template.ini", "typeIndex=300\nvalue=2EE0\nminRawVal=0FA0\nmaxRawVal=4650\ninitRawVal=2EE0",
+     "typeIndex=SNVT_temp\nvalue=2EE\nminRawVal=0FA\nmaxRawVal=46 50\ninitRawVal=2EEO", nullptr},
 };
 
 const Slip kIniProfile[] = {
@@ -65,6 +75,7 @@ const Slip kIniProfile[] = {
     {"profile.ini", "transceiverRate=4\n", "transceiverRate=12\nminimumClockRate=-1\n",
      "50:17 transceiverRate; 51:18 minimumClockRate; 53:1 duplicate-key"},
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
+    {"profile.ini", "=", "=-9", nullptr, Form::ini, {}, true},
 };
 
 const Slip kJob[] = {

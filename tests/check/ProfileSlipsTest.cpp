@@ -43,6 +43,9 @@ TEST(Check, EverySlipInAProfileIsFound) {
         ProfileIni("[Line7]", "[Line 7]", "29:1 typeneuron"),
         ProfileIni("domains=2", "domain=2", "6:1 domainnumber"),
         ProfileXml("<ADDRESSES>15</ADDRESSES>", "<ADRESSES>15</ADRESSES>", "7:5 ignored-element"),
+        {"profile.xml", "XIF_LINE8>", "XIF_LIN8>", nullptr, Form::xml, {}, true},
+        ProfileXif("2 15 1 0 0 4 3", "3 16 2 0 0 4 3", nullptr),
+        ProfileXif("265 4\r\n", "265 -4\r\n", nullptr),
     };
     ExpectFindings(slips);
 }

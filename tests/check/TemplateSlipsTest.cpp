@@ -1,6 +1,7 @@
 // Mistakes that a person makes in the XML form of the example's template, each with exactly its findings.
 #include <gtest/gtest.h>
 
+#include <list>
 #include <string>
 #include <utility>
 
@@ -52,6 +53,13 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
         Xml("<NVS>", "<VERSION>1.0</VERSION><NVS>", "11:3 ignored-element"),
         Xml("<MAXIMUMNUMBEROFNVS>20</MAXIMUMNUMBEROFNVS>", "<MAXIMUMNUMBEROFNVS>x20</MAXIMUMNUMBEROFNVS>",
             "8:3 not-a-number; 8:3 maximumNumberOfNvs"),
+        Xml("<SYNCHRONIZED>1</SYNCHRONIZED>",
+            "<AVGRATE>-1</AVGRATE><MAXRATE>-1</MAXRATE><ARRAYSIZE>-1</ARRAYSIZE><OFFLINE>2</OFFLINE>"
+            "<DEFAULTSERVICE>3</DEFAULTSERVICE><SERVICECANBECHANGED>2</SERVICECANBECHANGED><DEFAULTAUTH>2<"
+            "/DEFAULTAUTH><AUTHCANBECHANGED>2</AUTHCANBECHANGED><DEFAULTPRIORITY>2</DEFAULTPRIORITY>"
+            "<PRIORITYCANBECHANGED>2</PRIORITYCANBECHANGED><POLLED>x</POLLED><SYNCHRONIZED>no</SYNCHRONIZED>"
+            "<CONFIGURATION>on</CONFIGURATION>",
+            nullptr),
     };
     ExpectFindings(slips);
 }
@@ -99,12 +107,13 @@ TEST(Check, OddDeclarationsAreFoundAndThoseOfMakersAreNot) {
         {"1,1,0\\x80,52,none;", "cplength"},
         {"1,1,0\\x80,52;", "cplength"},
     };
-    for (const auto& [declaration, name] : rows) {
-        const std::string line = "declaration=" + std::string(declaration);
-        const std::string findings = *name == '\0' ? "" : "159:13 " + std::string(name);
-        const Slip slip = Ini("declaration=1,1,0\\x80,52,2;", line.c_str(), findings.c_str());
-        ExpectFindings({&slip, 1});
-    }
+    std::list<std::string> texts;
+    const auto kept = [&](std::string text) { return texts.emplace_back(std::move(text)).c_str(); };
+    std::vector<Slip> slips;
+    for (const auto& [declaration, name] : rows)
+        slips.push_back(Ini("declaration=1,1,0\\x80,52,2;", kept("declaration=" + std::string(declaration)),
+                            *name == '\0' ? "" : kept("159:13 " + std::string(name))));
+    ExpectFindings(slips);
 }
 
 TEST(Check, AValueThatAnotherOverrulesIsFoundWhereTheyDiffer) {
