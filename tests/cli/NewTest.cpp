@@ -150,6 +150,28 @@ TEST_F(New, EachDeviceGeneratesCleanAndAlikeInBothForms) {
     EXPECT_EQ(interfaces.size(), Starters().size());
 }
 
+// What people see of each: variables and properties with their values, types of its own, and what its README
+// says.
+TEST_F(New, EachDeviceIsWhatItsTableSays) {
+    SetVariable("COLUMNS", "150");
+    std::string seen;
+    for (const Starter* starter : Starters()) {
+        const std::string folder = Make(std::string(starter->name), {"--like", std::string(starter->name)});
+        const std::string page = CallOn({"show", folder + "/job.json"}).out;
+        seen += page.substr(std::min(page.size(), page.find("Network variables\n")));
+        const std::string xif = Generated(folder);
+        const std::size_t profile = xif.find("\r\n2 15 ");
+        EXPECT_EQ(xif.substr(profile + 2, xif.find("\r\n*\r\n", profile) - profile - 2),
+                  "2 15 0 " + std::to_string(starter->variables.size()) +
+                      " 1 4 3 2 2 3 5 9 9 9 9 2 0 16 15 1 1 11 " + std::to_string(starter->variables.size()) +
+                      "\r\n0 5 7 13 28 944 0 15 5 3 265 4\r\n1 7 1 0 4 4 5 15 200 0\r\n"
+                      "78125 0 0 0 0 0 0 0 0 0 0 0\r\n90 0 240 0 0 0 40 40 0 5 1 2 5 0 1");
+    }
+    seen += ReadFile(scratch_.Path("switch/README.md"));
+    UnsetVariable("COLUMNS");
+    EXPECT_EQ(seen, ReadFile(std::string(TOVAREK_EXPECTED) + "/starters.txt"));
+}
+
 TEST_F(New, ProfileOrAllOfADeviceComesFromItsInterfaceFile) {
     std::vector<std::string> sources = {Source("example", std::string(TOVAREK_EXAMPLE) + "/job.json")};
     for (const Starter* starter : Starters()) {
@@ -184,6 +206,11 @@ TEST_F(New, ADeviceWithoutResourceFilesHasAJobWithoutTypes) {
     EXPECT_FALSE(FileExists(folder + "/format.xml"));
     const std::string readMe = ReadFile(folder + "/README.md");
     EXPECT_EQ(std::count(readMe.begin(), readMe.end(), '\n'), 10) << readMe;
+    for (const char* told :
+         {"` in this folder writes alone.xif; `", "another interface needs one of its own; `tovarek",
+          "4. Types of the device's own: an interface file does not hold them"})
+        EXPECT_NE(readMe.find(told), std::string::npos) << readMe;
+    EXPECT_EQ(readMe.find("\n5. "), std::string::npos);
 }
 
 TEST_F(New, AProfileOfALaterVersionIsFittedOrAskedFor) {

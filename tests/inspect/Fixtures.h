@@ -149,7 +149,7 @@ inline TypeFile RichTypes() {
     all.kind = TypeKind::structure;
     all.members = {
         {.name = "total", .nameText = {3, 5}, .description = {3, 7}, .unit = {3, 6}, .type = total},
-        {.name = "step", .type = Number(TypeKind::signedQuad, -1, 1, {1, 0, 5})},
+        {.name = "step", .unit = {3, 66051}, .type = Number(TypeKind::signedQuad, -1, 1, {1, 0, 5})},
         {.name = "share", .type = Number(TypeKind::unsignedLong, 0, 65535, {1, 300, 0})},
         {.name = "level", .type = Number(TypeKind::signedShort, -128, 0, {1, -2, 0})},
         {.name = "real", .type = real},

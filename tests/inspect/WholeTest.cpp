@@ -32,6 +32,7 @@ ProfileFile RichProfiles() {
         nv.mandatory = service < 3;
         belt.nvs.push_back(nv);
     }
+    belt.nvs[4].type = {3, 772};
     belt.nvs[1].nameText = {3, 6};
     belt.nvs[1].description = {3, 2};
     belt.nvs[1].reserved = 258;
