@@ -51,6 +51,12 @@ const Slip kIniTemplate[] = {
     {"template.ini", "version=1.0", "version=1.0 ; of the file", "22:9 comment-in-text"},
     {"template.ini", "[tags]\n", "", "16:1 ignored-key"},
     {"template.ini", "value=44BB8000", "value=0x44BB8000", "195:7 cpvalue"},
+    {"template.ini",
+     "[nvs]\n; These counts say how many of the sections nv1, nv2, ... are read.\nnumberOfStaticNvs=14\n"
+     "maximumNumberOfNvs=20\n",
+     "", nullptr},
+    // The sections in another order than they are asked for.
+    {"template.ini", "[nvs]\n", "[tag1]\nnam=t\n[nv2]\nsynchronised=1\n[nvs]\nselfdok=\n", nullptr},
     // All fields of a record at once.
     {"template.ini", "synchronized=1",
      "avgRate=-1\nmaxRate=-1\narraySize=-1\noffline=2\ndefaultService=3\nserviceCanBeChanged=2\n"

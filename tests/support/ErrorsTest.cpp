@@ -58,12 +58,12 @@ TEST(Errors, AppendedTextFollowsWithoutASeparator) {
 }
 
 TEST(Errors, ResultCodesOfTheControlAreMapped) {
-    const std::pair<int, int> rows[] = {{2, 98},   {10, 106}, {11, 107}, {21, 117}, {22, 119},
-                                        {23, 118}, {24, 131}, {25, 132}, {26, 133}, {0, 119},
-                                        {1, 119},  {27, 119}, {-1, 119}};
-    for (const auto& [code, n] : rows)
-        EXPECT_EQ(RaisedNumber([code = code] { CErrorHandler().RaiseQVxTypesEditError(code); }), 1000 + n)
-            << code;
+    for (int code = -1; code < 30; ++code) {
+        const bool isFirstBlock = code >= 2 && code <= 21;
+        const bool isSecondBlock = code >= 24 && code <= 26;
+        const int n = isFirstBlock ? 96 + code : isSecondBlock ? 107 + code : code == 23 ? 118 : 119;
+        EXPECT_EQ(RaisedNumber([&] { CErrorHandler().RaiseQVxTypesEditError(code); }), 1000 + n) << code;
+    }
 }
 
 TEST(Resources, AnotherLanguageKeepsTheEnglishTexts) {

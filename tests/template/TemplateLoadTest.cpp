@@ -3,6 +3,7 @@
 #include "Scratch.h"
 #include "support/CTools.h"
 #include "template/CTemplate.h"
+#include "template/TemplateFields.h"
 
 namespace tovarek::test {
 namespace {
@@ -122,6 +123,26 @@ TEST(TemplateIni, HugeCountsAnswerAtOnce) {
     }
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=4096\n").nvs.size(), 4096U);
     EXPECT_EQ(FromIni(scratch, "[nvs]\nnumberOfStaticNvs=-5\n").nvs.size(), 0U);
+}
+
+TEST(TemplateXml, NothingOfAnEarlierLoadStays) {
+    const Scratch scratch;
+    std::string all = "<NVS><a/><b/></NVS><TAGS><t/></TAGS><CPS><c/></CPS>";
+    for (const TemplateField& field : TemplateFields())
+        if (const std::string name(field.xmlName); !name.empty())
+            all += "<" + name + ">7</" + name + ">";
+    CTemplate loaded = FromXml(scratch, all);
+    EXPECT_EQ(loaded.numberStaticNvs + loaded.numberOfMessageTags + loaded.numberOfCps, 4);
+    scratch.File("t.xml", "<D/>");
+    loaded.Load();
+    for (const TemplateField& field : TemplateFields()) {
+        if (field.number != nullptr) {
+            EXPECT_EQ(loaded.*field.number, 0) << field.iniKey;
+        } else if (field.text != &CTemplate::userTypeFile) {
+            EXPECT_EQ(loaded.*field.text, "") << field.iniKey;
+        }
+    }
+    EXPECT_EQ(loaded.nvs.size() + loaded.tags.size() + loaded.cps.size(), 0U);
 }
 
 TEST(TemplateXml, RecordsAreNamedByTheirElements) {

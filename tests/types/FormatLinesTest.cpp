@@ -20,8 +20,10 @@ std::string LinesOf(const std::string& content) {
     Device device;
     device.AddNv(300);
     device.Load("<SNVT_300><NAME>x</NAME>" + content + "</SNVT_300>" + kParts);
+    const std::string lines = device.Lines(device.Unvt("6_1"));
+    EXPECT_EQ(device.Lines(device.Unvt("6_1")), lines) << "analysed again, it has no format twice";
     std::string text;
-    for (const char c : device.Lines(device.Unvt("6_1")))
+    for (const char c : lines)
         if (c != '\r')
             text += c;
     return text;
@@ -140,6 +142,10 @@ TEST(FormatLines, StandardTypes) {
               "         when.day,\r\n"
               "         name.ascii,\r\n"
               "         temp);\r\n");
+    std::string formats;
+    for (const CFormat& format : *device.Unvt("6_1").availableFormats)
+        formats += format.name + " ";
+    EXPECT_EQ(formats, "LO SI US US_diff ") << "of all its members";
     device.types.useReferenceUnits = false;
     device.Load();
     EXPECT_EQ(device.Lines(device.Ucpt("6_1")), "UCPT_1_temp: real;\r\n");

@@ -217,6 +217,12 @@ TEST(TypeCheck, WarnsOfWhatIsReadOtherwise) {
         {"bits of a number", of(Byte("<BFSIZE>3</BFSIZE>")), "ignored-element@2 BFSIZE"},
         {"a factor of a float", of("<TYPE>FLOAT</TYPE><LENGTH>4</LENGTH><A_COEF>2</A_COEF>"),
          "ignored-element@2 A_COEF"},
+        {"factors and limits of scaled numbers",
+         of("<TYPE>BITS</TYPE><LENGTH>1</LENGTH><BFSIZE>3</BFSIZE><A_COEF>2</A_COEF><MAX>7</MAX>") +
+             Element(301, "<TYPE>SIGNEDNUMERIC</TYPE><LENGTH>1</LENGTH><B_COEF>1</B_COEF><MIN>0</MIN>") +
+             Element(302, "<TYPE>BITFIELD</TYPE><LENGTH>1</LENGTH><C_COEF>1</C_COEF>"),
+         "",
+         {300, 301, 302, 300}},
         {"a limit of a bit field", of("<TYPE>BITFIELD</TYPE><LENGTH>1</LENGTH><MAX>7</MAX>"),
          "ignored-element@2 MAX"},
         {"a value above 127", of("<TYPE>ENUM</TYPE><ENUMS><a>1</a><b>200</b></ENUMS>"),
