@@ -229,20 +229,28 @@ class InterfaceDiff : public testing::Test {
         return Call(arguments);
     }
 
-    static void Expect(const EditRow& row, const std::string& before, const std::string& after) {
+    void Expect(const EditRow& row, const std::string& before, const std::string& after) {
         SCOPED_TRACE(row.what);
         const Answer run = Diff(before, after, {"--format", "json"});
         ASSERT_NE(run.status, 2) << run.out;
         const auto json = nlohmann::json::parse(run.out);
         std::string rules;
-        for (const auto& change : json["changes"])
+        told_ += row.what;
+        for (const auto& change : json["changes"]) {
             rules += (rules.empty() ? "" : " ") + change["rule"].get<std::string>();
+            const auto text = [&](const char* key) { return change[key].get<std::string>(); };
+            if (text("field") != "date")
+                told_ +=
+                    " | " + text("record") + ", " + text("field") + ": " + text("old") + " -> " + text("new");
+        }
+        told_ += '\n';
         EXPECT_EQ(json["verdict"], row.verdict) << run.out;
         EXPECT_EQ(rules, row.rules) << run.out;
         EXPECT_EQ(run.status, row.verdict == kSameId ? 1 : 0);
     }
 
     Scratch scratch_;
+    std::string told_;  // of all edits
 };
 
 TEST_F(InterfaceDiff, JudgesEdits) {
@@ -274,6 +282,7 @@ TEST_F(InterfaceDiff, JudgesEdits) {
         }
         WriteFile(table.edited, original);
     }
+    EXPECT_EQ(told_, ReadFile(TOVAREK_EXPECTED));
 }
 
 // An interface file says no more of own types than their length; the resource files beside it do.
