@@ -138,6 +138,12 @@ TEST(Values, OfNestedTypesTellEveryMember) {
     const std::string text =
         R"(a=1, b=-4, c=5, either={long=-2}, list=[{text="a,}\"", #2=7}, {text="\x01\\", #2=255}])";
     EXPECT_EQ(Encoded(type, text, names), "C050FFFE612C7D2207015C0000FF");
+    EXPECT_EQ(Encoded(type,
+                      R"( a = 1 ,b=-4 , c=5, either = { long=-2 } , list=[ {text="a,}\"" , #2=7 } , )"
+                      R"({ text= "\x01\\" ,#2=255} ] )",
+                      names),
+              "C050FFFE612C7D2207015C0000FF")
+        << "blanks";
     std::vector<std::string> notes;
     EXPECT_EQ(Decoded(type, *FromHex("C050FFFE612C7D2207015C0000FF"), names, notes), text);
     EXPECT_EQ(notes.size(), 1U) << "the union";
@@ -431,6 +437,8 @@ TEST_F(ValuesOfOwnTypes, OfPropertiesHaveNarrowerLimits) {
     const std::string wide = "-24.5 to 60.5 (raw -500 to 1200)";
     EXPECT_EQ(limits({"\0\1", 2}, {"\0\2", 2}), "0.55 to 0.6 (raw 1 to 2)");
     EXPECT_EQ(limits("\xFE\x0C", "\x04\xB0"), wide) << "those of the type";
+    EXPECT_EQ(limits("\xFE\x0C", {"\0\1", 2}), "-24.5 to 0.55 (raw -500 to 1)");
+    EXPECT_EQ(limits({"\0\1", 2}, "\x04\xB0"), "0.55 to 60.5 (raw 1 to 1200)");
     EXPECT_EQ(limits({"\0\0", 2}, {"\0\0", 2}), wide);
     EXPECT_EQ(limits({"\0\2", 2}, {"\0\1", 2}), wide);
     EXPECT_EQ(limits("\xFE\x0B", {"\0\1", 2}), wide) << "below";
