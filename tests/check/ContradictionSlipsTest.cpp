@@ -82,6 +82,13 @@ TEST(Contradictions, LengthsThatTypesDoNotHaveAreFound) {
         FormatSlip("<NAME>unitState</NAME>", "<NAME>unitState</NAME><LENGTH>11</LENGTH>",
                    "125:27 type-length"),
         FormatSlip("<NAME>unitState</NAME>", "<NAME>unitState</NAME><LENGTH>9</LENGTH>", ""),
+        // Of a member that stands first.
+        FormatSlip(
+            "<SNVT_320>\n    <TYPE>STRUCT</TYPE>\n    <NAME>unitState</NAME>\n    <LONGNAME>State of the "
+            "unit</LONGNAME>\n    <FIELDS>",
+            "<SNVT_330><TYPE>BITS</TYPE><LENGTH>2</LENGTH><BFSIZE>1</BFSIZE></SNVT_330>\n<SNVT_320><TYPE>"
+            "STRUCT</TYPE><NAME>unitState</NAME><FIELDS><first>330</first><first>330</first>",
+            nullptr),
         // A definition that grows contradicts the variable.
         FormatSlip("<valve>313</valve>", "<valve>313</valve><valve2>313</valve2>",
                    "template.xml:99:7 type-length"),
@@ -144,6 +151,9 @@ TEST(Contradictions, ValuesThatTheirLimitsForbidAreFound) {
     const Slip slips[] = {
         Ini("value=138827103A98", "value=138827107FFF", "164:7 value-range"),
         Ini("1,1,0\\x80,52,2;", "1,1,0\\x80,52,2;\nvalue=FFFF", "160:7 value-range"),
+        Ini("[cp1]\ndeclaration=0,,0\\x80,17,31;\nvalue="
+            "46432D30310000000000000000000000000000000000000000000000000000",
+            "[cp1]\ndeclaration=1,1,0\\x80,52,2;\nvalue=FFFF", "155:7 value-range"),
         Ini("[cp2]\ndeclaration=1,1,0\\x80,52,2;",
             "[cp2]\ndeclaration=2,3,0\\x80,22,7;\nvalue=00001900000000", "160:7 value-range"),
         Ini("[cp2]\ndeclaration=1,1,0\\x80,52,2;",
