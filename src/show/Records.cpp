@@ -38,7 +38,7 @@ void Append(std::string& list, const std::string& text, std::string_view separat
         list += (list.empty() ? "" : std::string(separator)) + text;
 }
 
-// "about 0.5 messages/s": a code n stands for 2^(n/8) - 5.
+// A code n stands for 2^(n/8) - 5 messages per second, which is more than a long holds on Windows.
 std::string RateText(std::string_view what, const XifNumber& code) {
     constexpr std::int64_t kLargestCode = 250;
     constexpr double kStep = 8;
@@ -49,7 +49,7 @@ std::string RateText(std::string_view what, const XifNumber& code) {
         return std::string(what) + " rate " + number;
     const double rate = std::exp2(static_cast<double>(*code) / kStep) - 5;
     return std::string(what) + " rate " + number +
-           (rate > 0 ? " (" + std::to_string(std::lround(rate)) + "/s)" : "");
+           (rate > 0 ? " (" + std::to_string(std::llround(rate)) + "/s)" : "");
 }
 
 std::string NotesOf(const XifVariable& variable) {
