@@ -106,6 +106,20 @@ TEST(TypeModel, LengthsOfStructuresAndUnions) {
     EXPECT_EQ(number.length, 7);
 }
 
+TEST(TypeModel, WhyACatalogIsNotOpenIsTold) {
+    CCatalog catalog;
+    catalog.catalogDir("nowhere");
+    catalog.catalogFile("none.cat");
+    ErrorContext failure = catalog.OpeningFailure();
+    EXPECT_EQ(failure.record, "standard type catalog");
+    EXPECT_EQ(failure.file, "nowhere\\none.cat");
+    EXPECT_TRUE(failure.reason.ends_with("; catalogDir names the catalog's folder, catalogFile its name"));
+    catalog.catalogFile(CCatalog().catalogFile());
+    catalog.catalogDir(TOVAREK_CATALOG);
+    failure = catalog.OpeningFailure();
+    EXPECT_EQ(failure.reason, "an earlier opening failed; the object has to be created anew");
+}
+
 TEST(TypeModel, ReferencesTakeTheirLengthFromTheCatalog) {
     Device device;
     CType reference = Number(elementSigned, 99);
