@@ -5,6 +5,7 @@
 #include "Standard.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "values/ProgramId.h"
 #include "values/Scaling.h"
 
 namespace tovarek::test {
@@ -449,6 +450,38 @@ TEST_F(ValuesOfOwnTypes, OfPropertiesHaveNarrowerLimits) {
     EXPECT_EQ(narrow.name, "x");
     EXPECT_EQ(UnitText(narrow.unit, names), "m/s");
     EXPECT_EQ(ArrayOfValues(narrow, 3).name, "x[3]");
+}
+
+TEST(Values, AreScaledWithFewZeros) {
+    const auto scaled = [](std::int64_t raw, int a, int b) {
+        TypeDescription type = NumberOfKind(TypeKind::signedLong);
+        type.a = static_cast<std::int16_t>(a);
+        type.b = static_cast<std::int16_t>(b);
+        return ScaledText(raw, type).value_or("none");
+    };
+    EXPECT_EQ(scaled(5, 1, 12), "5000000000000");
+    EXPECT_EQ(scaled(5, 1, 13), "5E13");
+    EXPECT_EQ(scaled(5, 1, -13), "0.0000000000005");
+    EXPECT_EQ(scaled(5, 1, -14), "5E-14");
+    EXPECT_EQ(scaled(-5, 1, 290), "-5E290");
+    EXPECT_EQ(scaled(5, 1, 291), "none");
+    EXPECT_EQ(scaled(5, 0, 0), "none");
+    EXPECT_EQ(scaled(-50, 10, -2), "-5");
+    EXPECT_EQ(scaled(0, 1, 13), "0");
+}
+
+TEST(ProgramIds, AreDigitsOrPairs) {
+    const std::string digits = "9FFFFF5014030401";
+    EXPECT_EQ(ProgramIdDigits("9f:ff:ff:50:14:03:04:01"), digits);
+    EXPECT_EQ(ProgramIdDigits("9ffFFf5014030401"), digits);
+    for (const char* wrong : {"", "9F:FF", "9F:FF:FF:50:14:03:04:0G", "9FFFFF501403040",
+                              "9FF:FFF:50:14:03:04:01", "9FFFFF50140304011", ":9F:FF:FF:50:14:03:04:0"})
+        EXPECT_EQ(ProgramIdDigits(wrong), std::nullopt) << wrong;
+    EXPECT_TRUE(IsStandardProgramId("8") && IsStandardProgramId(digits) && !IsStandardProgramId("A"));
+    EXPECT_EQ(ProgramIdFieldDigits(kProgramIdFields[1], "abc"), "00ABC");
+    EXPECT_EQ(ProgramIdFieldDigits(kProgramIdFields[1], "12345"), "12345");
+    for (const char* wrong : {"", "123456", "xyz"})
+        EXPECT_EQ(ProgramIdFieldDigits(kProgramIdFields[1], wrong), std::nullopt) << wrong;
 }
 
 }  // namespace
