@@ -138,6 +138,7 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
          Form::xml,
          {},
          true},
+        {"format.xml", "SNVT_30", "SNVT_39", nullptr, Form::xml, {}, true},
         FormatSlip("</ENUMS>", "</ENUMS><ENUMS><FM_X>9</FM_X></ENUMS>", "71:13 duplicate-key"),
         FormatSlip("<NAME>fanMode</NAME>", "<NAME></NAME>", "62:5 missing-value"),
         FormatSlip("<MAX>2500<", "<MAX>2500,5<", "51:5 not-a-number"),
