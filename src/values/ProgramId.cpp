@@ -9,15 +9,18 @@ namespace tovarek {
 
 std::optional<std::string> ProgramIdDigits(std::string_view text) {
     constexpr std::size_t kPairStep = 3;
+    constexpr std::size_t kInPairs = kProgramIdDigits / 2 * kPairStep - 1;  // no ":" behind the last
+    if (text.size() != kProgramIdDigits && text.size() != kInPairs)
+        return std::nullopt;
     std::string digits;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isBetweenPairs = text.size() > kProgramIdDigits && i % kPairStep == 2;
+        const bool isBetweenPairs = text.size() == kInPairs && i % kPairStep == 2;
         if (isBetweenPairs != (text[i] == ':'))
             return std::nullopt;
         if (!isBetweenPairs)
             digits += AsciiUpper(text[i]);
     }
-    if (digits.size() != kProgramIdDigits || !std::all_of(digits.begin(), digits.end(), IsHexDigit))
+    if (!std::all_of(digits.begin(), digits.end(), IsHexDigit))
         return std::nullopt;
     return digits;
 }

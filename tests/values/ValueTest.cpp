@@ -474,8 +474,9 @@ TEST(ProgramIds, AreDigitsOrPairs) {
     const std::string digits = "9FFFFF5014030401";
     EXPECT_EQ(ProgramIdDigits("9f:ff:ff:50:14:03:04:01"), digits);
     EXPECT_EQ(ProgramIdDigits("9ffFFf5014030401"), digits);
-    for (const char* wrong : {"", "9F:FF", "9F:FF:FF:50:14:03:04:0G", "9FFFFF501403040",
-                              "9FF:FFF:50:14:03:04:01", "9FFFFF50140304011", ":9F:FF:FF:50:14:03:04:0"})
+    for (const char* wrong :
+         {"", "9F:FF", "9F:FF:FF:50:14:03:04:0G", "9FFFFF501403040", "9FF:FFF:50:14:03:04:01",
+          "9FFFFF50140304011", ":9F:FF:FF:50:14:03:04:0", "9F:FF:FF:50:14:03:04:01:"})
         EXPECT_EQ(ProgramIdDigits(wrong), std::nullopt) << wrong;
     EXPECT_TRUE(IsStandardProgramId("8") && IsStandardProgramId(digits) && !IsStandardProgramId("A"));
     EXPECT_EQ(ProgramIdFieldDigits(kProgramIdFields[1], "abc"), "00ABC");
