@@ -105,10 +105,12 @@ class VariableComparison {
         const std::vector<std::int64_t> gapsBefore = IndexGaps(before_);
         const std::vector<std::int64_t> gapsAfter = IndexGaps(after_);
         for (const AlignedPair& pair : alignment.pairs) {
-            if (gapsBefore[pair.before] != gapsAfter[pair.after])
+            const auto indexBefore = before_[pair.before].Number(kVariableIndex);
+            const auto indexAfter = after_[pair.after].Number(kVariableIndex);
+            // Where an index moves, so does the gap in front of the next variable, which itself stays.
+            if (gapsBefore[pair.before] != gapsAfter[pair.after] && indexBefore != indexAfter)
                 changes_.Tell(InterfaceRule::variableIndex, titles_[pair.after], "index",
-                              NumberText(before_[pair.before].Number(kVariableIndex)),
-                              NumberText(after_[pair.after].Number(kVariableIndex)));
+                              NumberText(indexBefore), NumberText(indexAfter));
             ComparePair(titles_[pair.after], before_[pair.before], after_[pair.after]);
             CompareTypes(titles_[pair.after], pair);
         }
