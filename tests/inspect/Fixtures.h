@@ -109,7 +109,7 @@ inline TypeDescription Number(TypeKind kind, std::int64_t minimum, std::int64_t 
     return type;
 }
 
-inline TypeDescription Field(int offset, int width, bool isSigned) {
+inline TypeDescription Bits(int offset, int width, bool isSigned = false) {
     TypeDescription type = NumberOfKind(TypeKind::bitField);
     type.bitOffset = static_cast<std::uint8_t>(offset);
     type.bitWidth = static_cast<std::uint8_t>(width);
@@ -142,7 +142,7 @@ inline TypeFile RichTypes() {
     either.kind = TypeKind::unionKind;
     either.members = {{.name = "byte", .type = Number(TypeKind::unsignedChar, 0, 127)},
                       {.name = "list", .type = ArrayOf(file.nvTypes[2]->type.members[0].type, 2, 3)}};
-    TypeDescription low = Field(0, 3, true);
+    TypeDescription low = Bits(0, 3, true);
     low.minimum = -2;
     low.maximum = 1;
     TypeDescription all;
@@ -154,7 +154,7 @@ inline TypeFile RichTypes() {
         {.name = "level", .type = Number(TypeKind::signedShort, -128, 0, {1, -2, 0})},
         {.name = "real", .type = real},
         {.name = "low", .type = low},
-        {.name = "high", .type = Field(3, 5, false)},
+        {.name = "high", .type = Bits(3, 5, false)},
         {.name = "either", .type = either},
         {.name = "letter", .type = Number(TypeKind::signedChar, 0, 1)}};
     file.nvTypes.emplace_back(TypeNamed("_beltAll", all));

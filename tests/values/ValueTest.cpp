@@ -33,16 +33,6 @@ TypeMember Member(const std::string& name, TypeDescription type) {
     return member;
 }
 
-TypeDescription Bits(int offset, int width, bool isSigned = false) {
-    TypeDescription type = NumberOfKind(TypeKind::bitField);
-    type.bitOffset = static_cast<std::uint8_t>(offset);
-    type.bitWidth = static_cast<std::uint8_t>(width);
-    type.bitSigned = isSigned;
-    type.minimum = SmallestRaw(type);
-    type.maximum = LargestRaw(type);
-    return type;
-}
-
 TypeDescription Several(TypeKind kind, std::vector<TypeMember> members) {
     TypeDescription type;
     type.kind = kind;
