@@ -41,25 +41,29 @@ class TypeFinder {
         if (count == 0 && isProperty_ && size > 0 && bytes > size && bytes % size == 0)
             count = bytes / size;
         if (count > kLargestArray)
-            throw NoType{true, "an array has 1 to 65535 values, not " + std::to_string(count)};
+            throw NoArray(std::to_string(count));
         return count == 0 ? element : ArrayOfValues(element, static_cast<std::uint16_t>(count));
     }
 
   private:
     static constexpr std::size_t kLargestArray = 65535;
 
+    static NoType NoArray(std::string_view count) {
+        return {true, "an array has 1 to 65535 values, not '" + Excerpt(count) + "'"};
+    }
+
     // Takes "[3]" off the end of a type; 0 where there is none.
     static std::size_t TakeCount(std::string& word) {
         const std::size_t open = word.rfind('[');
+        if (open == std::string::npos || !word.ends_with(']'))
+            return 0;
+        const std::string_view digits = std::string_view(word).substr(open + 1, word.size() - open - 2);
         std::size_t count = 0;
-        if (open == std::string::npos || word.back() != ']')
-            return 0;
-        const char* const end = word.data() + word.size() - 1;
-        const auto parsed = std::from_chars(word.data() + open + 1, end, count);
-        if (parsed.ec == std::errc::invalid_argument || parsed.ptr != end || count == 0)
-            return 0;
+        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), count);
+        if (parsed.ec != std::errc() || parsed.ptr != digits.data() + digits.size() || count == 0)
+            throw NoArray(digits);
         word.resize(open);
-        return parsed.ec == std::errc() ? count : kLargestArray + 1;
+        return count;
     }
 
     ValueType FindElement(const std::string& word) {

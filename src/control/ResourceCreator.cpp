@@ -215,13 +215,14 @@ Outcome ResourceCreator::StartType(const std::string& name) {
 }
 
 // Names may repeat: a device has as many types of one name as it has variables of that type.
-Outcome ResourceCreator::CheckRegistration(std::int32_t number, std::size_t registered) const {
+Outcome ResourceCreator::CheckRegistration(std::int32_t number, bool isUnvt) const {
     if (Outcome editing = Editing(ResourceKind::type); !editing.Ok())
         return editing;
     if (builder_.CurrentState() == TypeBuilder::State::none)
         return Failure(resultNoCurrentType, "no type is started");
     if (builder_.CurrentState() != TypeBuilder::State::complete)
         return Failure(resultTypeIsNotComplete, "type \"" + builder_.Name() + "\" is not complete");
+    const std::size_t registered = isUnvt ? file_->types.nvTypes.size() : file_->types.cpTypes.size();
     if (number < 1 || static_cast<std::size_t>(number) != registered + 1 || registered >= kMostRecords) {
         return Failure(resultErrorAddingType, "types are numbered 1 to 65535 in order; the next number is " +
                                                   std::to_string(registered + 1));
@@ -257,8 +258,7 @@ Outcome RawValue(const std::string& hex, std::int32_t length, std::uint32_t size
 }  // namespace
 
 Outcome ResourceCreator::RegisterNv(std::int32_t number) {
-    const std::size_t registered = file_ ? file_->types.nvTypes.size() : 0;
-    if (Outcome check = CheckRegistration(number, registered); !check.Ok())
+    if (Outcome check = CheckRegistration(number, true); !check.Ok())
         return check;
     NvType type = builder_.Take();
     const std::uint32_t size = SizeOf(type.type);
@@ -273,8 +273,7 @@ Outcome ResourceCreator::RegisterNv(std::int32_t number) {
 
 Outcome ResourceCreator::RegisterCp(std::int32_t number, std::int32_t length, const std::string& rawInitial,
                                     const std::string& rawMinimum, const std::string& rawMaximum) {
-    const std::size_t registered = file_ ? file_->types.cpTypes.size() : 0;
-    if (Outcome check = CheckRegistration(number, registered); !check.Ok())
+    if (Outcome check = CheckRegistration(number, false); !check.Ok())
         return check;
     if (length < 1)
         return Failure(resultBadParam, "the length of a configuration property is 1 byte or more");

@@ -97,7 +97,7 @@ class ResourceCreator {
 
     Outcome CheckRequest(const CreationRequest& request) const;
     ResourceHeader HeaderOf(const CreationRequest& request) const;
-    Outcome CheckRegistration(std::int32_t number, std::size_t registered) const;
+    Outcome CheckRegistration(std::int32_t number, bool isUnvt) const;
     Outcome Bytes(std::string& bytes) const;
     void KeepFile();
     Outcome WriteOut(const std::string& bytes);

@@ -69,6 +69,10 @@ TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
         Ini("name=nviRequest", "name=nvi Request", "28:6 blank-in-name"),
         Ini("name=fanCoilTag", "name=fan\tCoilTag", "142:6 blank-in-name"),
         Ini("name=nviRequest", "name=nvi\xCE\xA9Request", "28:9 lost-character"),
+        Ini("name=fanCoilTag",
+            "name=fan\xCE\xA9"
+            "CoilTag",
+            "142:9 lost-character"),
         Ini("name=nviRequest", "name=nvi\xC3\xA4?Request", ""),
         Xml("<SISD>@1|4</SISD>", "<SISD>@1|4;\xE2\x84\xA6</SISD>", "47:7 lost-character"),
         Xml("<SISD>@1|4</SISD>", "<SISD>@1|4\n</SISD>", "47:7 line-break"),

@@ -3,6 +3,7 @@
 
 #include "Fixtures.h"
 #include "formats/records/Crc16.h"
+#include "formats/records/ResourceFile.h"
 #include "formats/type/TypeDescriptionCodec.h"
 
 namespace tovarek::test {
@@ -119,6 +120,24 @@ TEST(Layout, SortedTablesCompareBytesAndFileNamesWithoutCase) {
     };
     EXPECT_EQ(order(0x353 + 20, 5), "42315");
     EXPECT_EQ(order(0x353 + 40 + 32, 4), "3412") << "equal names keep the order of their numbers";
+}
+
+// Files that differ in the date of the header alone, and so in its checksum, are the same; not those that
+// differ elsewhere.
+TEST(Layout, OnlyTheDateIsBlanked) {
+    for (std::string bytes : ExampleBytes()) {
+        std::string blank = bytes;
+        BlankResourceDate(blank);
+        std::string seen;
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            std::string changed = bytes;
+            changed[i] = static_cast<char>(changed[i] ^ 1);
+            BlankResourceDate(changed);
+            if (changed == blank)
+                AppendHex(seen, static_cast<unsigned>(i), 4);
+        }
+        EXPECT_EQ(seen, "030A030B030C030D030E030F031003180319");
+    }
 }
 
 TEST(Layout, ManyEntriesPushTheDataSectionBack) {

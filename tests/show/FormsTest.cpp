@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "formats/xif/XifFile.h"
 #include "show/Drawing.h"
+#include "show/Facts.h"
 #include "show/MakeView.h"
 #include "show/ViewForms.h"
 #include "system/Files.h"
@@ -144,6 +145,15 @@ std::size_t RowsOf(const View& view, std::string_view title) {
         if (table.title == title)
             return table.rows.size();
     return 0;
+}
+
+TEST(View, SplitsStandardProgramIdsOnly) {
+    XifFile file;
+    for (const auto& [id, rows] :
+         {std::pair{"9F:FF:FF:50:14:03:04:01", 7U}, {"20:00:00:00:00:00:00:00", 1U}, {"?", 1U}}) {
+        file.programId = id;
+        EXPECT_EQ(ProgramIdTable(file).rows.size(), rows) << id;
+    }
 }
 
 TEST(View, HasARowForEachRecordInEveryForm) {
