@@ -105,6 +105,16 @@ TEST(Show, TakesTheSetsBesideAnInterfaceFileOrThoseThatAreNamed) {
         EXPECT_NE(named.find(line), std::string::npos) << line;
 }
 
+// Resource files name standard units by the numbers of the catalog that they were made with. The shipped one numbers texts
+// its own way, so it tells the unit only of what was made with it just now.
+TEST(Show, TakesUnitsFromTheShippedCatalogForTypesOfAJobAlone) {
+    const Example example;
+    const std::string job = Call({"show", kExample + "/job.json"}).out;
+    EXPECT_NE(job.find("UCPT_1_valveTime = 90 seconds "), std::string::npos) << job;
+    const std::string file = Call({"show", example.scratch.Path("fan-coil.xif")}).out;
+    EXPECT_NE(file.find("UCPT_1_valveTime = 90  "), std::string::npos) << file;
+}
+
 TEST(Show, RefusesWhatIsNoDevice) {
     const Example example;
     const std::string types = example.scratch.Path("fancoil_6.typ");
