@@ -337,6 +337,64 @@ TEST_F(InterfaceDiff, ComparesOwnTypesWhereBothSidesGiveThem) {
               "verdict: equal; own types of 6 variables and 3 properties not compared\n");
 }
 
+// Types of every kind in the place of unitState, which has 9 bytes as well.
+TEST_F(InterfaceDiff, ComparesTypesOfEveryKind) {
+    CopyExample("");
+    ASSERT_EQ(Call({"generate", "--job", scratch_.Path("job.json"), "--typeFilesDirectory", scratch_.Folder(),
+                    "--outputXIFfile", scratch_.Path("node.xif"), "--catalogDir", TOVAREK_CATALOG})
+                  .status,
+              0);
+    TypeFile types;
+    ASSERT_TRUE(ReadTypeFile(ReadFile(scratch_.Path("fancoil_6.typ")), types).Ok());
+    TypeDescription real = NumberOfKind(TypeKind::floatingPoint);
+    real.floatInvalid = 7.5F;
+    TypeDescription oneOf;
+    oneOf.kind = TypeKind::unionKind;
+    oneOf.members = {{"small", {}, {}, {}, NumberOfKind(TypeKind::unsignedShort)},
+                     {"signed", {}, {}, {}, NumberOfKind(TypeKind::signedShort)}};
+    TypeDescription mode = NumberOfKind(TypeKind::enumeration);
+    mode.target = {4, 1};
+    const auto file = [&](const std::string& name, const std::vector<TypeDescription>& members) {
+        TypeDescription& type = types.nvTypes.at(5)->type;
+        type.kind = TypeKind::structure;
+        type.members.clear();
+        for (const TypeDescription& member : members)
+            type.members.push_back({"m" + std::to_string(type.members.size()), {}, {}, {}, member});
+        std::string bytes;
+        EXPECT_TRUE(WriteTypeFile(types, bytes).Ok());
+        return scratch_.File(name, bytes);
+    };
+    TypeDescription elsewhere;
+    elsewhere.kind = TypeKind::reference;
+    elsewhere.target = {4, 9};
+    elsewhere.referencedSize = 2;
+    const TypeDescription byte = NumberOfKind(TypeKind::unsignedShort);
+    const TypeDescription bytes = ArrayOf(byte, 2, 3);
+    const std::string old = file("old.typ", {oneOf, mode, real, byte, bytes});
+    std::string told;
+    const auto tell = [&](const std::vector<TypeDescription>& members) {
+        const std::string out = Diff(scratch_.Path("node.xif"), scratch_.Path("node.xif"),
+                                     {"--old-types", old, "--new-types", file("new.typ", members)})
+                                    .out;
+        told += out.substr(0, out.find("verdict"));
+    };
+    tell({oneOf, mode, real, byte, bytes});
+    tell({oneOf, mode, real, byte, ArrayOf(NumberOfKind(TypeKind::signedShort), 2, 3)});
+    tell({oneOf, mode, real, byte, elsewhere});
+    tell({mode, oneOf, real, byte, bytes});
+    real.floatInvalid = 8.5F;
+    mode.target.index = 2;
+    tell({oneOf, mode, real, byte, bytes});
+    EXPECT_EQ(
+        told,
+        R"(breaking: network variable 13 (nvoUnitState): structure of its type: ...at, m3: number, m4: bytes -> ...at, m3: number, m4: array of 2, m4[]: number [type-structure]
+breaking: network variable 13 (nvoUnitState): structure of its type: ...at, m3: number, m4: bytes -> ...at, m3: number, m4: type 9 of scope 4 [type-structure]
+breaking: network variable 13 (nvoUnitState): structure of its type: structure, m0: union, m0.small: number, m0.signed: number, m1: enumeration, m2: ... -> structure, m0: enumeration, m1: union, m1.small: number, m1.signed: number, m2: ... [type-structure]
+breaking: network variable 13 (nvoUnitState): values of its type, m1: set 1 of scope 4 -> set 2 of scope 4 [type-enumeration]
+harmless: network variable 13 (nvoUnitState): limits of its type, m2: -3.4028235E+38 to 3.4028235E+38, invalid 7.5 -> -3.4028235E+38 to 3.4028235E+38, invalid 8.5 [type-limits]
+)");
+}
+
 // Those of types that properties take from their variables as well.
 TEST_F(InterfaceDiff, TellsValuesAsPeopleReadThem) {
     const std::string inherited = "declaration=2,2~3,0\\x80,7,2;\nvalue=";
