@@ -80,9 +80,10 @@ TEST(Resources, AnotherLanguageKeepsTheEnglishTexts) {
 
 TEST(ErrorContextTest, TheInnermostStatementWins) {
     ErrorContext inner{.field = "direction", .file = "a.ini", .line = 0};
-    inner.FillFrom({.record = "nv 1", .field = "other", .file = "b.ini", .line = 7});
+    inner.FillFrom({.record = "nv 1", .field = "other", .file = "b.ini", .line = 7, .reason = "why"});
     EXPECT_EQ(inner.record, "nv 1");
     EXPECT_EQ(inner.field, "direction");
+    EXPECT_EQ(inner.reason, "why");
     EXPECT_EQ(inner.line, 0) << "a line of another file says nothing";
     inner.FillFrom({.record = "device", .line = 0});
     inner.FillFrom({.record = "device"});
