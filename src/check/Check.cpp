@@ -128,10 +128,12 @@ class Judgement {
                (finding.warning == Warning::ignoredSection || finding.warning == Warning::ignoredKey ||
                 finding.warning == Warning::ignoredElement || finding.warning == Warning::wrongFile);
     }
-    // Errors of the same value: rules may have several things to say of it, and one mend ends them all.
+    // Errors of the same value: rules and steps may have several things to say of it, and one mend ends them
+    // all. The step of the types names the type behind the record.
     static std::string ValueKey(const Finding& finding) {
         const ErrorContext& context = finding.context;
-        return CauseKey(finding, context.line) + '\n' + context.record + '\n' + context.field + '\n' +
+        return CauseKey(finding, context.line) + '\n' + std::to_string(context.column) + '\n' +
+               context.record.substr(0, context.record.find(" > ")) + '\n' + context.field + '\n' +
                context.value;
     }
     static std::string RecordKey(const Finding& finding) {
