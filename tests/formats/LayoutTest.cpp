@@ -1,4 +1,5 @@
 // The pieces of the format one by one: checksum, ranges, sizes, the order of sorted tables.
+#include <functional>
 #include <limits>
 
 #include "Fixtures.h"
@@ -120,6 +121,68 @@ TEST(Layout, SortedTablesCompareBytesAndFileNamesWithoutCase) {
     };
     EXPECT_EQ(order(0x353 + 20, 5), "42315");
     EXPECT_EQ(order(0x353 + 40 + 32, 4), "3412") << "equal names keep the order of their numbers";
+}
+
+// What an Outcome of writing says: "code: reason", empty where it was written.
+std::string Told(const Outcome& outcome) {
+    return outcome.Ok() ? "" : std::to_string(outcome.code) + ": " + outcome.reason;
+}
+std::string TypesTold(const std::function<void(TypeFile&)>& change) {
+    TypeFile file = MakeExampleSet().types;
+    CpType property;
+    static_cast<NvType&>(property) = {.name = "p", .size = 1, .type = NumberOfKind(TypeKind::signedShort)};
+    property.initial = property.minimum.emplace() = "\x01";
+    file.cpTypes = {property};
+    file.enumerations = {Enumeration{"e", "e.h", {{1, "A", {}}}}};
+    change(file);
+    std::string bytes;
+    return Told(WriteTypeFile(file, bytes));
+}
+std::string LanguageTold(const std::string& language, const std::string& text) {
+    LanguageFile file = MakeExampleSet().language;
+    file.language = language;
+    file.strings = {text};
+    std::string bytes;
+    return Told(WriteLanguageFile(file, bytes));
+}
+
+TEST(Layout, FilesThatDoNotFitTheFormatAreNotWritten) {
+    const std::string longest(255, 'x');
+    const std::string tooLong = longest + 'y';
+    const std::string badType = "20: type \"p\" does not fit the format";
+    const std::string badSet = "14: enumeration \"e\" does not fit the format";
+    EXPECT_EQ(TypesTold([](TypeFile&) {}), "");
+    EXPECT_EQ(
+        TypesTold([&](TypeFile& f) { f.cpTypes[0]->name = f.enumerations[0]->values[0].name = longest; }),
+        "");
+    EXPECT_EQ(TypesTold([&](TypeFile& f) { f.cpTypes[0]->name = tooLong; }),
+              "20: type \"" + tooLong + "\" does not fit the format");
+    EXPECT_EQ(TypesTold([](TypeFile& f) { f.cpTypes[0]->initial = "12"; }), badType);
+    EXPECT_EQ(TypesTold([](TypeFile& f) { f.cpTypes[0]->minimum = ""; }), badType);
+    EXPECT_EQ(TypesTold([](TypeFile& f) { f.nvTypes.assign(65535, std::nullopt); }), "");
+    EXPECT_EQ(TypesTold([](TypeFile& f) { f.nvTypes.assign(65536, std::nullopt); }),
+              "20: type \"\" does not fit the format");
+    EXPECT_EQ(TypesTold([&](TypeFile& f) { f.enumerations[0]->fileName = tooLong; }), badSet);
+    EXPECT_EQ(TypesTold([&](TypeFile& f) { f.enumerations[0]->values[0].name = tooLong; }), badSet);
+    EXPECT_EQ(TypesTold([](TypeFile& f) { f.enumerations[0]->values.resize(70000); }), badSet);
+    EXPECT_EQ(TypesTold([&](TypeFile& f) {
+                  f.enumerations[0]->values.assign(300, {1, longest, {}});
+              }),
+              badSet);
+    EXPECT_EQ(TypesTold([&](TypeFile& f) { f.header.webPage = tooLong; }),
+              "6: a text of the header has more than 255 bytes");
+    EXPECT_EQ(LanguageTold("enu", std::string(65531, 'x')), "");
+    EXPECT_EQ(LanguageTold("enu", std::string(65532, 'x')), "13: a string has more than 65,531 bytes");
+    EXPECT_EQ(LanguageTold("en", ""), "8: a language has three letters");
+    ProfileFile profiles = MakeExampleSet().profiles;
+    std::string bytes;
+    profiles.profiles.resize(65535);
+    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)), "");
+    profiles.profiles.resize(65536);
+    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)), "13: there are more than 65,535 profiles");
+    profiles.profiles = {Profile{.name = tooLong}};
+    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)),
+              "13: profile \"" + tooLong + "\" does not fit the format");
 }
 
 // Files that differ in the date of the header alone, and so in its checksum, are the same; not those that
