@@ -1,6 +1,7 @@
 // The table of the profile's values. All loaders and the writer work from it.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -110,10 +111,8 @@ static_assert(ProfileFieldsRiseByPlace());
 
 // The row of a value; the pointer must be one of the table's.
 constexpr const ProfileField& FieldOf(std::int32_t ProfileValues::*value) {
-    for (const ProfileField& field : kProfileFields)
-        if (field.value == value)
-            return field;
-    return kProfileFields.front();
+    return *std::find_if(kProfileFields.begin(), kProfileFields.end(),
+                         [value](const ProfileField& field) { return field.value == value; });
 }
 
 }  // namespace tovarek

@@ -98,17 +98,13 @@ class TemplatePlaces {
   private:
     template <class Field, class Record>
     static const Field& FieldOf(std::span<const Field> fields, std::int32_t Record::*member) {
-        for (const Field& field : fields)
-            if (field.number == member)
-                return field;
-        return fields.front();
+        return *std::find_if(fields.begin(), fields.end(),
+                             [member](const Field& field) { return field.number == member; });
     }
     template <class Field, class Record>
     static const Field& FieldOf(std::span<const Field> fields, std::string Record::*member) {
-        for (const Field& field : fields)
-            if (field.text == member)
-                return field;
-        return fields.front();
+        return *std::find_if(fields.begin(), fields.end(),
+                             [member](const Field& field) { return field.text == member; });
     }
     static std::string Text(std::int32_t value) { return std::to_string(value); }
     static const std::string& Text(const std::string& value) { return value; }

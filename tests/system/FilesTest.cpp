@@ -91,6 +91,19 @@ TEST(Files, PiecesOfEverySizeArriveInOrder) {
     EXPECT_EQ(ReadFile(scratch.Path("a")), expected);
 }
 
+TEST(Files, MoreThanAGibibyteIsRefusedUnread) {
+    if (kIsWindows)
+        GTEST_SKIP() << "the file would take its place on the disk";
+    const Scratch scratch;
+    const std::string path = scratch.File("holes.ini", "[a]");
+    std::filesystem::resize_file(path, (std::uintmax_t{1} << 30U) + 1);
+    const auto raised = Raised([&] { ReadFile(path); });
+    ASSERT_TRUE(raised);
+    EXPECT_EQ(raised->Number(), 7);
+    EXPECT_EQ(raised->Context().reason, "files of more than 1 GiB are not read");
+    EXPECT_EQ(ReadFile(path, 3), "[a]") << "the beginning is enough for who asks for no more";
+}
+
 TEST(Files, AnAbandonedFileKeepsWhatWasWritten) {
     const Scratch scratch;
     { OutputFile(scratch.Path("a")).Append("half"); }

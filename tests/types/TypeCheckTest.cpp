@@ -22,15 +22,11 @@ std::string Told(const std::vector<Finding>& findings) {
     return text;
 }
 
-// What is told, a line for each, as the files in expected/ hold it: nothing of the scratch folder, nor the
-// system's own words.
+// What is told, a line for each, as the files in expected/ hold it; the scratch folder is "~".
 std::string Sentences(const char* what, const std::vector<Finding>& findings, const Scratch& scratch) {
-    constexpr std::int32_t kSystemsWords[] = {76, 89, 128};
     std::string text = std::string(what) + "\n";
     for (const Finding& finding : findings) {
-        ErrorContext context = finding.context;
-        if (context.line == 0 && std::ranges::count(kSystemsWords, ShortNumber(finding.error)) > 0)
-            context.reason.erase(0, context.reason.find("; ")).insert(0, "*");
+        const ErrorContext& context = finding.context;
         text += "  " + context.record + " | " + context.field + " | " + context.value.substr(0, 20) + " | " +
                 context.reason + "\n";
         for (const FindingNote& note : finding.notes)
