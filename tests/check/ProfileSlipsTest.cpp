@@ -41,6 +41,7 @@ TEST(Check, EverySlipInAProfileIsFound) {
         ProfileXif("78125 0 0 0", "78125\t0 0 0 0", "9:1 not-a-number"),
         ProfileIni("firmware=7", "firmware=&H07", "34:10 not-a-number"),
         ProfileIni("[Line7]", "[Line 7]", "29:1 typeneuron"),
+        ProfileIni("[Line7]", "[Line8]\nstandardTransceiver=2\n[Line 7]", nullptr),
         ProfileIni("domains=2", "domain=2", "6:1 domainnumber"),
         ProfileXml("<ADDRESSES>15</ADDRESSES>", "<ADRESSES>15</ADRESSES>", "7:5 ignored-element"),
         {"profile.xml", "XIF_LINE8>", "XIF_LIN8>", nullptr, Form::xml, {}, true},
