@@ -84,4 +84,12 @@ struct CollectingSink : FindingSink {
     }
 };
 
+// What a test sees against the text in a file beside it. With TOVAREK_REWRITE in the environment the file is
+// written anew, for who changes messages and reads the difference.
+inline void ExpectText(const std::string& seen, const std::string& path) {
+    if (std::getenv("TOVAREK_REWRITE") != nullptr)
+        WriteFile(path, seen);
+    EXPECT_EQ(seen, ReadFile(path)) << "with TOVAREK_REWRITE=1 this test writes the text anew";
+}
+
 }  // namespace tovarek::test

@@ -214,7 +214,7 @@ inline void ExpectWhole(const std::string& whole) {
     const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
     if (kIsWindows && whole.find(" job.json:") != std::string::npos)
         return;
-    EXPECT_EQ(whole, ReadFile(std::string(TOVAREK_FINDINGS) + "/" + test + ".txt"));
+    ExpectText(whole, std::string(TOVAREK_FINDINGS) + "/" + test + ".txt");
 }
 
 inline void ExpectFindings(std::span<const Slip> slips) {

@@ -169,7 +169,7 @@ TEST_F(New, EachDeviceIsWhatItsTableSays) {
     }
     seen += ReadFile(scratch_.Path("switch/README.md"));
     UnsetVariable("COLUMNS");
-    EXPECT_EQ(seen, ReadFile(std::string(TOVAREK_EXPECTED) + "/starters.txt"));
+    ExpectText(seen, TOVAREK_EXPECTED "/starters.txt");
 }
 
 TEST_F(New, ProfileOrAllOfADeviceComesFromItsInterfaceFile) {

@@ -281,7 +281,7 @@ TEST_F(InterfaceDiff, JudgesEdits) {
         }
         WriteFile(table.edited, original);
     }
-    EXPECT_EQ(told_, ReadFile(TOVAREK_EXPECTED));
+    ExpectText(told_, TOVAREK_EXPECTED);
 }
 
 // An interface file says no more of own types than their length; the resource files beside it do.

@@ -105,8 +105,8 @@ TEST(Show, TakesTheSetsBesideAnInterfaceFileOrThoseThatAreNamed) {
         EXPECT_NE(named.find(line), std::string::npos) << line;
 }
 
-// Resource files name standard units by the numbers of the catalog that they were made with. The shipped one numbers texts
-// its own way, so it tells the unit only of what was made with it just now.
+// Resource files name standard units by the numbers of the catalog that they were made with. The shipped one
+// numbers texts its own way, so it tells the unit only of what was made with it just now.
 TEST(Show, TakesUnitsFromTheShippedCatalogForTypesOfAJobAlone) {
     const Example example;
     const std::string job = Call({"show", kExample + "/job.json"}).out;

@@ -218,7 +218,7 @@ TEST(TypeCheck, TellsEveryFaultOnceAndFirstWhatAGenerationRaises) {
         EXPECT_EQ(raised->Number(), error->error) << row.what;
         EXPECT_EQ(raised->Context().Sentence(), error->context.Sentence()) << row.what;
     }
-    EXPECT_EQ(sentences, ReadFile(std::string(TOVAREK_EXPECTED) + "/faults.txt"));
+    ExpectText(sentences, TOVAREK_EXPECTED "/faults.txt");
 }
 
 // What is read otherwise than it was written; nothing of it stops a generation.
@@ -323,7 +323,7 @@ TEST(TypeCheck, WarnsOfWhatIsReadOtherwise) {
         EXPECT_EQ(Told(told), row.told) << row.what;
         EXPECT_EQ(RaisedNumber([&] { device.Generate(); }), 0) << row.what;
     }
-    EXPECT_EQ(sentences, ReadFile(std::string(TOVAREK_EXPECTED) + "/readings.txt"));
+    ExpectText(sentences, TOVAREK_EXPECTED "/readings.txt");
 }
 
 TEST(TypeCheck, TellsOnceThatTheFormatFileHoldsNoTypes) {
