@@ -381,6 +381,13 @@ TEST(Profile, XmlElementsCountInsideTheirLine) {
     EXPECT_EQ(profile.rawData0, 1) << "what has no element keeps its value";
 }
 
+// An element that is missing from an XML profile is written as 0.
+TEST(Profile, BeginsWithZeros) {
+    const CProfile profile;
+    for (const ProfileField& field : kProfileFields)
+        EXPECT_EQ(profile.*field.value, 0) << field.name;
+}
+
 TEST(Profile, AnElementAloneIsLoadedAndThenRefused) {
     const Scratch scratch;
     const std::string path = scratch.File("p.xml", "<P><XIF_LINE6><DOMAINS>2</DOMAINS></XIF_LINE6></P>");
