@@ -72,9 +72,16 @@ TEST_F(DumpTest, StandardNamesComeFromTheCatalog) {
         GTEST_SKIP() << "no standard catalog was built";
     const InspectNode tree = InspectFile(types, catalog.get()).tree;
     EXPECT_EQ(At(tree, {"nvTypes", "3", "type", "members", "temp", "targetName"}), "SNVT_temp_p");
-    const std::string xif = scratch.File("belt.xif", kSmallXif);
-    EXPECT_EQ(At(InspectFile(xif, catalog.get()).tree, {"networkVariables", "nviSpeed", "standardTypeName"}),
-              "SNVT_temp_p");
+    for (const auto& [type, name] : {std::pair{"105", "SNVT_temp_p"},
+                                     {"1", "SNVT_amp"},
+                                     {"0", "no standardTypeName"},
+                                     {"65641", "no standardTypeName"}}) {
+        std::string xif(kSmallXif);
+        xif.replace(xif.find("105 *"), 3, type);
+        EXPECT_EQ(At(InspectFile(scratch.File("belt.xif", xif), catalog.get()).tree,
+                     {"networkVariables", "nviSpeed", "standardTypeName"}),
+                  name);
+    }
 }
 
 // The shipped catalog numbers most of its strings itself: other makers mean something else by them.
