@@ -17,7 +17,7 @@ failures=0
 until in_space $space "$@"; do
     status=$?
     space=$((space + 64))
-    if [ $status -eq 127 ] && grep -q 'error while loading shared libraries' "$work/error"; then
+    if [ $status -eq 127 ] && grep -Eq 'error while loading shared libraries|cannot allocate TLS' "$work/error"; then
         continue
     fi
     if [ $status -ne 1 ] || [ -s "$work/out" ] || ! head -n 1 "$work/error" | grep -q '^tovarek: error 7 outOfMemory: '; then
