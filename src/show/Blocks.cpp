@@ -73,14 +73,14 @@ Membership PropertyOf(std::string_view text) {
 }
 
 Membership MemberOf(std::string_view text) {
-    Membership found;
     const std::size_t end = text.find_first_of("|#");
     if (end == std::string_view::npos)
-        return found;
+        return {};
     std::string_view member = text.substr(end + 1);
     const std::string_view digits = TakeDigits(member);
     if (digits.empty())
-        return found;
+        return {};
+    Membership found;
     found.member = (text[end] == '#' ? "#" : "") + std::string(digits);
     found.blocks = RangesOf(text.substr(0, std::min(text.find('['), end)));
     return found;

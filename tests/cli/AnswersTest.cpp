@@ -57,6 +57,7 @@ TEST(Answers, AreThoseOfTheSession) {
                           R"("mustGenerateTypes": false, "outputXIFfile": "odd.xif"})");
     WriteFile("xif.json", R"({"iniTemplateFile": "template.ini", "iniProfileFile": "profile.ini", )"
                           R"("mustGenerateTypes": false, "outputXIFfile": "node.xif"})");
+    WriteFile("lame.ini", "[general\nprogramID=9FFFFF5014030401\n");
     WriteFile("jobs.txt", "xif.json\nodd.json\n");
     WriteFile("edited.ini", Replaced(Replaced(ReadFile("template.ini"), "nviRequest", "nviDemand"),
                                      "maxRate=8", "maxRate=9"));
