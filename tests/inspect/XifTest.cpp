@@ -105,6 +105,7 @@ TEST(XifReader, NamesTheLineThatIsWrong) {
              {Replaced("0 1 63 0 2 1 0 1 0 1 0 0 0", "0 1 63"), "line 19: too few numbers"},
              {Replaced("105 *   1", "105 *   x"), "line 21: "},
              {Replaced("VAR nviSpeed 0 0 0 0", "VAR"), "line 18: VAR has no name"},
+             {Replaced("VAR nviSpeed 0 0 0 0", "VAR nviSpeed"), "line 18: too few numbers in VAR"},
              {Replaced("0x0258", "0x025"), "is not a value"},
              {Replaced("0 * 4", "0 * 5"), "an element"},
              {Replaced("0 * 4", "0 * -1"), "negative"},
