@@ -82,11 +82,11 @@ TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
         Xml("<FILETYPEIIVERSION>1.0<", "<FILETYPEIIVERSION>\n1.0<", "9:3 line-break"),
         Xml("<SISD>1,1,0\\x80,52,2;</SISD>", "<SISD>1,1,0\\x80,52,2;\n</SISD>", "131:7 line-break"),
         {"template.xml", "", "", "131:7 joined-names", Form::xml, {"--addNameInCpString", "true"}},
-        {"template.ini",
+        {"template.xml",
          "0,,0\\x80,17,31;",
-         "0,,0\\x80,17,31",
-         "154:13 odd-declaration",
-         Form::ini,
+         "0,,0\\x80,17,31;x",
+         "126:7 odd-declaration; 135:7 joined-names",
+         Form::xml,
          {"--addNameInCpString", "true"}},
     };
     ExpectFindings(slips);
