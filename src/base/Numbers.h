@@ -2,6 +2,7 @@
 // and 32-bit arithmetic that never wraps. None of it depends on a locale.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -30,6 +31,15 @@ std::int32_t RoundToInt32(double value);
 std::int32_t LeadingInt32(std::string_view text);
 // The same; nothing where that is outside the range.
 std::optional<std::int32_t> FittingInt32(std::string_view text);
+
+// The number that all of `text` is, digits of `base` behind at most a minus sign; nothing for any other text
+// and for what a Number cannot hold.
+template <class Number>
+std::optional<Number> ExactNumber(std::string_view text, int base = 10) {
+    Number value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
+}
 
 // Why a number is refused that does not fit.
 inline constexpr const char* kOf32Bits = "numbers here are whole and lie between -2147483648 and 2147483647";

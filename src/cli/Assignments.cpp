@@ -1,11 +1,11 @@
 #include "cli/Assignments.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <vector>
 
 #include "base/Nearest.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "cli/Json.h"
 #include "cli/Locations.h"
@@ -46,14 +46,6 @@ std::optional<bool> BooleanOf(const std::string& text) {
     return std::nullopt;
 }
 
-std::optional<std::int32_t> IntegerOf(const std::string& text) {
-    std::int32_t value = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
-        return std::nullopt;
-    return value;
-}
-
 PropertyValue ValueOfText(const Property& property, const std::string& text) {
     switch (property.kind) {
         case PropertyKind::boolean:
@@ -61,7 +53,7 @@ PropertyValue ValueOfText(const Property& property, const std::string& text) {
                 return *value;
             RefuseValue(property, text, kBooleanWanted);
         case PropertyKind::integer:
-            if (const auto value = IntegerOf(text))
+            if (const auto value = ExactNumber<std::int32_t>(text))
                 return *value;
             RefuseValue(property, text, kIntegerWanted);
         case PropertyKind::node: {

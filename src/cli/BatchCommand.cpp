@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <charconv>
 #include <exception>
 #include <map>
 #include <mutex>
@@ -13,6 +12,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Path.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
@@ -32,10 +32,8 @@ constexpr unsigned kMostThreads = 256;
 unsigned ThreadCount(const std::string& text) {
     if (text.empty())
         return std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
-    unsigned count = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), count);
-    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || count < 1 ||
-        count > kMostThreads)
+    const unsigned count = ExactNumber<unsigned>(text).value_or(0);
+    if (count < 1 || count > kMostThreads)
         throw WrongUse("--jobs is '" + Excerpt(text) + "'; give how many jobs run at a time, 1 to 256");
     return count;
 }

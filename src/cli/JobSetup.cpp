@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Path.h"
 #include "cli/Assignments.h"
 #include "cli/Locations.h"
@@ -109,13 +109,11 @@ void TakeClockFromEnvironment(Tovarek& component) {
     if (variable == nullptr || *variable == '\0')
         return;
     const std::string_view text = variable;
-    std::int64_t seconds = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || seconds < 0 ||
-        seconds > kEndOf9999)
+    const auto seconds = ExactNumber<std::int64_t>(text);
+    if (!seconds || *seconds < 0 || *seconds > kEndOf9999)
         throw WrongUse("SOURCE_DATE_EPOCH is '" + std::string(text) +
                        "'; give whole seconds since 1970, up to the year 9999, or unset it");
-    component.SetClock(FixedClock(seconds));
+    component.SetClock(FixedClock(*seconds));
 }
 
 bool TakesUsualCatalog(const Tovarek& component) {

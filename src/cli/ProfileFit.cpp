@@ -1,9 +1,9 @@
 #include "cli/ProfileFit.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "base/Nearest.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
 
@@ -22,14 +22,12 @@ FieldValue FieldValueOf(const std::string& pair) {
                        "' names no field of a profile; give FIELD=VALUE, such as typeNeuron=0" +
                        DidYouMean(pair.substr(0, equals), names));
     }
-    FieldValue given{field, 0};
-    const char* const begin = pair.data() + std::min(equals + 1, pair.size());
-    const char* const end = pair.data() + pair.size();
-    if (const auto parsed = std::from_chars(begin, end, given.value);
-        parsed.ec != std::errc() || parsed.ptr != end)
+    const auto value =
+        ExactNumber<std::int32_t>(std::string_view(pair).substr(std::min(equals + 1, pair.size())));
+    if (!value)
         throw WrongUse("--set '" + Excerpt(pair) + "' gives no number; give " + std::string(field->iniKey) +
                        "=NUMBER");
-    return given;
+    return {field, *value};
 }
 
 std::string ReplacementText(const Replacement& replaced) {

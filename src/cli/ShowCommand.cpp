@@ -1,10 +1,10 @@
 #include "cli/ShowCommand.h"
 
 #include <array>
-#include <charconv>
 #include <cstdlib>
 #include <ostream>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "cli/Assignments.h"
 #include "cli/Json.h"
@@ -20,12 +20,8 @@ std::size_t LineWidth(bool outIsTerminal) {
     constexpr std::size_t kUsual = 80;
     constexpr std::size_t kMost = 1000;
     std::size_t width = outIsTerminal ? TerminalWidth() : 0;
-    if (const char* const columns = std::getenv("COLUMNS"); columns != nullptr) {
-        const std::string_view text = columns;
-        std::size_t told = 0;
-        if (std::from_chars(text.data(), text.data() + text.size(), told).ptr == text.data() + text.size())
-            width = told;
-    }
+    if (const char* const columns = std::getenv("COLUMNS"); columns != nullptr)
+        width = ExactNumber<std::size_t>(columns).value_or(width);
     return width == 0 || width > kMost ? kUsual : width;
 }
 

@@ -1,10 +1,10 @@
 #include "cli/ValueCommand.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <ostream>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "cli/CatalogFind.h"
 #include "cli/Json.h"
@@ -58,9 +58,8 @@ class TypeFinder {
         if (open == std::string::npos || !word.ends_with(']'))
             return 0;
         const std::string_view digits = std::string_view(word).substr(open + 1, word.size() - open - 2);
-        std::size_t count = 0;
-        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), count);
-        if (parsed.ec != std::errc() || parsed.ptr != digits.data() + digits.size() || count == 0)
+        const std::size_t count = ExactNumber<std::size_t>(digits).value_or(0);
+        if (count == 0)
             throw NoArray(digits);
         word.resize(open);
         return count;
@@ -125,10 +124,8 @@ class TypeFinder {
         std::string_view digits = word;
         if (UpperCase(word).starts_with(options_.prefix))
             digits.remove_prefix(options_.prefix.size());
-        std::int32_t number = 0;
-        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-        if (parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size())
-            return number > kLargestStandardIndex ? std::optional(number) : std::nullopt;
+        if (const auto number = ExactNumber<std::int32_t>(digits))
+            return *number > kLargestStandardIndex ? number : std::nullopt;
         const std::vector<std::int32_t> named = DefinedTypesNamed(options_.formatFile, options_.prefix, word);
         if (named.size() > 1)
             throw NoType{false, "'" + Excerpt(word) + "' names several type elements of the format file, " +

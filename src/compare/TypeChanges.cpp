@@ -82,10 +82,9 @@ class TypeRows {
             case ValueShape::text:
                 return "text";
             case ValueShape::bytes:
-                return type.kind == TypeKind::reference && shown.type == nullptr
-                           ? "type " + std::to_string(type.target.index) + " of scope " +
-                                 std::to_string(type.target.scope)
-                           : "bytes";
+                return shown.type == nullptr ? "type " + std::to_string(type.target.index) + " of scope " +
+                                                   std::to_string(type.target.scope)
+                                             : "bytes";
             case ValueShape::array:
                 return "array of " + std::to_string(shown.type->count);
             case ValueShape::structure:

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "formats/xif/XifBuffers.h"
 #include "formats/xif/XifProperties.h"
@@ -175,21 +175,16 @@ InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names
 
 // Digits as the number that they are; what is none, or no 64-bit number, as it stands. Nothing for nothing.
 void AddDigits(InspectNode& node, std::string_view name, const std::string& digits) {
-    std::int64_t number = 0;
-    const char* end = digits.data() + digits.size();
-    const auto parsed = std::from_chars(digits.data(), end, number);
-    if (parsed.ec == std::errc() && parsed.ptr == end)
-        node.Number(name, number);
+    if (const auto number = ExactNumber<std::int64_t>(digits))
+        node.Number(name, *number);
     else if (!digits.empty())
         node.Text(name, digits);
 }
 
 // The name of a standard property type; empty for others, and where it is not known.
 std::string StandardTypeName(const XifProperty& property, const ResourceNames& names) {
-    std::uint16_t index = 0;
-    const auto parsed =
-        std::from_chars(property.type.data(), property.type.data() + property.type.size(), index);
-    return property.scope == "0" && parsed.ec == std::errc() ? names.CpName({0, index}) : std::string();
+    const auto index = ExactNumber<std::uint16_t>(property.type);
+    return property.scope == "0" && index ? names.CpName({0, *index}) : std::string();
 }
 
 InspectNode PropertyNode(const XifProperty& property, const ResourceNames& names) {

@@ -192,7 +192,7 @@ class ResourceLister {
     void Record(RecordKind kind, std::size_t end) {
         const std::size_t start = cursor_.Position();
         const std::size_t head = kind == RecordKind::string ? 5 : 4;
-        const std::string_view bytes = cursor_.Peek(std::min(head, end - start));
+        const std::string_view bytes = cursor_.Peek(head);
         std::size_t number = 0;
         std::size_t length = 0;
         for (std::size_t i = 0; i < bytes.size(); ++i) {

@@ -12,7 +12,7 @@ namespace tovarek {
 int IniReading::LineMeantFor(const NumberedSections& row) const {
     std::vector<std::string> unread;
     if (!HasSection(row.section)) {
-        if (const int stray = LineOfStray(row.count); stray > 0)
+        if (const int stray = LineOfStray(row.count); stray != 0)
             return stray;
         for (const Section& section : all_)
             if (section.body != nullptr && !section.isAsked &&

@@ -1,8 +1,8 @@
 #include "template/Declaration.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 
 namespace tovarek {
@@ -112,9 +112,7 @@ std::optional<PropertyOwner> OwnerOfProperty(std::string_view declaration) {
                         .selection = std::string(fields[1])};
     for (std::string_view rest = fields[1]; !rest.empty();) {
         const std::size_t end = std::min(rest.find_first_of(".~"), rest.size());
-        std::int64_t position = INT32_MAX;
-        const auto parsed = std::from_chars(rest.data(), rest.data() + end, position);
-        owner.positions.push_back(parsed.ec == std::errc() ? position : INT32_MAX);
+        owner.positions.push_back(ExactNumber<std::int64_t>(rest.substr(0, end)).value_or(INT32_MAX));
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return owner;

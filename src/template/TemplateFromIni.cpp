@@ -1,11 +1,9 @@
 // The INI form of a template: sections "general", "nvs", "tags" and "cps", and one numbered section per
 // record.
 #include <algorithm>
-#include <charconv>
 #include <map>
 
 #include "base/Numbers.h"
-#include "base/Text.h"
 #include "support/cIni.h"
 #include "template/CTemplate.h"
 #include "template/TemplatePlaces.h"
@@ -43,15 +41,8 @@ void CountEntriesBehind(const IniText& text, const CTemplate& source, std::int32
     IniSection section;
     std::map<std::int32_t, std::int32_t> arrays;
     text.ForEachSection([&](std::string_view name) {
-        constexpr std::string_view kPrefix = RecordNames<CNv>::iniPrefix;
-        if (name.size() <= kPrefix.size() || !CaselessEqual()(name.substr(0, kPrefix.size()), kPrefix))
-            return;
-        const std::string_view digits = name.substr(kPrefix.size());
-        std::int32_t number = 0;
-        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-        const bool isNumber = parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size() &&
-                              IsDigit(digits.front()) && digits.front() != '0';
-        if (!isNumber || number <= lastRead || number > count)
+        const std::int32_t number = NumberBehind(name, RecordNames<CNv>::iniPrefix);
+        if (number <= lastRead || number > count)
             return;
         text.ReadSection(name, section);
         if (const std::int32_t arraySize = section.LongValue("arraySize", 0); arraySize > 1)

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/Nearest.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "system/CodePage.h"
 #include "values/Scaling.h"
@@ -19,11 +20,7 @@ std::optional<std::int64_t> WholeNumber(std::string_view text) {
     const bool isHex = text.starts_with("0x") || text.starts_with("0X");
     if (isHex)
         text.remove_prefix(2);
-    std::int64_t number = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number, isHex ? 16 : 10);
-    if (text.empty() || parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
-        return std::nullopt;
-    return number;
+    return ExactNumber<std::int64_t>(text, isHex ? 16 : 10);
 }
 
 std::string Shown(std::string_view text) {

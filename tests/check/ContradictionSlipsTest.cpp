@@ -126,6 +126,12 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
         {"user-types.xml", "UCPTS>", "UCPT>", "4:1 ignored-element", Form::xml, {}, true},
         {"user-types.xml", "_5>", "_7>", "42:3 ignored-element", Form::xml, {}, true},
         {"user-types.xml", "UCPT_2>", "SNVT_2>", "15:7 mixed-types", Form::xml, {}, true},
+        UserTypeSlip("<_5>\n    <_9FFFFF5014030400>\n      <UCPT_1>\n        <NAME>valveTime</NAME>\n        "
+                     "<SNVTTYPE>107</SNVTTYPE>\n        <MAXRAWVAL>1770</MAXRAWVAL>\n        "
+                     "<INITRAWVAL>0384</INITRAWVAL>\n      </UCPT_1>\n    </_9FFFFF5014030400>\n  </_5>",
+                     "<_4><_9FFFFF5014000000><UCPT_1><NAME>other</NAME><SNVTTYPE>340</SNVTTYPE></UCPT_1>"
+                     "</_9FFFFF5014000000></_4><_7/>",
+                     "42:26 duplicate-type; 42:110 ignored-element"),
         UserTypeSlip("<UCPT_1>\n        <NAME>powerLimit</NAME>\n        <SNVTTYPE>302</SNVTTYPE>\n        "
                      "<MINRAWVAL>00000000</MINRAWVAL>\n        <MAXRAWVAL>451C4000</MAXRAWVAL>\n        "
                      "<INITRAWVAL>44BB8000</INITRAWVAL>\n      </UCPT_1>",

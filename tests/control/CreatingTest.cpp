@@ -189,6 +189,7 @@ TEST_F(Creating, EnumerationIsFilledToItsLastByte) {
 TEST_F(Creating, ElementsThatTheKindDoesNotHaveAreCode16) {
     OpenTypes();
     EXPECT_EQ(types.DescribeUnsigned({}, 1, {}), 21) << "nothing is started";
+    EXPECT_EQ(types.DescribeStructure({}, 1), 21);
     ASSERT_EQ(types.StartType("UNVT_x"), 0);
     for (const int length : {0, 3, 8, -1}) {
         EXPECT_EQ(types.DescribeSigned({}, length, {}), 16);
@@ -253,6 +254,7 @@ TEST_F(Creating, MembersAreCounted) {
     EXPECT_EQ(types.RegisterNetworkVariableType(1), 23);
     EXPECT_EQ(types.DescribeUnsigned({.name = "b"}, 1, {}), 0);
     EXPECT_EQ(types.DescribeUnsigned({.name = "c"}, 1, {}), 17) << "no third member";
+    EXPECT_EQ(types.DescribeStructure({.name = "c"}, 1), 17);
     EXPECT_EQ(types.CompleteType(), 22);
     EXPECT_EQ(types.CompleteType(), 21);
     EXPECT_EQ(types.RegisterNetworkVariableType(1), 0);

@@ -134,7 +134,7 @@ TypeDescription Reference(std::uint8_t scope, std::uint16_t index, std::uint8_t 
     return type;
 }
 
-// A set of scope 3 with three types of variables and one of properties.
+// A set of scope 3 with four types of variables and one of properties.
 TypeFile OddTypes() {
     TypeFile file;
     file.header.title = TitleText(ResourceKind::type, 1, 0);
@@ -182,7 +182,8 @@ TypeFile OddTypes() {
     member->type.maximum = 2;
     outer.size = static_cast<std::uint16_t>(SizeOf(outer.type));
     const NvType plain{.name = "plain", .size = 2, .type = Reference(0, 105, 2)};
-    file.nvTypes = {inner, outer, plain};
+    const NvType amps{.name = "amps", .size = 2, .type = Reference(0, 1, 2)};
+    file.nvTypes = {inner, outer, plain, amps};
     file.enumerations = {Enumeration{"modes", "my modes.h", {{1, "A", {4, 7}}, {2, "2nd", {}}}}};
     CpType property;
     property.name = "_1_limit";
@@ -212,7 +213,7 @@ TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
     for (const std::string kind : {"unvts", "ucpts"}) {
         Generate(Out("odd-" + kind + ".json"), "odd");
         const ResourceSetInput again = ReadResourceSet(Out("odd/Odd-" + kind + "_3.typ"));
-        EXPECT_EQ(again.types.nvTypes.size(), kind == "unvts" ? 3U : 0U);
+        EXPECT_EQ(again.types.nvTypes.size(), kind == "unvts" ? 4U : 0U);
         EXPECT_EQ(again.types.cpTypes.size(), kind == "ucpts" ? 1U : 0U);
         for (std::size_t i = 0; i < again.types.nvTypes.size(); ++i)
             EXPECT_EQ(again.types.nvTypes[i]->size, OddTypes().nvTypes[i]->size);
@@ -222,10 +223,12 @@ TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
 TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
     TypeFile file = OddTypes();
     file.header.scope = 6;
+    file.header.webPage = "works.example\r\nsecond line";
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
     scratch_.File("Own.fmt", "UNVTouter#SI: text(\"%d\",\r\n wide);\r\n");
-    Converted({scratch_.File("Own.typ", bytes)}, "own");
+    const std::string losses = Converted({scratch_.File("Own.typ", bytes)}, "own").dump();
+    EXPECT_NE(losses.find("web page"), std::string::npos) << losses;
     EXPECT_NE(ReadFile(Out("own-format.xml")).find("<UNITS>\r\n      <SI>\r\n      </SI>"), std::string::npos)
         << "a display format without a unit keeps its name";
     EXPECT_NE(ReadFile(Out("own-template.xml")).find("<MINRAWVAL>0000</MINRAWVAL>"), std::string::npos)

@@ -26,15 +26,6 @@ std::optional<double> TakeNumber(std::string_view& text) {
     return negative ? -value : value;
 }
 
-template <class Integer>
-std::optional<Integer> WholeNumber(std::string_view text, Integer largest) {
-    Integer value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value > largest)
-        return std::nullopt;
-    return value;
-}
-
 // Takes "(scope:number)" from the end of `text`.
 void TakeUnit(std::string_view& text, StringRef& unit) {
     if (!text.ends_with(')'))
@@ -46,11 +37,11 @@ void TakeUnit(std::string_view& text, StringRef& unit) {
     const std::size_t colon = inside.find(':');
     if (colon == std::string_view::npos)
         return;
-    const auto scope = WholeNumber<std::uint32_t>(Trim(inside.substr(0, colon)), 6);
-    const auto number = WholeNumber<std::uint32_t>(Trim(inside.substr(colon + 1)), kLastString);
-    if (!scope || !number)
+    const auto scope = ExactNumber<std::uint8_t>(Trim(inside.substr(0, colon)));
+    const auto number = ExactNumber<std::uint32_t>(Trim(inside.substr(colon + 1)));
+    if (!scope || *scope > 6 || !number || *number > kLastString)
         return;
-    unit = {static_cast<std::uint8_t>(*scope), *number};
+    unit = {*scope, *number};
     text = Trim(text.substr(0, open));
 }
 

@@ -164,7 +164,7 @@ bool TypeFileView::DecodeEnumeration(std::size_t number, Enumeration& enumeratio
             return false;
         name.Bytes(offset - kRecordHead);
         const std::string_view bytes = name.Name();
-        names += bytes.size() + 1;
+        names += bytes.size();
         if (name.Failed() || names > whole.Remaining())
             return false;
         value.name = FromCodePage(bytes);

@@ -1,8 +1,8 @@
 #include "formats/xif/XifFile.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "formats/xif/XifValues.h"
 #include "system/CodePage.h"
@@ -34,16 +34,6 @@ std::vector<std::string_view> Words(std::string_view line) {
         words.push_back(line.substr(0, end));
         line.remove_prefix(end);
     }
-}
-
-bool ParseNumber(std::string_view word, XifNumber& number) {
-    number.reset();
-    if (word == "*")
-        return true;
-    std::int64_t value = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
-    number = value;
-    return error == std::errc() && end == word.data() + word.size();
 }
 
 bool IsControl(char c) {
@@ -130,7 +120,7 @@ class XifReader {
     bool ParseNumbers(const std::vector<std::string_view>& words, const char* role, std::size_t least,
                       std::vector<XifNumber>& numbers) {
         for (const std::string_view word : words)
-            if (!ParseNumber(word, numbers.emplace_back()))
+            if (!numbers.emplace_back(ExactNumber<std::int64_t>(word)) && word != "*")
                 return Fail("\"" + Excerpt(FromCodePage(word)) +
                             "\" is not a number; only numbers may stand in " + role);
         return numbers.size() >= least || Fail(std::string("too few numbers in ") + role);
