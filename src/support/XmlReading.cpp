@@ -45,9 +45,9 @@ std::string UnreadTextReason(const XmlNode& element, const UnreadText& unread, b
     std::string reason = "the text \"" + Excerpt(Trim(unread.text.Text())) + "\" in " + Tag(element);
     if (!isValue)
         return reason + " is not read: only elements in it are";
-    if (unread.before && unread.before.IsElement())
+    if (unread.before.IsElement())
         reason += " behind " + Tag(unread.before);
-    else if (unread.before && unread.before.Kind() == XmlNodeKind::comment)
+    else if (unread.before.Kind() == XmlNodeKind::comment)
         reason += " behind a comment";
     return reason + " is not read: only the first text of an element is";
 }
