@@ -6,6 +6,7 @@
 namespace tovarek::test {
 namespace {
 
+const std::string kLongText = "selfdoc=" + std::string(1000, 'x') + "\n";
 const Slip kIniTemplate[] = {
     {"template.ini", "direction=1\ntype=93", "direction=output\ntype=93", "37:11 not-a-number"},
     {"template.ini", "direction=1\ntype=93", "direction=1\ntype=SNVT_obj_status",
@@ -18,6 +19,7 @@ const Slip kIniTemplate[] = {
     {"template.ini", "direction=1\ntype=93", "direction=1\nTyp=93", "38:1 nvtype"},
     {"template.ini", "programID=9", "programID: 9", "5:1 programid"},
     {"template.ini", "[nv3]", "nv3]", "13:19 nvname"},
+    {"template.ini", "selfdoc=@0|1\n", kLongText.c_str(), "29:9 cut-text"},
     {"template.ini", "maximumNumberOfNvs=20", "maximumNumberOfNvs=4294967316", "14:20 overflowed-number"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=13", "131:1 ignored-section"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=15", "13:19 nvname"},

@@ -125,6 +125,7 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
     const Slip slips[] = {
         {"user-types.xml", "UCPTS>", "UCPT>", "4:1 ignored-element", Form::xml, {}, true},
         {"user-types.xml", "_5>", "_7>", "42:3 ignored-element", Form::xml, {}, true},
+        {"user-types.xml", "_5>", "_6>", "42:3 ignored-element", Form::xml, {}, true},
         {"user-types.xml", "UCPT_2>", "SNVT_2>", "15:7 mixed-types", Form::xml, {}, true},
         UserTypeSlip("<_5>\n    <_9FFFFF5014030400>\n      <UCPT_1>\n        <NAME>valveTime</NAME>\n        "
                      "<SNVTTYPE>107</SNVTTYPE>\n        <MAXRAWVAL>1770</MAXRAWVAL>\n        "

@@ -8,6 +8,7 @@
 #include "Program.h"
 #include "Slips.h"
 #include "cli/Mending.h"
+#include "mend/MendedBytes.h"
 
 namespace tovarek::test {
 namespace {
@@ -121,6 +122,52 @@ TEST(Mend, EveryOtherByteStaysInEveryEncoding) {
             check.Run({"--fix"});
             EXPECT_EQ(HexText(ReadFile(check.Path(slip.file))), HexText(form(mended))) << slip.wrong;
         }
+    }
+}
+
+TEST(Mend, PiecesThatDoNotFitTheirFileAreRefused) {
+    const std::string mark = kUtf8Mark;
+    const std::string noPlace = "its place is not in the file";
+    const std::string touched = "another mend changes the same place; check again behind it";
+    const struct {
+        std::string bytes;
+        std::vector<Piece> pieces;
+        std::string refusal;
+        std::string mended;  // where nothing is refused
+    } rows[] = {
+        {"ab\r\ncd", {{1, 2, 1, "x"}}, "", "ax\r\ncd"},
+        {"ab\r\ncd", {{1, 3, 0, "x"}}, "", "abx\r\ncd"},
+        {"ab\r\ncd", {{1, 3, 1, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{1, 4, 0, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{3, 1, 0, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{0, 1, 0, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{1, 0, 0, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{1, 1, -1, "x"}}, noPlace, ""},
+        {"ab\r\ncd", {{1, 1, 0, "\xC3\xA4"}}, noPlace, ""},
+        {"a\rb\n", {{2, 1, 1, "x\n"}}, "", "a\rx\n\n"},
+        {"a b", {{1, 3, 1, "y"}, {1, 1, 1, "x"}}, "", "x y"},
+        {"ab", {{1, 1, 1, "x"}, {1, 1, 1, "x"}}, "", "xb"},
+        {"ab", {{1, 1, 1, "x"}, {1, 1, 1, "y"}}, touched, ""},
+        {"ab", {{1, 1, 1, "x"}, {1, 2, 1, "y"}}, touched, ""},
+        {"a", {{1, 1, 0, mark}}, "", mark + "a"},
+        {mark + "a", {{1, 1, 0, mark}}, "the file has a mark of its encoding", ""},
+        {{"\xFF\xFE\x3D\xD8\0\xDE"
+          "a\0",
+          8},
+         {{1, 2, 1, "b"}},
+         "",
+         {"\xFF\xFE\x3D\xD8\0\xDE"
+          "b\0",
+          8}},
+        {"<?xml version='1.0' encoding='Shift_JIS'?>\n<a>\x83\x41</a>",
+         {{2, 2, 1, "b"}},
+         "characters of its line have several bytes in the encoding of the file, so mend it by hand",
+         ""},
+    };
+    for (const auto& row : rows) {
+        MendedBytes file(row.bytes);
+        EXPECT_EQ(file.Add(row.pieces), row.refusal) << row.bytes;
+        EXPECT_EQ(HexText(file.New()), HexText(row.refusal.empty() ? row.mended : row.bytes));
     }
 }
 

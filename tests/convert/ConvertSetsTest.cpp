@@ -244,6 +244,9 @@ TEST_F(ConvertSets, WrongUseTellsWhatBelongsTogether) {
     file.header.scope = 6;
     ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
     const std::string own = scratch_.File("Own.typ", bytes);
+    file.header.scope = 0;
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    const std::string standard = scratch_.File("Standard.typ", bytes);
     const std::string ini = scratch_.File("t.ini", "[nvs]\nnumberOfStaticNvs=0\n");
     const std::string out = Out("f.xml");
     const struct {
@@ -257,6 +260,7 @@ TEST_F(ConvertSets, WrongUseTellsWhatBelongsTogether) {
         {{own, "--format-file", out}, 2, "give --template FILE"},
         {{own, "--format-file", out, "--template", Out("t.xml"), "--job", Out("j.json")}, 2, "a job that"},
         {{odd, "--format-file", Out("f.ini"), "--user-types", Out("u.xml")}, 2, "call the file .xml"},
+        {{standard, "--format-file", out}, 2, "belongs to the standard set"},
         {{odd, twin, "--format-file", out, "--user-types", Out("u.xml")}, 2, "two resource sets are of"},
         {{odd, ini, "--format-file", out, "--user-types", Out("u.xml")}, 2, "alone or with an XIF"},
         {{ini, "--format-file", out}, 2, "no input holds what --format-file"},

@@ -146,6 +146,18 @@ std::string LanguageTold(const std::string& language, const std::string& text) {
     return Told(WriteLanguageFile(file, bytes));
 }
 
+std::string ProfilesTold(const std::function<void(Profile&)>& change, std::size_t count = 1) {
+    ProfileFile file = MakeExampleSet().profiles;
+    file.profiles.resize(count);
+    Profile& profile = file.profiles.front().emplace(Profile{.name = "p"});
+    profile.nvs = {ProfileNv()};
+    profile.nvs.front().values.size = 1;
+    profile.cps = {ProfileCp()};
+    change(profile);
+    std::string bytes;
+    return Told(WriteProfileFile(file, bytes));
+}
+
 TEST(Layout, FilesThatDoNotFitTheFormatAreNotWritten) {
     const std::string longest(255, 'x');
     const std::string tooLong = longest + 'y';
@@ -174,15 +186,41 @@ TEST(Layout, FilesThatDoNotFitTheFormatAreNotWritten) {
     EXPECT_EQ(LanguageTold("enu", std::string(65531, 'x')), "");
     EXPECT_EQ(LanguageTold("enu", std::string(65532, 'x')), "13: a string has more than 65,531 bytes");
     EXPECT_EQ(LanguageTold("en", ""), "8: a language has three letters");
-    ProfileFile profiles = MakeExampleSet().profiles;
-    std::string bytes;
-    profiles.profiles.resize(65535);
-    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)), "");
-    profiles.profiles.resize(65536);
-    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)), "13: there are more than 65,535 profiles");
-    profiles.profiles = {Profile{.name = tooLong}};
-    EXPECT_EQ(Told(WriteProfileFile(profiles, bytes)),
+}
+
+TEST(Layout, ProfilesThatDoNotFitTheFormatAreNotWritten) {
+    const std::string tooLong(256, 'x');
+    const std::string badProfile = "13: profile \"p\" does not fit the format";
+    EXPECT_EQ(ProfilesTold([](Profile&) {}, 65535), "");
+    EXPECT_EQ(ProfilesTold([](Profile&) {}, 65536), "13: there are more than 65,535 profiles");
+    EXPECT_EQ(ProfilesTold([&](Profile& p) { p.name = tooLong; }),
               "13: profile \"" + tooLong + "\" does not fit the format");
+    const auto resize = [](int mandatory, int optional) {
+        return [=](Profile& p) {
+            p.nvs.assign(static_cast<std::size_t>(mandatory + optional), p.nvs.front());
+            p.cps.resize(p.nvs.size());
+            for (std::size_t i = 0; i < static_cast<std::size_t>(mandatory); ++i)
+                p.nvs[i].mandatory = p.cps[i].mandatory = true;
+        };
+    };
+    EXPECT_EQ(ProfilesTold(resize(255, 255)), "");
+    EXPECT_EQ(ProfilesTold(resize(256, 0)), badProfile);
+    EXPECT_EQ(ProfilesTold(resize(0, 256)), badProfile);
+    EXPECT_EQ(ProfilesTold([](Profile& p) { p.cps.resize(256); }), badProfile);
+    EXPECT_EQ(ProfilesTold([](Profile& p) { p.nvs[0].values.size = 255; }), "");
+    EXPECT_EQ(ProfilesTold([](Profile& p) { p.nvs[0].values.size = 256; }), badProfile);
+    EXPECT_EQ(ProfilesTold([&](Profile& p) { p.nvs[0].name = tooLong; }), badProfile);
+    EXPECT_EQ(ProfilesTold([&](Profile& p) { p.cps[0].name = tooLong; }), badProfile);
+    EXPECT_EQ(ProfilesTold([](Profile& p) { p.nvs[0].values.initial = "1"; }), "");
+    EXPECT_EQ(ProfilesTold([](Profile& p) { p.nvs[0].values.initial = "12"; }), badProfile);
+    const auto fill = [](std::uint16_t size) {
+        return [size](Profile& p) {
+            p.cps[0].values.size = size;
+            p.cps[0].values.maximum = std::string(size, 'x');
+        };
+    };
+    EXPECT_EQ(ProfilesTold(fill(65464)), "");
+    EXPECT_EQ(ProfilesTold(fill(65465)), badProfile) << "a record has 65535 bytes at most";
 }
 
 // Files that differ in the date of the header alone, and so in its checksum, are the same; not those that

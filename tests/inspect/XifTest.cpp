@@ -91,6 +91,24 @@ TEST(XifReader, SurvivesWhatOldToolsLeave) {
     EXPECT_EQ(Read(old).parameters.size(), 2U);
 }
 
+TEST(XifReader, TakesTheFewestNumbersThatTellARecord) {
+    const std::pair<const char*, std::string> lines[] = {
+        {"TAG alarm 0 13 13 0", "TAG alarm 0 13 13"},
+        {"0 1 63 1 0 1 0 1 0 0 0 0 0", "0 1"},
+        {"VAR nviSpeed 0 0 0 0", "VAR nviSpeed 0 0 0"},
+        {"0 1 63 0 2 1 0 1 0 1 0 0 0", "0 1 63 0 2 1 0 1 0 1 0 0 0"},
+        {"105 *   1", "105 *   1"},
+        {"2 0 0 1 0", "2 0 0 1 0"},
+        {"FILE value 1 1 2", "FILE value 1 1"},
+    };
+    for (const auto& [line, fewest] : lines) {
+        EXPECT_EQ(Read(Replaced(line, fewest)).variables.size(), 2U);
+        XifFile file;
+        const Outcome outcome = ReadXifFile(Replaced(line, fewest.substr(0, fewest.find_last_of(' '))), file);
+        EXPECT_NE(outcome.reason.find("too few numbers in "), std::string::npos) << outcome.reason;
+    }
+}
+
 TEST(XifReader, NamesTheLineThatIsWrong) {
     struct Case {
         std::string text;
