@@ -13,7 +13,7 @@
 namespace tovarek {
 namespace {
 
-constexpr int kDeepest = 1024;
+constexpr int kDeepest = 1024;  // levels of members and elements
 
 // How the limits of a kind of type description are stored.
 struct KindRow {
@@ -146,7 +146,7 @@ void Description(ByteCursor& cursor, int depth) {
     const auto kind = static_cast<unsigned>(cursor.Unsigned("kind", 1));
     if (cursor.IsCut())
         return;
-    const bool isKnown = kind > 0 && kind < kKinds.size() && depth < kDeepest;
+    const bool isKnown = kind > 0 && kind < kKinds.size() && depth <= kDeepest;
     cursor.Value(std::to_string(kind) + ' ' + std::string(kKindNames.at(isKnown ? kind : 0)));
     if (!isKnown) {
         cursor.GiveUp("not understood");

@@ -84,6 +84,7 @@ const Slip kIniProfile[] = {
      "50:17 transceiverRate; 51:18 minimumClockRate; 53:1 duplicate-key"},
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
     {"profile.ini", "=", "=-9", nullptr, Form::ini, {}, true},
+    {"profile.ini", "[Line", "[Row", "0:0 domainnumber", Form::ini, {}, true},
 };
 
 const Slip kJob[] = {

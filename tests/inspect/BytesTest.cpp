@@ -116,6 +116,29 @@ TEST(Listing, TellsWhatContradictsTheRest) {
     }
 }
 
+TEST(Listing, EndsWhereTypesAreNestedTooDeeply) {
+    for (const TypeKind kind : {TypeKind::array, TypeKind::structure}) {
+        TypeDescription type = NumberOfKind(TypeKind::unsignedQuad);
+        type.minimum = type.maximum = type.a = type.b = type.c = 0x0101;
+        for (int i = 0; i < 1024; ++i) {
+            TypeDescription outer;
+            outer.kind = kind;
+            outer.count = 1;
+            outer.members.push_back({"m", {}, {}, {}, std::move(type)});
+            type = std::move(outer);
+        }
+        TypeFile file = SmallTypes();
+        file.nvTypes = {NvType{.name = "deep", .size = 4, .type = std::move(type)}};
+        std::string bytes = BytesOf(WriteTypeFile, file);
+        EXPECT_EQ(ValueOf(Listed(bytes, FileKind::type), "NV type 1", "not understood"), "no such row");
+        // One level more: the number becomes an array.
+        for (const ByteRow& row : Listed(bytes, FileKind::type).rows)
+            if (row.record == "NV type 1" && row.value.starts_with("15 "))
+                bytes[row.offset] = static_cast<char>(TypeKind::array);
+        EXPECT_NE(ValueOf(Listed(bytes, FileKind::type), "NV type 1", "not understood"), "no such row");
+    }
+}
+
 TEST(Listing, ShowsBytesThatNothingPointsTo) {
     std::string bytes = BytesOf(WriteLanguageFile, SmallLanguage());
     for (int i = 0; i < 4; ++i)
