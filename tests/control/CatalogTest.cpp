@@ -265,5 +265,26 @@ TEST(Catalog, TypesThatReferToThemselvesEnd) {
     EXPECT_TRUE(catalog->NvFields(1).empty());
 }
 
+TEST(Catalog, ADamagedDescriptionIsAsGoodAsNone) {
+    TypeFile types;
+    types.header.title = TitleText(ResourceKind::type, 1, 0);
+    for (const char* name : {"_sound", "_worn"})
+        types.nvTypes.emplace_back(NvType{name, 1, {}, {}, {}, NumberOfKind(TypeKind::unsignedShort)});
+    types.enumerations = {Enumeration{"worn_t", "worn.h", {{1, "A", {}}}}};
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    bytes[bytes.find("_worn") + 5 + 12] = 0x7F;  // the kind, behind three texts
+    bytes[bytes.find("worn.h") + 6] = '\x7F';    // how many values
+    Repair(bytes);
+    std::unique_ptr<StandardCatalog> catalog;
+    ASSERT_TRUE(StandardCatalog::Open({bytes, "", ""}, catalog).Ok());
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_NE(catalog->Nv(1), nullptr);
+        EXPECT_EQ(catalog->Nv(2), nullptr);
+        EXPECT_EQ(catalog->EnumerationSet(1), nullptr);
+    }
+    EXPECT_EQ(catalog->NvSize(2), 1);
+}
+
 }  // namespace
 }  // namespace tovarek::test

@@ -24,37 +24,6 @@ std::int32_t ReadAs(std::size_t kind, std::string_view bytes) {
     }
 }
 
-std::uint32_t Number(const std::string& bytes, std::size_t position) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i)
-        value = value << 8U | static_cast<unsigned char>(bytes[position + i]);
-    return value;
-}
-
-void Put16(std::string& bytes, std::size_t position, std::uint16_t value) {
-    bytes[position] = static_cast<char>(value >> 8U);
-    bytes[position + 1] = static_cast<char>(value & 0xFFU);
-}
-
-void Put32(std::string& bytes, std::size_t position, std::size_t value) {
-    Put16(bytes, position, static_cast<std::uint16_t>(value >> 16U));
-    Put16(bytes, position + 2, static_cast<std::uint16_t>(value));
-}
-
-// Makes both checksums right, so that damage reaches the checks behind them.
-void Repair(std::string& bytes) {
-    const std::size_t headerEnd = Number(bytes, 0x314);
-    const std::size_t data = Number(bytes, 0x31A);
-    const std::size_t length = Number(bytes, 0x31E);
-    if (length > 2 && data < bytes.size() && length <= bytes.size() - data)
-        Put16(bytes, data, Crc16(std::string_view(bytes).substr(data + 2, length - 2)));
-    if (headerEnd >= 0x31A && headerEnd <= bytes.size()) {
-        Put16(bytes, 0x318,
-              Crc16(std::string_view(bytes).substr(0x31A, headerEnd - 0x31A),
-                    Crc16(std::string_view(bytes).substr(0, 0x318))));
-    }
-}
-
 // Our own files, then the samples, with their kind.
 std::vector<std::pair<std::size_t, std::string>> AllFiles() {
     std::vector<std::pair<std::size_t, std::string>> files;
@@ -81,8 +50,8 @@ TEST(Damage, EveryCutIsNoticed) {
 TEST(Damage, EveryBitThatAChecksumCoversIsNoticed) {
     const std::vector<std::string> own = ExampleBytes();
     for (std::size_t kind = 0; kind < own.size(); ++kind) {
-        const std::size_t headerEnd = Number(own[kind], 0x314);
-        const std::size_t data = kind == 2 ? own[kind].size() : Number(own[kind], 0x31A);
+        const std::size_t headerEnd = NumberAt(own[kind], 0x314);
+        const std::size_t data = kind == 2 ? own[kind].size() : NumberAt(own[kind], 0x31A);
         for (std::size_t i = 0; i < own[kind].size() - 1; ++i) {
             if (i >= headerEnd && i < data)
                 continue;  // room for the tables, or the two bytes behind a file without records
@@ -118,7 +87,7 @@ TEST(Damage, CodesTellWhatIsWrong) {
     Repair(bytes);
     EXPECT_EQ(ReadAs(1, bytes), 6);
     bytes = own[2];
-    const std::size_t headerEnd = Number(bytes, 0x314);
+    const std::size_t headerEnd = NumberAt(bytes, 0x314);
     bytes.resize(headerEnd);
     bytes.append(3, '\0');
     Put32(bytes, 0x31E, 2);
@@ -135,8 +104,8 @@ TEST(Damage, CodesTellWhatIsWrong) {
 
 // Lets the tables of the header name the record at `to` where they name the one at `from`.
 void Redirect(std::string& bytes, std::size_t from, std::size_t to) {
-    for (std::size_t i = 0x32A; i + 4 <= Number(bytes, 0x314); ++i)
-        if (Number(bytes, i) == from)
+    for (std::size_t i = 0x32A; i + 4 <= NumberAt(bytes, 0x314); ++i)
+        if (NumberAt(bytes, i) == from)
             Put32(bytes, i, to);
     Repair(bytes);
 }
@@ -155,8 +124,8 @@ TEST(Damage, OverlappingRecordsDoNotMultiplyTheWork) {
     std::string bytes;
     ASSERT_TRUE(WriteLanguageFile(language, bytes).Ok());
     ASSERT_EQ(ReadAs(0, bytes), 0);
-    const std::size_t first = Number(bytes, 0x31A) + 2;
-    ASSERT_EQ(4 + inner.size() + 17, Number(bytes, 0x31E) + 1);
+    const std::size_t first = NumberAt(bytes, 0x31A) + 2;
+    ASSERT_EQ(4 + inner.size() + 17, NumberAt(bytes, 0x31E) + 1);
     Redirect(bytes, first + 5 + 4 + inner.size(), first + 5 + 3);
     EXPECT_EQ(ReadAs(0, bytes), 13);
 
@@ -164,7 +133,7 @@ TEST(Damage, OverlappingRecordsDoNotMultiplyTheWork) {
     types.enumerations.clear();
     types.nvTypes.resize(1);
     ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
-    const std::size_t record = Number(bytes, 0x31A) + 2;
+    const std::size_t record = NumberAt(bytes, 0x31A) + 2;
     const std::size_t length = static_cast<unsigned char>(bytes[record + 3]);
     inner = bytes.substr(record, 4 + length) + std::string(11, '\0');
     inner[3] = static_cast<char>(length + 11);
@@ -189,7 +158,7 @@ TEST(Damage, RandomChangesNeverCrashAReader) {
     for (int round = 0; round < 6000; ++round) {
         const auto& [kind, original] = files[random() % files.size()];
         std::string bytes = original;
-        const std::size_t data = std::min<std::size_t>(Number(bytes, 0x31A), bytes.size() - 1);
+        const std::size_t data = std::min<std::size_t>(NumberAt(bytes, 0x31A), bytes.size() - 1);
         for (auto change = random() % 6 + 1; change > 0; --change) {
             const std::size_t from = random() % 4 == 0 ? 0x300 : data;
             const std::size_t position = from + random() % (bytes.size() - from);

@@ -14,6 +14,7 @@
 #include "formats/format/FormatFile.h"
 #include "formats/language/LanguageFile.h"
 #include "formats/profile/ProfileFile.h"
+#include "formats/records/Crc16.h"
 #include "formats/type/TypeFile.h"
 #include "system/Files.h"
 
@@ -62,6 +63,37 @@ inline TypeDescription Ranged(TypeKind kind, std::int64_t minimum, std::int64_t 
     type.minimum = minimum;
     type.maximum = maximum;
     return type;
+}
+
+inline std::uint32_t NumberAt(const std::string& bytes, std::size_t position) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        value = value << 8U | static_cast<unsigned char>(bytes[position + i]);
+    return value;
+}
+
+inline void Put16(std::string& bytes, std::size_t position, std::uint16_t value) {
+    bytes[position] = static_cast<char>(value >> 8U);
+    bytes[position + 1] = static_cast<char>(value & 0xFFU);
+}
+
+inline void Put32(std::string& bytes, std::size_t position, std::size_t value) {
+    Put16(bytes, position, static_cast<std::uint16_t>(value >> 16U));
+    Put16(bytes, position + 2, static_cast<std::uint16_t>(value));
+}
+
+// Makes both checksums right, so that damage reaches the checks behind them.
+inline void Repair(std::string& bytes) {
+    const std::size_t headerEnd = NumberAt(bytes, 0x314);
+    const std::size_t data = NumberAt(bytes, 0x31A);
+    const std::size_t length = NumberAt(bytes, 0x31E);
+    if (length > 2 && data < bytes.size() && length <= bytes.size() - data)
+        Put16(bytes, data, Crc16(std::string_view(bytes).substr(data + 2, length - 2)));
+    if (headerEnd >= 0x31A && headerEnd <= bytes.size()) {
+        Put16(bytes, 0x318,
+              Crc16(std::string_view(bytes).substr(0x31A, headerEnd - 0x31A),
+                    Crc16(std::string_view(bytes).substr(0, 0x318))));
+    }
 }
 
 }  // namespace tovarek::test
