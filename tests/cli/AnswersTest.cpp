@@ -68,6 +68,7 @@ TEST(Answers, AreThoseOfTheSession) {
     WriteFile("worn.xif",
               Replaced(Replaced(ReadFile("node.xif"), "107 * 2", "108 * 2"), "1,1,5\\x80,1,2;", "worn;") +
                   "\r\nATTIC 1 2\r\n3 4\r\n");
+    WriteFile("alone.fmt", "set a;\r\n");
     WriteFile("odd.xml", "<T><SNVT_300><TYPE>USER</TYPE><NAME>a</NAME></SNVT_300></T>");
     std::string seen;
     for (std::string line; std::getline(session, line);)

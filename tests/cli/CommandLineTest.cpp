@@ -572,9 +572,17 @@ TEST_F(CommandLine, TypesAreNamedByWhatOneRemembers) {
 }
 
 TEST_F(CommandLine, TheCatalogIsShown) {
-    const Answer list = Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG});
-    EXPECT_EQ(list.status, 0) << list.error;
-    EXPECT_NE(list.out.find("NV\t105\t2\tSNVT_temp_p\n"), std::string::npos);
+    const auto list = [](const char* format) {
+        const Answer run = Call({"catalog", "list", "--catalogDir", TOVAREK_CATALOG, "--format", format});
+        EXPECT_EQ(run.status, 0) << run.error;
+        return run.out;
+    };
+    std::string rows;
+    for (const auto& type : nlohmann::json::parse(list("json")))
+        rows += type["class"].get<std::string>() + '\t' + type["index"].dump() + '\t' + type["size"].dump() +
+                '\t' + type["name"].get<std::string>() + '\n';
+    EXPECT_TRUE(list("text").starts_with(rows + "standard set from ")) << rows;
+    EXPECT_NE(rows.find("NV\t105\t2\tSNVT_temp_p\n"), std::string::npos);
     const Answer show =
         Call({"catalog", "show", "SNVT_temp_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"});
     const auto json = nlohmann::json::parse(show.out);
