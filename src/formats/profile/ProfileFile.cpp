@@ -115,11 +115,10 @@ bool WriteTexts(const ProfileMember& member, ByteWriter& record) {
     return true;
 }
 
-// Patches the length that the member at `start` begins with.
-bool EndMember(ByteWriter& record, std::size_t start) {
-    const std::size_t length = record.Size() - start - 2;
-    record.PatchU16(start, static_cast<std::uint32_t>(length));
-    return length <= 0xFFFF;
+// Patches the length that the member at `start` begins with. A member that is too long for it makes the
+// record too long.
+void EndMember(ByteWriter& record, std::size_t start) {
+    record.PatchU16(start, static_cast<std::uint32_t>(record.Size() - start - 2));
 }
 
 bool WriteNv(const ProfileNv& nv, ByteWriter& record) {
@@ -131,7 +130,10 @@ bool WriteNv(const ProfileNv& nv, ByteWriter& record) {
     record.U8((nv.isInput ? kIsInput : 0U) | (nv.isPolled ? kIsPolled : 0U) |
               ((nv.service & kServiceBits) << kServiceShift) | ValueFlags(nv.values));
     record.U8(nv.values.size);
-    return WriteValues(nv.values, record) && EndMember(record, start);
+    if (!WriteValues(nv.values, record))
+        return false;
+    EndMember(record, start);
+    return true;
 }
 
 bool WriteCp(const ProfileCp& cp, ByteWriter& record) {
@@ -144,7 +146,10 @@ bool WriteCp(const ProfileCp& cp, ByteWriter& record) {
     record.U8(cp.restrictions);
     record.U8(ValueFlags(cp.values));
     record.U16(cp.values.size);
-    return WriteValues(cp.values, record) && EndMember(record, start);
+    if (!WriteValues(cp.values, record))
+        return false;
+    EndMember(record, start);
+    return true;
 }
 
 // Mandatory members, then optional ones, as a record counts them; 255 of each at most.
