@@ -75,9 +75,9 @@ class CProfile : public ProfileValues {
     // Where the values of the last load come from, for error messages.
     XmlNode loadedXml_;
     std::shared_ptr<const IniText> loadedIni_;
-    std::array<XmlNode, 68> elements_;    // by field, empty = no element
-    std::array<std::string, 68> tokens_;  // of an XIF file, by field
-    bool wasLoaded_ = false;              // before the load at hand
+    std::array<XmlNode, kProfileValueCount> elements_;    // by field, empty = no element
+    std::array<std::string, kProfileValueCount> tokens_;  // of an XIF file, by field
+    bool wasLoaded_ = false;                              // before the load at hand
     bool isLoaded_ = false;
 };
 

@@ -75,6 +75,7 @@ const Slip kIniProfile[] = {
     {"profile.ini", "protocolClockRate=5", "protocolClockRate=10 MHz",
      "33:19 not-a-number; 33:19 protocolClockRate"},
     {"profile.ini", "typeNeuron=0", "typeNeuron=FT3150", "31:12 not-a-number"},
+    {"profile.ini", "firmware=7", "firmware=10 MHz", "34:10 not-a-number"},
     {"profile.ini", "transceiverInterface=0", ";transceiverInterface=0", "46:1 missing-value"},
     {"profile.ini", "generalData0=0\n", "", "58:1 missing-value"},
     {"profile.ini", "firmware=7", "firmware=0x7G", "34:10 not-a-number"},

@@ -268,8 +268,10 @@ TEST_F(Creating, TypeFaultsAreCode20) {
     EXPECT_EQ(types.StartType("UNVT" + std::string(256, 'x')), 20);
     ASSERT_EQ(StartNumber("UNVT_x"), 22);
     EXPECT_EQ(types.StartType("UNVT_y"), 20) << "the first is not registered";
-    for (const int index : {0, 2, -1, 65536})
+    for (const int index : {0, 2, -1, 65536}) {
         EXPECT_EQ(types.RegisterNetworkVariableType(index), 20);
+        EXPECT_EQ(types.RegisterConfigurationPropertyType(index, 1, "00", "00", "FF"), 20);
+    }
     ASSERT_EQ(types.RegisterNetworkVariableType(1), 0);
     ASSERT_EQ(StartNumber("UNVT_x"), 22);
     EXPECT_EQ(types.RegisterNetworkVariableType(2), 0) << "names may repeat";

@@ -39,6 +39,13 @@ TEST(FormatFiles, FactorOffsetAndUnit) {
     EXPECT_EQ(negative.factor, -1e-5);
     EXPECT_EQ(negative.offset, -7.5);
     EXPECT_EQ(negative.unit, "m/s");
+    for (const std::string unit : {"(7:5)", "(0:16777216)", "(x:1)", "(1)", "(:)", "(-1:5)"}) {
+        const FormatParameter kept = ReadOne("T: text(\"%f\",a*2" + unit + ");").parameters.at(0);
+        EXPECT_EQ(kept.expression, "a*2" + unit);
+        EXPECT_EQ(kept.unitText, StringRef());
+    }
+    EXPECT_EQ(ReadOne("T: text(\"%f\",a*2(6:16777215));").parameters.at(0).unitText,
+              (StringRef{6, 16777215}));
     EXPECT_EQ(ReadOne("T: text(\"%f\",a*b+1);").parameters.at(0).expression, "a*b+1") << "no factor: kept";
 }
 
