@@ -25,12 +25,6 @@ bool IsOfThisSystem(const TypeFile& types) {
                        [](const auto& type) { return type && type->name.starts_with("__"); });
 }
 
-const InheritingType* InheritingTypeOf(std::uint16_t number) {
-    const auto found = std::find_if(kInheritingTypes.begin(), kInheritingTypes.end(),
-                                    [&](const InheritingType& type) { return type.index == number; });
-    return found == kInheritingTypes.end() ? nullptr : &*found;
-}
-
 }  // namespace
 
 std::string StandardPropertyName(std::uint16_t number, const ResourceNames& names) {

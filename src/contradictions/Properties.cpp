@@ -20,12 +20,6 @@ std::int64_t Elements(const CNv& nv) {
     return std::max(nv.arraySize, 1);
 }
 
-const InheritingType* InheritingTypeOf(std::int32_t index) {
-    const auto found = std::find_if(kInheritingTypes.begin(), kInheritingTypes.end(),
-                                    [&](const InheritingType& type) { return type.index == index; });
-    return found == kInheritingTypes.end() ? nullptr : &*found;
-}
-
 class PropertyRules {
   public:
     PropertyRules(const CTemplate& source, FindingSink& findings)

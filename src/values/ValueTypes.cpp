@@ -102,6 +102,12 @@ class Describer {
 
 }  // namespace
 
+const InheritingType* InheritingTypeOf(std::int32_t index) {
+    const auto found = std::find_if(kInheritingTypes.begin(), kInheritingTypes.end(),
+                                    [&](const InheritingType& type) { return type.index == index; });
+    return found == kInheritingTypes.end() ? nullptr : &*found;
+}
+
 ValueType ValueTypeOf(const std::string& name, const NvType& type) {
     return {name, type.type, type.unit};
 }

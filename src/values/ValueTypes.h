@@ -29,6 +29,8 @@ inline constexpr std::array<InheritingType, 22> kInheritingTypes = {{
     {305, "SCPTdefInput"},         {330, "SCPTlogHighLimit"}, {331, "SCPTlogLowLimit"},
     {334, "SCPTlogMinDeltaValue"},
 }};
+// The one with the number; null for every other type.
+const InheritingType* InheritingTypeOf(std::int32_t index);
 
 ValueType ValueTypeOf(const std::string& name, const NvType& type);
 // A property type may have narrower limits than the type that it refers to.
