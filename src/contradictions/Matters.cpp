@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "base/Text.h"
-#include "contradictions/SelfDocumentation.h"
+#include "template/SelfDocumentation.h"
 #include "template/TemplatePlaces.h"
 #include "values/ProgramId.h"
 
@@ -36,7 +36,7 @@ class Matters {
             Take(Warning::makerNumber, &CTemplate::programID,
                  "the maker FFFFF is the number for examples: a device that is sold has the number of its "
                  "maker");
-        if (!source_.selfDocumentation.empty() && !ObjectCount(source_.selfDocumentation))
+        if (!source_.selfDocumentation.empty() && !DeclaredBlockCount(source_.selfDocumentation))
             Take(Warning::oddSelfDocumentation, &CTemplate::selfDocumentation,
                  "no program can tell the objects of the device: the form is &3.0@0,8020[2];text");
         const bool isKnown =

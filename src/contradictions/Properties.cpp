@@ -5,8 +5,8 @@
 #include <optional>
 #include <utility>
 
-#include "contradictions/SelfDocumentation.h"
 #include "template/Declaration.h"
+#include "template/SelfDocumentation.h"
 #include "template/TemplatePlaces.h"
 #include "types/CType.h"
 #include "values/ValueTypes.h"
@@ -27,7 +27,7 @@ class PropertyRules {
           places_(source),
           findings_(findings),
           standard_(source.catalog == nullptr ? nullptr : source.catalog->types.Catalog()),
-          objects_(ObjectCount(source.selfDocumentation)) {
+          objects_(DeclaredBlockCount(source.selfDocumentation)) {
         if (!source.nvs.empty())
             entries_ = source.nvs.back().index + Elements(source.nvs.back());
     }

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "formats/xif/XifFile.h"
-#include "show/Blocks.h"
 #include "show/DeviceTypes.h"
 #include "show/View.h"
+#include "template/SelfDocumentation.h"
 
 namespace tovarek {
 

@@ -65,6 +65,27 @@ void ExpectSoundBox(const DrawnBox& box) {
         EXPECT_TRUE(arrow.x + kArrowLength == box.frame.x || arrow.x == box.frame.x + box.frame.width);
 }
 
+TEST(Texts, AreShownWithoutWhatAFormStumblesOver) {
+    const struct {
+        std::string text;
+        const char* shown;
+    } rows[] = {
+        {"20 °C <b>", "20 °C <b>"},
+        {"a\r\n\tb", "a\\x0D\\x0A\\x09b"},
+        {std::string("\0\x7F", 2), "\\x00\\x7F"},
+        {"\xC2\x85", "\\x85"},
+        {"\xE2\x80\xAE"
+         "cba",
+         "\\u202Ecba"},
+        {"\xEF\xBF\xBF", "\\uFFFF"},
+        {"a\xFF\xC3", "a\xEF\xBF\xBD\xEF\xBF\xBD"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(ShownText(row.text), row.shown);
+        EXPECT_TRUE(IsUtf8(ShownText(row.text)));
+    }
+}
+
 TEST(Drawing, HasNothingOnTopOfAnother) {
     for (const std::string& name : {std::string("nviTemp"), std::string(70, 'W'), std::string("ä€")})
         for (const std::size_t count : {0U, 1U, 5U, 60U}) {

@@ -1,8 +1,7 @@
+// What the self-documentation of a device and of its variables says.
 #include <gtest/gtest.h>
 
-#include "base/Text.h"
-#include "show/Blocks.h"
-#include "show/View.h"
+#include "template/SelfDocumentation.h"
 
 namespace tovarek::test {
 namespace {
@@ -33,6 +32,24 @@ TEST(Blocks, AreThoseThatTheDeviceDeclares) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Entries(row.documentation), row.entries) << row.documentation;
+    const std::pair<const char*, std::optional<std::size_t>> counts[] = {
+        {"&3.0@0", 1},
+        {"&3.0@0,8020[2];@5,6", 3},
+        {"&3.4@0NodeObject,4[2Lamp,10", 4},
+        {"&3.2@0,3Switch[12]", 13},
+        {"&3.0@1[99999999999]", kMostBlocks},
+        {"&3.0@", {}},
+        {"&3.0@0,", {}},
+        {"&3.0@0,Lamp,3", {}},
+        {"&3@0", {}},
+        {"&.0@0", {}},
+        {"&3.@0", {}},
+        {"&3.0,0", {}},
+        {"3.0@0", {}},
+        {"", {}},
+    };
+    for (const auto& [documentation, count] : counts)
+        EXPECT_EQ(DeclaredBlockCount(documentation), count) << documentation;
 }
 
 std::string RangesText(const std::vector<IndexRange>& ranges) {
@@ -76,27 +93,6 @@ TEST(Blocks, HaveWhatSaysThatItBelongsToThem) {
     EXPECT_EQ(RangesText(RangesOf("1~3.7")), "1-3 7-7 ");
     for (const char* wrong : {"", "a", "3~1", "1..2", "1.", "~2", "1 2"})
         EXPECT_EQ(RangesText(RangesOf(wrong)), "") << wrong;
-}
-
-TEST(Texts, AreShownWithoutWhatAFormStumblesOver) {
-    const struct {
-        std::string text;
-        const char* shown;
-    } rows[] = {
-        {"20 °C <b>", "20 °C <b>"},
-        {"a\r\n\tb", "a\\x0D\\x0A\\x09b"},
-        {std::string("\0\x7F", 2), "\\x00\\x7F"},
-        {"\xC2\x85", "\\x85"},
-        {"\xE2\x80\xAE"
-         "cba",
-         "\\u202Ecba"},
-        {"\xEF\xBF\xBF", "\\uFFFF"},
-        {"a\xFF\xC3", "a\xEF\xBF\xBD\xEF\xBF\xBD"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(ShownText(row.text), row.shown);
-        EXPECT_TRUE(IsUtf8(ShownText(row.text)));
-    }
 }
 
 }  // namespace

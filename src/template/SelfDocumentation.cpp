@@ -1,9 +1,8 @@
-#include "show/Blocks.h"
+#include "template/SelfDocumentation.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <optional>
 
 #include "base/Text.h"
 
@@ -59,6 +58,23 @@ std::optional<DeclaredBlocks> EntryOf(std::string_view text) {
     return entry;
 }
 
+// The entries of "0,8020[2]Room,3Switch"; one that is none stays in `list` with all behind it.
+std::vector<DeclaredBlocks> TakeBlocks(std::string_view& list) {
+    std::vector<DeclaredBlocks> blocks;
+    std::size_t next = 0;
+    while (!list.empty() && next <= kMostBlocks) {
+        std::string_view rest = list;
+        std::optional<DeclaredBlocks> entry = EntryOf(TakeUpTo(rest, ','));
+        if (!entry)
+            break;
+        list = rest;
+        entry->first = next;
+        next += entry->count;
+        blocks.push_back(std::move(*entry));
+    }
+    return blocks;
+}
+
 Membership PropertyOf(std::string_view text) {
     Membership found;
     const bool isOfBlock = TakeUpTo(text, ',') == "1";
@@ -90,21 +106,22 @@ Membership MemberOf(std::string_view text) {
 
 std::vector<DeclaredBlocks> DeclaredBlocksOf(std::string_view documentation) {
     std::string_view list = documentation.substr(0, documentation.find(';'));
-    std::vector<DeclaredBlocks> blocks;
     const std::size_t at = list.find('@');
     if (!list.starts_with('&') || at == std::string_view::npos)
-        return blocks;
+        return {};
     list.remove_prefix(at + 1);
-    std::size_t next = 0;
-    while (!list.empty() && next <= kMostBlocks) {
-        std::optional<DeclaredBlocks> entry = EntryOf(TakeUpTo(list, ','));
-        if (!entry)
-            break;
-        entry->first = next;
-        next += entry->count;
-        blocks.push_back(std::move(*entry));
-    }
-    return blocks;
+    return TakeBlocks(list);
+}
+
+std::optional<std::size_t> DeclaredBlockCount(std::string_view documentation) {
+    std::string_view list = documentation.substr(0, documentation.find(';'));
+    if (!Take(list, "&") || TakeDigits(list).empty() || !Take(list, ".") || TakeDigits(list).empty() ||
+        !Take(list, "@") || list.empty() || list.ends_with(','))
+        return std::nullopt;
+    const std::vector<DeclaredBlocks> blocks = TakeBlocks(list);
+    if (!list.empty())
+        return std::nullopt;
+    return std::min(blocks.back().first + blocks.back().count, kMostBlocks);
 }
 
 std::vector<IndexRange> RangesOf(std::string_view select) {

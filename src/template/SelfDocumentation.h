@@ -1,7 +1,9 @@
-// Functional blocks as self-documentation declares them, and what says that it belongs to one.
+// What self-documentation says: the functional blocks of the device, and which of them a variable or a
+// property belongs to.
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,10 @@ struct DeclaredBlocks {
 // The blocks in order; nothing where the text declares none. An entry that is none ends the list, since the
 // indexes behind it are not known.
 std::vector<DeclaredBlocks> DeclaredBlocksOf(std::string_view documentation);
+
+// How many there are, all blocks of an entry counted; nothing for a text of another form than
+// "&3.0@0,8020[2];text".
+std::optional<std::size_t> DeclaredBlockCount(std::string_view documentation);
 
 // Indexes from `first` to `last`.
 struct IndexRange {
