@@ -1,9 +1,9 @@
 #include "template/SelfDocumentation.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 
 namespace tovarek {
@@ -16,13 +16,12 @@ std::string_view TakeDigits(std::string_view& text) {
     return digits;
 }
 
-std::optional<std::size_t> TakeNumber(std::string_view& text) {
+// A number that does not fit stands for the most.
+std::optional<std::size_t> TakeIndex(std::string_view& text) {
     const std::string_view digits = TakeDigits(text);
-    std::uint32_t number = 0;
-    if (std::from_chars(digits.data(), digits.data() + digits.size(), number).ptr == digits.data())
+    if (digits.empty())
         return std::nullopt;
-    // What does not fit leaves 0 and consists of digits.
-    return digits.size() > 9 ? kMostBlocks : std::min<std::size_t>(number, kMostBlocks);
+    return std::min<std::size_t>(ExactNumber<std::uint32_t>(digits).value_or(kMostBlocks), kMostBlocks);
 }
 
 bool Take(std::string_view& text, std::string_view marks) {
@@ -47,7 +46,7 @@ std::optional<DeclaredBlocks> EntryOf(std::string_view text) {
     const auto takeCount = [&] {
         if (!Take(text, "["))
             return;
-        entry.count = std::max<std::size_t>(TakeNumber(text).value_or(1), 1);
+        entry.count = std::max<std::size_t>(TakeIndex(text).value_or(1), 1);
         Take(text, "]");
     };
     takeCount();
@@ -127,8 +126,8 @@ std::optional<std::size_t> DeclaredBlockCount(std::string_view documentation) {
 std::vector<IndexRange> RangesOf(std::string_view select) {
     std::vector<IndexRange> ranges;
     while (true) {
-        const std::optional<std::size_t> first = TakeNumber(select);
-        const std::optional<std::size_t> last = first && Take(select, "~-") ? TakeNumber(select) : first;
+        const std::optional<std::size_t> first = TakeIndex(select);
+        const std::optional<std::size_t> last = first && Take(select, "~-") ? TakeIndex(select) : first;
         if (!last || *last < *first)
             return {};
         ranges.push_back({*first, *last});
