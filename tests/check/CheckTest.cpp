@@ -6,6 +6,14 @@
 namespace tovarek::test {
 namespace {
 
+// More lines than are compared one by one.
+std::string ManyKeys() {
+    std::string keys = "type=92\n";
+    for (int i = 0; i < 40; ++i)
+        keys += "type=92\n";
+    return keys + "name=other\n";
+}
+const std::string kManyKeys = ManyKeys();
 const std::string kLongText = "selfdoc=" + std::string(1000, 'x') + "\n";
 const Slip kIniTemplate[] = {
     {"template.ini", "direction=1\ntype=93", "direction=output\ntype=93", "37:11 not-a-number"},
@@ -19,6 +27,7 @@ const Slip kIniTemplate[] = {
     {"template.ini", "direction=1\ntype=93", "direction=1\nTyp=93", "38:1 nvtype"},
     {"template.ini", "programID=9", "programID: 9", "5:1 programid"},
     {"template.ini", "[nv3]", "nv3]", "13:19 nvname"},
+    {"template.ini", "type=92\n", kManyKeys.c_str(), "32:1 duplicate-key"},
     {"template.ini", "selfdoc=@0|1\n", kLongText.c_str(), "29:9 cut-text"},
     {"template.ini", "maximumNumberOfNvs=20", "maximumNumberOfNvs=4294967316", "14:20 overflowed-number"},
     {"template.ini", "numberOfStaticNvs=14", "numberOfStaticNvs=13", "131:1 ignored-section"},

@@ -9,6 +9,7 @@
 
 #include "../component/Device.h"
 #include "Program.h"
+#include "cli/ManPage.h"
 #include "cli/OpenCatalog.h"
 #include "cli/Progress.h"
 #include "cli/Report.h"
@@ -569,6 +570,20 @@ TEST_F(CommandLine, TypesAreNamedByWhatOneRemembers) {
         Call({"catalog", "find", "SNVT_press_p", "--catalogDir", TOVAREK_CATALOG, "--format", "json"}).out);
     EXPECT_EQ(json[0]["index"], 113);
     EXPECT_EQ(json[0]["maximum"], 32767);
+}
+
+TEST(ManualPage, TellsEveryVerbWithItsOptions) {
+    std::string page = ManPage();
+    for (std::size_t at = page.find("\\-"); at != std::string::npos; at = page.find("\\-", at))
+        page.erase(at, 1);
+    for (const Verb& verb : Verbs()) {
+        if (verb.summary.empty())
+            continue;
+        const std::size_t section = page.find(std::string(verb.summary) + ".\n");
+        ASSERT_NE(section, std::string::npos) << verb.summary;
+        for (const OptionRow& option : verb.options)
+            EXPECT_NE(page.find(".B \\&" + option.name, section), std::string::npos) << option.name;
+    }
 }
 
 TEST_F(CommandLine, TheCatalogIsShown) {
