@@ -57,6 +57,9 @@ TEST(Answers, AreThoseOfTheSession) {
                           R"("mustGenerateTypes": false, "outputXIFfile": "odd.xif"})");
     WriteFile("xif.json", R"({"iniTemplateFile": "template.ini", "iniProfileFile": "profile.ini", )"
                           R"("mustGenerateTypes": false, "outputXIFfile": "node.xif"})");
+    WriteFile("fast.ini", Replaced(ReadFile("profile.ini"), "protocolClockRate=5", "protocolClockRate=9"));
+    WriteFile("fast.json", R"({"iniTemplateFile": "template.ini", "iniProfileFile": "fast.ini", )"
+                           R"("mustGenerateTypes": false, "outputXIFfile": "fast.xif"})");
     WriteFile("lame.ini", "[general\nprogramID=9FFFFF5014030401\n");
     WriteFile("jobs.txt", "xif.json\nodd.json\n");
     WriteFile("edited.ini", Replaced(Replaced(ReadFile("template.ini"), "nviRequest", "nviDemand"),
