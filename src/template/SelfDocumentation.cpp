@@ -45,15 +45,19 @@ std::optional<DeclaredBlocks> EntryOf(std::string_view text) {
         return std::nullopt;
     const auto takeCount = [&] {
         if (!Take(text, "["))
-            return;
-        entry.count = std::max<std::size_t>(TakeIndex(text).value_or(1), 1);
+            return true;
+        const std::optional<std::size_t> count = TakeIndex(text);
+        entry.count = std::max<std::size_t>(count.value_or(1), 1);
         Take(text, "]");
+        return count.has_value();
     };
-    takeCount();
+    if (!takeCount())
+        return std::nullopt;
     const std::string_view name = text.substr(0, text.find('['));
     entry.name = name;
     text.remove_prefix(name.size());
-    takeCount();
+    if (!takeCount())
+        return std::nullopt;
     return entry;
 }
 
