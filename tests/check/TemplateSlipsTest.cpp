@@ -50,6 +50,7 @@ TEST(Check, EverySlipInAnXmlTemplateIsFound) {
             "53:7 duplicate-key"),
         Xml("<ARRAYSIZE>4</ARRAYSIZE>", "<array><ARRAYSIZE>4</ARRAYSIZE></array>", ""),
         Xml("<nviRequest>", "<nviRequest length=\"2\">", "13:5 ignored-attribute"),
+        Xml("<SISD>@0|1</SISD>", "<LENGTH>-1</LENGTH><SISD>@0|1</SISD>", "16:7 ignored-element"),
         Xml("<SISD>@1|4</SISD>", "<SISD><![CDATA[@1|4]]></SISD>", "47:7 ignored-text"),
         Xml("<SISD>@1|4</SISD>", "<SISD>@1<!-- object 1 -->|4</SISD>", "47:7 ignored-text"),
         Xml("<CPS>", "<CPS>properties", "123:3 ignored-text"),
