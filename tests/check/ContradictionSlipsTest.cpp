@@ -180,6 +180,10 @@ TEST(Contradictions, ValuesThatTheirLimitsForbidAreFound) {
                      "<MINRAWVAL>0001</MINRAWVAL>", "35:9 value-range"),
     };
     ExpectFindings(slips);
+    // Another one at the top of the file, behind its mark, does not hide it.
+    SlipCheck both(Ini("value=138827103A98", "value=138827107FFF", ""),
+                   [](const std::string& text) { return text.substr(0, 3) + "id=1\n" + text.substr(3); });
+    EXPECT_EQ(both.Findings("template.ini"), "1:1 ignored-key; 165:7 value-range");
 }
 
 TEST(Contradictions, MattersOfTasteAreToldToThePedanticAlone) {

@@ -118,8 +118,10 @@ TEST_F(Convert, WhatAFormCannotHoldIsListed) {
     const std::string longText(1000, 'x');
     const std::string device = scratch_.File("t.xml",
                                              "<D><PROGRAMID>9000010a0b040100</PROGRAMID><SDSTRING> "
-                                             "a&#10;b</SDSTRING><NVS><nviA><DIRECTION>input</DIRECTION>"
-                                             "<SNVTTYPE>8</SNVTTYPE><SISD>" +
+                                             "a&#10;b" +
+                                                 std::string(995, 'x') +
+                                                 "</SDSTRING><NVS><nviA><DIRECTION>input</DIRECTION>"
+                                                 "<SNVTTYPE>8</SNVTTYPE><SISD>" +
                                                  longText +
                                                  "</SISD></nviA><nviB><SNVTTYPE>8</SNVTTYPE><SISD>'b'</SISD>"
                                                  "</nviB></NVS></D>");
