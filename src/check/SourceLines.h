@@ -13,8 +13,8 @@ namespace tovarek {
 
 // A piece of a line, in characters: `column` from 1, 0 when nothing is known.
 struct LinePlace {
-    int column = 0;
-    int width = 0;
+    int column;
+    int width;
 };
 
 class SourceLines {

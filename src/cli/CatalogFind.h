@@ -11,7 +11,7 @@
 namespace tovarek {
 
 struct CatalogType {
-    bool isNv = true;
+    bool isNv;
     CatalogEntry entry;
 };
 

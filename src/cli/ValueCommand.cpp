@@ -16,7 +16,7 @@ namespace {
 
 // A type that cannot be had, told as what it is: not known, or not enough told.
 struct NoType {
-    bool isWrongUse = false;
+    bool isWrongUse;
     std::string message;
 };
 

@@ -37,7 +37,7 @@ const std::vector<Verb>& Verbs();
 // The words of a verb's operands; the last one may take several values.
 struct Operand {
     std::string name;
-    bool isRepeatable = false;
+    bool isRepeatable;
 };
 std::vector<Operand> OperandsOf(const Verb& verb);
 

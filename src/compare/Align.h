@@ -11,8 +11,8 @@ namespace tovarek {
 
 // A record at its places in the two lists, from 0.
 struct AlignedPair {
-    std::size_t before = 0;
-    std::size_t after = 0;
+    std::size_t before;
+    std::size_t after;
 };
 
 struct Alignment {

@@ -21,9 +21,9 @@ inline constexpr std::size_t kVariableArray = 3;
 // A type, and what its references mean. Null where the resource files tell nothing.
 template <class Type>
 struct DescribedType {
-    const Type* type = nullptr;
-    const ResourceNames* names = nullptr;
-    bool hasTexts = false;  // the set has a language file
+    const Type* type;
+    const ResourceNames* names;
+    bool hasTexts;  // the set has a language file
 };
 
 class OwnTypesOfDevice {

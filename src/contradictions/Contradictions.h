@@ -28,7 +28,7 @@ struct OutputPath {
     std::string path;
     std::string nameProperty;
     std::string folderProperty;
-    bool isXif = false;
+    bool isXif;
 };
 
 // Outputs that are one file where letter case does not count, and names that Windows keeps for devices.

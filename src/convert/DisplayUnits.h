@@ -16,7 +16,7 @@ namespace tovarek {
 // it is shown by a word or as a text, which no unit changes.
 struct UnitPlace {
     std::string path;
-    bool isWord = false;
+    bool isWord;
 };
 
 // The units of a type's values, by path. A name that no value shows is given to one that has the name before

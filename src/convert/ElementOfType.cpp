@@ -19,8 +19,10 @@ void SetRange(const TypeDescription& type, CType& content) {
     content.c_coef = type.c;
     content.hasMin = type.minimum != SmallestRaw(type);
     content.hasMax = type.maximum != LargestRaw(type);
-    content.minValue = content.hasMin ? ScaledLimit(type.minimum, type) : 0;
-    content.maxValue = content.hasMax ? ScaledLimit(type.maximum, type) : 0;
+    if (content.hasMin)
+        content.minValue = ScaledLimit(type.minimum, type);
+    if (content.hasMax)
+        content.maxValue = ScaledLimit(type.maximum, type);
     // A factor below 0 turns them around, and a MIN above MAX is refused.
     if (content.hasMin && content.hasMax && content.minValue > content.maxValue)
         content.hasMin = content.hasMax = false;
@@ -30,8 +32,10 @@ void SetFloatRange(const TypeDescription& type, CType& content) {
     const TypeDescription widest = NumberOfKind(TypeKind::floatingPoint);
     content.hasMin = type.floatMinimum != widest.floatMinimum;
     content.hasMax = type.floatMaximum != widest.floatMaximum;
-    content.minValue = content.hasMin ? ShortestOf(type.floatMinimum) : 0;
-    content.maxValue = content.hasMax ? ShortestOf(type.floatMaximum) : 0;
+    if (content.hasMin)
+        content.minValue = ShortestOf(type.floatMinimum);
+    if (content.hasMax)
+        content.maxValue = ShortestOf(type.floatMaximum);
 }
 
 }  // namespace

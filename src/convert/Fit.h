@@ -12,21 +12,21 @@ namespace tovarek {
 
 // A value that the user gives a field.
 struct FieldValue {
-    const ProfileField* field = nullptr;
-    std::int32_t value = 0;
+    const ProfileField* field;
+    std::int32_t value;
 };
 
 struct Replacement {
-    const ProfileField* field = nullptr;
-    std::int32_t old = 0;
-    std::int32_t now = 0;
+    const ProfileField* field;
+    std::int32_t old;
+    std::int32_t now;
     std::string why;
 };
 
 // A value that no row of the table knows how to replace.
 struct Unfit {
-    const ProfileField* field = nullptr;
-    std::int32_t value = 0;
+    const ProfileField* field;
+    std::int32_t value;
     std::string_view accepted;
 };
 

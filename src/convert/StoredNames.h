@@ -11,8 +11,8 @@ namespace tovarek {
 
 // An enumeration is called after its definition: ENUM_303_fanMode.
 struct EnumName {
-    std::int32_t number = 0;  // 0: the name tells none
-    std::string name;         // empty: the definition had none in front
+    std::int32_t number;  // 0: the name tells none
+    std::string name;     // empty: the definition had none in front
 };
 EnumName EnumNameOf(std::string_view set);
 

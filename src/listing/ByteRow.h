@@ -7,10 +7,10 @@
 namespace tovarek {
 
 struct ByteRow {
-    std::size_t offset = 0;
-    std::size_t length = 0;  // at least 1
-    int depth = 0;           // how deep the field is nested inside its record
-    std::string record;      // "NV type 3"; empty outside records
+    std::size_t offset;
+    std::size_t length;  // at least 1
+    int depth;           // how deep the field is nested inside its record
+    std::string record;  // "NV type 3"; empty outside records
     std::string field;
     std::string value;
 };

@@ -17,9 +17,9 @@ constexpr int kDeepest = 1024;  // levels of members and elements
 
 // How the limits of a kind of type description are stored.
 struct KindRow {
-    std::size_t size = 0;  // of a stored limit; 0 = no range
-    bool isSigned = false;
-    bool hasInvalid = false;  // a byte behind the range tells whether there is an invalid value
+    std::size_t size;  // of a stored limit; 0 = no range
+    bool isSigned;
+    bool hasInvalid;  // a byte behind the range tells whether there is an invalid value
 };
 constexpr std::array<KindRow, kKindNames.size()> kKinds = {{
     {},

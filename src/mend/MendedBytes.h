@@ -40,9 +40,9 @@ class MendedBytes {
   private:
     // The bytes of a line, and of its end.
     struct ByteLine {
-        std::size_t start = 0;
-        std::size_t size = 0;
-        std::size_t endSize = 0;
+        std::size_t start;
+        std::size_t size;
+        std::size_t endSize;
     };
     void FindLines();
     std::size_t Unit(std::size_t at) const;

@@ -7,9 +7,9 @@
 namespace tovarek {
 
 struct Piece {
-    int line = 0;    // from 1
-    int column = 0;  // in characters from 1
-    int width = 0;   // in characters, all of one line; 0: `text` is put in front of the column
+    int line;    // from 1
+    int column;  // in characters from 1
+    int width;   // in characters, all of one line; 0: `text` is put in front of the column
     std::string text;
     bool operator==(const Piece&) const = default;
 };

@@ -10,8 +10,8 @@ constexpr std::size_t kAround = 3;
 
 // Lines of the old file, from 0, and the bytes that take their place.
 struct ChangedLines {
-    std::size_t first = 0;
-    std::size_t end = 0;
+    std::size_t first;
+    std::size_t end;
     std::string bytes;
 };
 

@@ -25,8 +25,8 @@ struct DrawnText {
     Rectangle place;    // of the text as it is cut; one that is no longer than its place has room around it
     std::string shown;  // cut with an ellipsis where it is too long
     std::string whole;
-    Kind kind = Kind::name;
-    bool isAtRight = false;  // ends at the right of its place
+    Kind kind;
+    bool isAtRight;  // ends at the right of its place
 };
 
 // The size of the font.
@@ -34,8 +34,8 @@ int SizeOf(DrawnText::Kind kind);
 
 // A line through the frame, with its head on the right end.
 struct DrawnArrow {
-    int x = 0;
-    int y = 0;
+    int x;
+    int y;
 };
 inline constexpr int kArrowLength = 12;
 

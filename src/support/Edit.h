@@ -23,10 +23,10 @@ enum class EditPart {
 // `text` stands in place of the piece afterwards: ASCII, with LF for the line ends of the file; at the start
 // of a file it may be the mark of UTF-8.
 struct Edit {
-    EditPart part = EditPart::value;
-    int line = 0;    // from 1
-    int column = 0;  // of an XML element, in characters from 1; 0 in an INI file
-    std::string text{};
+    EditPart part;
+    int line;    // from 1
+    int column;  // of an XML element, in characters from 1; 0 in an INI file
+    std::string text;
 };
 
 // What is told of a value that is no number.

@@ -31,8 +31,8 @@ std::optional<std::size_t> DeclaredBlockCount(std::string_view documentation);
 
 // Indexes from `first` to `last`.
 struct IndexRange {
-    std::size_t first = 0;
-    std::size_t last = 0;
+    std::size_t first;
+    std::size_t last;
 };
 
 // "2", "2.4.7", "1~3" or "1-3"; nothing where a part is none of these.

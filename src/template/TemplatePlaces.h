@@ -16,7 +16,7 @@ struct TemplateSource {
     IniSource ini;
     XmlNode node;
     TemplateElements elements;
-    bool givesMinusOne = true;  // whether a value may be written as the -1 that stands for none
+    bool givesMinusOne;  // whether a value may be written as the -1 that stands for none
 };
 
 // Builds the contexts of faults in one template.

@@ -17,8 +17,8 @@ std::optional<std::string> ScaledText(std::int64_t raw, const TypeDescription& t
 // The raw number that is nearest to a value, whatever the limits, and whether it is the value itself but for
 // the last digits of the arithmetic. Nothing where ScaledText has none and for values beyond all raw numbers.
 struct NearestRaw {
-    std::int64_t raw = 0;
-    bool isExact = true;
+    std::int64_t raw;
+    bool isExact;
 };
 std::optional<NearestRaw> RawOfScaled(double value, const TypeDescription& type);
 

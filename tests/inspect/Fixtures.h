@@ -164,8 +164,10 @@ inline TypeFile RichTypes() {
                     Property("_label", TextOf(6, 3), {"Belt\0\0", 6}),
                     Property("_real", real, "\x3F\xC0\x40\x41"),
                     Property("_mode", mode, "\1"),
-                    Property("_pair", ArrayOf(mode, 2, 3), "\1\2")};
+                    Property("_pair", ArrayOf(mode, 2, 3), "\1\2"),
+                    Property("_odd", mode, {"\0\1", 2})};
     file.cpTypes[4]->minimum = "\xFF";
+    file.cpTypes[6]->size = 2;  // a byte more than its type has
     file.cpTypes[5]->maximum = "\3\4";
     file.enumerations.emplace_back(std::nullopt);
     file.enumerations.emplace_back(Enumeration{"gear_t", "gears.h", {{0, "G_N", {3, 1}}}});

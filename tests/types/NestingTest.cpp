@@ -59,14 +59,21 @@ TEST(Nesting, BeyondTheLimitsIsOutOfStackSpace) {
              {"a million and more members",
               Structure(300, wide) + Structure(301, thousand) +
                   "<SNVT_302><TYPE>USER</TYPE><LENGTH>1</LENGTH></SNVT_302>",
-              300, "SNVT_300 > SNVT_301"}}) {
+              300, "SNVT_300 > SNVT_301"},
+             // 999 x 1001 members and one more are a million: only what holds them has too many.
+             {"a million members and their owner",
+              Structure(299, Field(300)) +
+                  Structure(300, wide.substr(0, 999 * Field(301).size()) + Field(302)) +
+                  Structure(301, thousand) + "<SNVT_302><TYPE>USER</TYPE><LENGTH>1</LENGTH></SNVT_302>",
+              299, "SNVT_299 > SNVT_300."}}) {
         Device device;
         device.AddNv(c.top);
         device.WriteFiles(c.elements);
         const auto error = Raised([&] { device.Load(); });
         ASSERT_TRUE(error) << c.what;
         EXPECT_EQ(error->Number(), static_cast<std::int32_t>(RuntimeError::outOfStackSpace)) << c.what;
-        EXPECT_NE(error->Context().reason.find(c.chain), std::string::npos) << error->Context().reason;
+        const std::string reason = error->Context().reason + '.';
+        EXPECT_NE(reason.find(c.chain), std::string::npos) << reason;
     }
 }
 

@@ -13,12 +13,12 @@ class DescriptionReader {
     explicit DescriptionReader(ByteReader& record) : record_(record) {}
 
     TypeDescription Description() {
-        TypeDescription type;
         const std::uint8_t kind = record_.U8();
         if (kind < 1 || kind > static_cast<std::uint8_t>(TypeKind::unsignedQuad)) {
             record_.Fail();
-            return type;
+            return {};
         }
+        TypeDescription type;
         type.kind = static_cast<TypeKind>(kind);
         Rest(type);
         return type;

@@ -17,7 +17,7 @@ using XifNumber = std::optional<std::int64_t>;
 
 // One of the lines behind the program ID that hold parameters; 6 is the first.
 struct XifParameters {
-    int line = 0;
+    int line;
     std::vector<XifNumber> numbers;
 };
 
@@ -59,13 +59,13 @@ struct XifSection {
 };
 
 struct XifComment {
-    std::size_t line = 0;
+    std::size_t line;
     std::string text;
 };
 
 // A record of a kind that is not known: its lines up to an empty one.
 struct XifUnknown {
-    std::size_t line = 0;
+    std::size_t line;
     std::vector<std::string> lines;
 };
 
