@@ -141,6 +141,11 @@ TEST(WholeFiles, AreShownWithAllThatTheySay) {
     }
     ExpectText(Folded(trees), TOVAREK_EXPECTED "/trees.txt");
     ExpectText(Folded(listings), TOVAREK_EXPECTED "/listings.txt");
+    // A property of a form that is not known stands as it is.
+    const std::string later = std::string(kSmallXif).replace(kSmallXif.find("1.1;"), 4, "1.1;soon,2;");
+    EXPECT_NE(TreeOf(scratch.File("later.xif", later), *catalog)
+                  .find("properties [soon,2 {record soon,2}, 1,0,0,49 {"),
+              std::string::npos);
 }
 
 // Every value in a line of its own, but for a few that belong together.
