@@ -59,10 +59,6 @@ std::vector<std::string> Titles(std::string_view kind, const std::vector<std::st
     return titles;
 }
 
-XifNumber NumberAt(const std::vector<XifNumber>& numbers, std::size_t place) {
-    return place < numbers.size() ? numbers[place] : XifNumber(0);
-}
-
 // How far the index of each variable is from where those in front of it let it begin.
 std::vector<std::int64_t> IndexGaps(const std::vector<XifVariable>& variables) {
     std::vector<std::int64_t> gaps;

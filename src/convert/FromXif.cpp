@@ -56,10 +56,6 @@ std::string NumberText(const XifNumber& number) {
     return number ? std::to_string(*number) : "*";
 }
 
-XifNumber At(const std::vector<XifNumber>& numbers, std::size_t place) {
-    return place < numbers.size() ? numbers[place] : XifNumber(0);
-}
-
 class XifConverter {
   public:
     XifConverter(const XifFile& file, const StandardCatalog& catalog) : file_(file), catalog_(catalog) {}
@@ -140,15 +136,16 @@ class XifConverter {
         constexpr std::size_t kMaximum = 22;
         CTemplate& device = result_.device;
         if (const auto line = lines.find(kCounts); line != lines.end()) {
-            Expect(LineName(kCounts), "numberOfStaticNvs", At(*line->second, 3), device.numberStaticNvs);
-            Expect(LineName(kCounts), "numberOfTags", At(*line->second, 4), device.numberOfMessageTags);
+            Expect(LineName(kCounts), "numberOfStaticNvs", NumberAt(*line->second, 3),
+                   device.numberStaticNvs);
+            Expect(LineName(kCounts), "numberOfTags", NumberAt(*line->second, 4), device.numberOfMessageTags);
             if (line->second->size() > kMaximum)
                 device.maximumNumberOfNvs =
                     Number(LineName(kCounts), "maximumNumberOfNvs", (*line->second)[kMaximum]);
             known[kCounts] = kMaximum + 1;
         }
         if (const auto line = lines.find(kTransceiver); line != lines.end())
-            Expect(LineName(kTransceiver), "transceiverType", At(*line->second, 2), 1);
+            Expect(LineName(kTransceiver), "transceiverType", NumberAt(*line->second, 2), 1);
     }
 
     void TellFurther(int line, const std::vector<XifNumber>& numbers, std::size_t known) {
@@ -171,10 +168,10 @@ class XifConverter {
         tag.name = source.name;
         tag.index = static_cast<std::int32_t>(position);
         const std::string record = RecordTitle(tag, position);
-        Expect(record, "index", At(source.numbers, 0), tag.index);
-        tag.avgRate = Number(record, "avgRate", At(source.numbers, 1));
-        tag.maxRate = Number(record, "maxRate", At(source.numbers, 2));
-        tag.bindable = Number(record, "bindable", At(source.attributes, 1));
+        Expect(record, "index", NumberAt(source.numbers, 0), tag.index);
+        tag.avgRate = Number(record, "avgRate", NumberAt(source.numbers, 1));
+        tag.maxRate = Number(record, "maxRate", NumberAt(source.numbers, 2));
+        tag.bindable = Number(record, "bindable", NumberAt(source.attributes, 1));
         for (const Constant& constant : kTagConstants)
             if (constant.place < source.attributes.size())
                 Expect(record, constant.name, source.attributes[constant.place], constant.value,

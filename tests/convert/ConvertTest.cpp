@@ -112,6 +112,12 @@ TEST_F(Convert, NamesInDeclarationsAreKeptByXmlAlone) {
     const Answer some = Converted(scratch_.File("partly.xif", partly), "xml");
     EXPECT_NE(some.error.find("name \"cpPlace\": not all properties"), std::string::npos) << some.error;
     EXPECT_EQ(Again().find("cpPlace"), std::string::npos);
+    // The name of the only one is a name of all.
+    std::string one = xif;
+    const std::size_t second = one.find("\"0,,0");
+    one.erase(second, one.find('\n', second) + 1 - second);
+    Converted(scratch_.File("one.xif", one), "xml");
+    EXPECT_NE(Again().find(";cpGain\""), std::string::npos);
 }
 
 TEST_F(Convert, WhatAFormCannotHoldIsListed) {

@@ -15,6 +15,11 @@ namespace tovarek {
 // A number of the file; without value it is left at its default, which the file writes as "*".
 using XifNumber = std::optional<std::int64_t>;
 
+// The number at `place`, from 0; 0 where the line has fewer.
+inline XifNumber NumberAt(const std::vector<XifNumber>& numbers, std::size_t place) {
+    return place < numbers.size() ? numbers[place] : 0;
+}
+
 // One of the lines behind the program ID that hold parameters; 6 is the first.
 struct XifParameters {
     int line;
@@ -44,8 +49,8 @@ struct XifVariable {
     XifNumber standardType;             // 0 = a user type
     std::vector<XifElement> elements;
 
-    XifNumber Number(std::size_t place) const { return place < numbers.size() ? numbers[place] : 0; }
-    XifNumber Attribute(std::size_t place) const { return place < attributes.size() ? attributes[place] : 0; }
+    XifNumber Number(std::size_t place) const { return NumberAt(numbers, place); }
+    XifNumber Attribute(std::size_t place) const { return NumberAt(attributes, place); }
     // Bytes of one value: bit fields share a byte as long as their offset grows, a union has its own size.
     std::int64_t Size() const;
 };
