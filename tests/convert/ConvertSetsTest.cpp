@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "../Scratch.h"
+#include "../formats/Fixtures.h"
 #include "Program.h"
 #include "convert/ResourceSetInput.h"
 #include "formats/records/ResourceKinds.h"
@@ -233,6 +233,41 @@ TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
         << "a display format without a unit keeps its name";
     EXPECT_NE(ReadFile(Out("own-template.xml")).find("<MINRAWVAL>0000</MINRAWVAL>"), std::string::npos)
         << "a missing limit would be the property's value";
+}
+
+// A file with one type of a variable and nothing else as older tools wrote it: without the numbers of deleted
+// entries and the word before a type's size.
+std::string InOlderFormat(std::string bytes) {
+    bytes[0x312] = 3;
+    const std::size_t headerEnd = NumberAt(bytes, 0x314) - 6;
+    bytes.erase(0x34D, 6);
+    bytes.insert(headerEnd, 6, '\0');
+    Put32(bytes, 0x314, headerEnd);
+    const std::size_t data = NumberAt(bytes, 0x31A);
+    const std::size_t record = data + 2;
+    bytes[record + 3] = static_cast<char>(bytes[record + 3] - 2);
+    bytes.erase(record + 5, 2);
+    bytes.insert(data + NumberAt(bytes, 0x31E) - 2, 2, '\0');
+    Repair(bytes);
+    return bytes;
+}
+
+TEST_F(ConvertSets, AFileOfAnOlderFormatBecomesOneOfToday) {
+    TypeFile file = OddTypes();
+    file.nvTypes.resize(1);
+    file.enumerations.clear();
+    file.cpTypes.clear();
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    const auto listed = [&](const std::string& set) {
+        std::vector<std::string> fields;
+        for (const nlohmann::json& loss : Converted({scratch_.File("Set.typ", set)}, "set"))
+            fields.push_back(loss["field"]);
+        return fields;
+    };
+    std::vector<std::string> older = listed(InOlderFormat(bytes));
+    EXPECT_EQ(std::erase(older, "format version"), 1U);
+    EXPECT_EQ(older, listed(bytes));
 }
 
 TEST_F(ConvertSets, WrongUseTellsWhatBelongsTogether) {

@@ -102,6 +102,45 @@ TEST(Damage, CodesTellWhatIsWrong) {
     EXPECT_EQ(ReadAs(0, bytes), 10);
 }
 
+TEST(Damage, RecordsEndWithTheirDataSection) {
+    TypeFile types = MakeExampleSet().types;
+    types.enumerations.clear();
+    types.cpTypes.clear();
+    types.nvTypes.resize(1);
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    std::string longer = bytes;
+    ++longer[NumberAt(longer, 0x31A) + 2 + 3];
+    Repair(longer);
+    EXPECT_EQ(ReadAs(1, longer), 20) << "by one byte, which the file has";
+    bytes[0x352] = 1;  // one deleted enumeration of none
+    Repair(bytes);
+    EXPECT_EQ(ReadAs(1, bytes), 6);
+}
+
+// What follows a member in its record belongs to the next one, and behind the last one to nobody.
+TEST(Damage, MembersOfAProfileEndWithTheirLength) {
+    ProfileFile file = MakeExampleSet().profiles;
+    file.profiles.resize(1);
+    Profile& profile = file.profiles[0].emplace();
+    profile.name = "UFPTx";
+    profile.nvs.emplace_back().name = "member";
+    std::string bytes;
+    ASSERT_TRUE(WriteProfileFile(file, bytes).Ok());
+    ASSERT_EQ(ReadAs(2, bytes), 0);
+    --bytes[bytes.find("member") - 4];
+    Repair(bytes);
+    EXPECT_EQ(ReadAs(2, bytes), 13);
+
+    profile.nvs.clear();
+    profile.cps.emplace_back().name = "member";
+    ASSERT_TRUE(WriteProfileFile(file, bytes).Ok());
+    ASSERT_EQ(ReadAs(2, bytes), 0);
+    --bytes[bytes.find("member") - 10];
+    Repair(bytes);
+    EXPECT_EQ(ReadAs(2, bytes), 13);
+}
+
 // Lets the tables of the header name the record at `to` where they name the one at `from`.
 void Redirect(std::string& bytes, std::size_t from, std::size_t to) {
     for (std::size_t i = 0x32A; i + 4 <= NumberAt(bytes, 0x314); ++i)
