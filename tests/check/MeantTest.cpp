@@ -53,6 +53,7 @@ TEST_F(Meant, CommentsCountForWhatFollowsThem) {
         {"; tovarek: ignore ignored-key\n" + head + "a=1\nb=1\n[x]\n", "6 ignored-section"},
         {"; tovarek: ignore ignored-key\n" + head + "a=1\n; tovarek: ignore ignored-key\nb=1\n", ""},
         {"; tovarek: ignore ignored-key\n" + head + "; tovarek: ignore ignored-key\na=1\nb=1\n", ""},
+        {head + "; tovarek: ignore ignored-key\n; tovarek: ignore ignored-key\na=1\n", "3 unused-ignore"},
         {head + "; tovarek: ignore ignored-key\nselfDoc=x\na=1\n", "3 unused-ignore; 5 ignored-key"},
         {head + "a=1\n; tovarek: ignore ignored-key\n", "3 ignored-key; 4 unused-ignore"},
         {head + "; tovarek: ignore ignored-keys\na=1\n", "3 unused-ignore; 4 ignored-key"},

@@ -219,6 +219,19 @@ TEST_F(Mends, OfATrialAreADiffAndNothingIsWritten) {
     EXPECT_EQ(Check(path, {"--fix", "--dry-run", "--format", "sarif"}).status, 2);
 }
 
+TEST_F(Mends, OfATrialStandInOneHunkWhereTheirSurroundingsMeet) {
+    for (const auto& [between, hunks] : {std::pair{6, 1}, {7, 2}}) {
+        std::string text = "selfDoc=y\nselfDoc=z\n";
+        for (int line = 0; line < between; ++line)
+            text += "; between\n";
+        const std::string diff = Check(Template(text + "selfDoc=z\n"), {"--fix", "--dry-run"}).out;
+        int found = 0;
+        for (std::size_t at = diff.find("@@ -"); at != std::string::npos; at = diff.find("@@ -", at + 1))
+            ++found;
+        EXPECT_EQ(found, hunks) << diff;
+    }
+}
+
 TEST_F(Mends, OfWhatIsMeantAreNotMade) {
     const std::string text = "selfDoc=y\nselfDoc=z\n";
     const std::string path = Template(text);

@@ -256,7 +256,7 @@ TEST_F(DumpTest, KindsAreToldByContent) {
          })
         EXPECT_EQ(InspectFile(scratch.File(each.name, each.content), nullptr).kind, each.kind) << each.name;
     for (const auto& [name, content, reason] : std::vector<std::tuple<const char*, const char*, const char*>>{
-             {"g.xif", "#filetype,x\nName,Type\nA,B\n", "comma-separated"},
+             {"g.xif", "#filetype,x\n,Type\nA,B\n", "comma-separated"},
              {"h.typ", "nothing", "\"UTYP\""},
              {"i.enu", "nothing", "\"URES\""},
              {"j", "", "empty"}}) {

@@ -92,6 +92,9 @@ TEST_F(TemplateRules, EveryFieldOfAVariableIsChecked) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Verify([&](CTemplate& t) { t.nvs[1].*row.field = row.value; }), row.error) << row.error;
+    changed_ = good_;
+    changed_.nvs[1].length = 32;
+    EXPECT_EQ(Raised([&] { changed_.VerifyData(); })->Context().value, "32") << "without a file as well";
     EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0].name = ""; }), 1055);
     EXPECT_EQ(Verify([](CTemplate& t) { t.nvs[0] = {.name = "", .avgRate = -1, .direction = -1}; }), 1055);
 }
@@ -241,6 +244,8 @@ TEST_F(TemplateRules, FaultsSayWhatWasTypedAndWhatToDo) {
          "3 hexadecimal digits, the declaration asks for 2 bytes"},
         {cps + "value=" + std::string(1000, 'A'), cp, "value", std::string(80, 'A') + "...", 8,
          "only the first 999 characters"},
+        {cps + "value=" + std::string(999, 'A'), cp, "value", std::string(80, 'A') + "...", 8,
+         "999 hexadecimal digits, the declaration asks for 2 bytes"},
         {cps + "value=0ABC\rmaxRawVal=0AB\xC4", cp, "maxRawVal", "0AB\xC3\x84", 9,
          "'\xC3\x84', character 4, is not a hexadecimal digit"},
         {"<D>\n<NVS/><PROGRAMMID/></D>", "template", "PROGRAMID", "", 2,
@@ -271,6 +276,8 @@ TEST_F(TemplateRules, FaultsSayWhatWasTypedAndWhatToDo) {
         EXPECT_EQ(context.line, row.line) << row.text;
         EXPECT_EQ(context.file, path);
         EXPECT_NE(context.reason.find(row.reason), std::string::npos) << row.text << context.reason;
+        EXPECT_EQ(context.reason.find("only the first") != std::string::npos,
+                  row.text.ends_with(std::string(1000, 'A')));
     }
 }
 

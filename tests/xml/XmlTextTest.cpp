@@ -96,6 +96,7 @@ TEST(XmlText, LineEndsBecomeOneAndBadBytesTellTheirLine) {
         {Declared("US-ASCII", "\n\xC3\xA9"), "! 2 the bytes 0xC3 do not make a character in US-ASCII"},
         {Declared("windows-1253", "\xD2"), "! 1 the bytes 0xD2 do not make a character in windows-1253"},
         {Declared("sjis", "\xA0"), "! 1 the bytes 0xA0 do not make a character in Shift_JIS"},
+        {Declared("sjis", "\x80 "), "! 1 the bytes 0x80 0x20 do not make a character in Shift_JIS"},
         {Declared("EUC-KR", "\n\xB0"), "! 2 the bytes 0xB0 do not make a character in EUC-KR"},
         {Declared("GBK", "\xFF\xFF"), "! 1 the bytes 0xFF 0xFF do not make a character in GB2312"},
         {Declared("Big5", "\xA4 "), "! 1 the bytes 0xA4 0x20 do not make a character in Big5"},
