@@ -10,13 +10,12 @@
 namespace tovarek {
 namespace {
 
-constexpr std::int64_t kTemplateType = 2;
-
 struct PropertyList {
     explicit PropertyList(const XifFile& file) : declared(ReadXifTemplate(file)) {
         values.resize(declared.properties.size());
+        const XifSection* const declaring = XifTemplateSection(file);
         for (const XifSection& section : file.sections) {
-            if (section.type == kTemplateType)
+            if (&section == declaring)
                 continue;
             bytes += section.content.bytes;
             for (const XifPropertyValue& value : XifPropertyValues(file, section, declared.properties))

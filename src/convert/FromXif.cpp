@@ -13,8 +13,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::int64_t kTemplateType = 2;  // of the file that declares properties
-
 // What the generator writes on the second lines of variables and tags, where templates have no say.
 struct Constant {
     std::size_t place;
@@ -226,14 +224,13 @@ class XifConverter {
         const XifPropertyTemplate found = ReadXifTemplate(file_);
         result_.device.versionCP = found.version;
         std::map<const XifProperty*, std::string_view> values;
-        bool hasTemplate = false;
+        const XifSection* const declaring = XifTemplateSection(file_);
         for (const XifSection& section : file_.sections) {
             const std::vector<XifPropertyValue> held = XifPropertyValues(file_, section, found.properties);
             for (const XifPropertyValue& value : held)
                 values.emplace(value.property, value.bytes);
-            const bool isTemplate =
-                section.type.value_or(0) == kTemplateType && !std::exchange(hasTemplate, true);
-            if (!isTemplate && held.empty() && !(section.content.bytes + section.content.text).empty())
+            if (&section != declaring && held.empty() &&
+                !(section.content.bytes + section.content.text).empty())
                 Lose("FILE " + section.name, "", std::to_string(section.content.bytes.size()) + " bytes",
                      "it is neither the declarations of properties nor all of their values");
         }

@@ -37,8 +37,6 @@ constexpr std::array<AttributeRow, 9> kFlags = {{
 constexpr std::size_t kDirection = 3;
 constexpr std::size_t kService = 4;
 
-constexpr std::int64_t kTemplateType = 2;
-
 void AddNumber(InspectNode& node, std::string_view name, const XifNumber& number) {
     if (number)
         node.Number(name, *number);
@@ -262,10 +260,10 @@ void AddPropertyValues(InspectNode& node, const std::vector<XifPropertyValue>& v
 InspectNode SectionsNode(const XifFile& file, const ResourceNames& names) {
     const XifPropertyTemplate declared = ReadXifTemplate(file);
     InspectNode sections = InspectNode::List("files");
-    bool isFirst = true;
+    const XifSection* const declaring = XifTemplateSection(file);
     for (const XifSection& section : file.sections) {
         InspectNode& node = sections.Add(SectionNode(section));
-        if (section.type == kTemplateType && std::exchange(isFirst, false))
+        if (&section == declaring)
             AddProperties(node, declared, names);
         AddPropertyValues(node, XifPropertyValues(file, section, declared.properties));
     }

@@ -47,9 +47,11 @@ std::optional<DeclaredBlocks> EntryOf(std::string_view text) {
         if (!Take(text, "["))
             return true;
         const std::optional<std::size_t> count = TakeIndex(text);
-        entry.count = std::max<std::size_t>(count.value_or(1), 1);
+        if (!count)
+            return false;
         Take(text, "]");
-        return count.has_value();
+        entry.count = std::max<std::size_t>(*count, 1);
+        return true;
     };
     if (!takeCount())
         return std::nullopt;

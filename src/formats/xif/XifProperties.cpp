@@ -107,10 +107,9 @@ unsigned FlagsOf(std::string_view flags) {
     return value;
 }
 
-const XifSection* FirstSection(const XifFile& file, std::int64_t type, bool ofConstants) {
+const XifSection* ValueSection(const XifFile& file, bool ofConstants) {
     for (const XifSection& section : file.sections)
-        if (section.type == type &&
-            (type == kTemplateType || (section.index == kConstantsIndex) == ofConstants))
+        if (section.type == kValueType && (section.index == kConstantsIndex) == ofConstants)
             return &section;
     return nullptr;
 }
@@ -138,9 +137,16 @@ bool XifProperty::IsMakersOnly() const {
     return (FlagsOf(flags) & kMakersOnly) != 0;
 }
 
+const XifSection* XifTemplateSection(const XifFile& file) {
+    for (const XifSection& section : file.sections)
+        if (section.type == kTemplateType)
+            return &section;
+    return nullptr;
+}
+
 XifPropertyTemplate ReadXifTemplate(const XifFile& file) {
     XifPropertyTemplate result;
-    const XifSection* section = FirstSection(file, kTemplateType, false);
+    const XifSection* section = XifTemplateSection(file);
     if (section == nullptr)
         return result;
     std::vector<std::string> lines = RecordLines(section->content);
@@ -156,8 +162,8 @@ XifPropertyTemplate ReadXifTemplate(const XifFile& file) {
 
 std::vector<XifPropertyValue> XifPropertyValues(const XifFile& file, const XifSection& section,
                                                 const std::vector<XifProperty>& properties) {
-    const XifSection* constants = FirstSection(file, kValueType, true);
-    if (&section != constants && &section != FirstSection(file, kValueType, false))
+    const XifSection* constants = ValueSection(file, true);
+    if (&section != constants && &section != ValueSection(file, false))
         return {};
     std::vector<XifPropertyValue> values;
     std::string_view rest = section.content.bytes;

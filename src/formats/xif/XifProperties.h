@@ -40,8 +40,11 @@ struct XifPropertyTemplate {
     std::vector<XifProperty> properties;
 };
 
-// Reads the text of the template file, the first of type 2. A record may go on in the next lines; a line that
-// begins with a record begins a new one, so that a name does not run into it.
+// The file that declares the properties, the first of type 2; null when there is none.
+const XifSection* XifTemplateSection(const XifFile& file);
+
+// Reads the text of that file. A record may go on in the next lines; a line that begins with a record begins
+// a new one, so that a name does not run into it.
 XifPropertyTemplate ReadXifTemplate(const XifFile& file);
 
 // The value of each property that the section holds, in the order of the template. Empty when the section is
