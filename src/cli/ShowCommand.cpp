@@ -29,11 +29,11 @@ struct Form {
     std::string_view name;
     std::string (*write)(const View& view, std::size_t width);
 };
-constexpr std::array<Form, 4> kForms = {
+constexpr auto kForms = std::to_array<Form>(
     {{"text", TextForm},
      {"markdown", [](const View& view, std::size_t /*width*/) { return MarkdownForm(view); }},
      {"html", [](const View& view, std::size_t /*width*/) { return HtmlForm(view); }},
-     {"svg", [](const View& view, std::size_t /*width*/) { return SvgForm(view); }}}};
+     {"svg", [](const View& view, std::size_t /*width*/) { return SvgForm(view); }}});
 
 const Form& FormNamed(const std::string& name) {
     std::string choice;

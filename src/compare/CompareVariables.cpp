@@ -17,7 +17,7 @@ struct VariableAttribute {
     std::string_view name;
     bool isDefault;
 };
-constexpr std::array<VariableAttribute, 12> kVariableAttributes = {{
+constexpr auto kVariableAttributes = std::to_array<VariableAttribute>({
     {0, "offline", false},
     {1, "second attribute", false},
     {2, "third attribute", false},
@@ -30,15 +30,12 @@ constexpr std::array<VariableAttribute, 12> kVariableAttributes = {{
     {10, "polled", false},
     {11, "synchronized", false},
     {12, "configuration", false},
-}};
+});
 
-constexpr std::array<std::string_view, 13> kTagAttributes = {"first attribute", "bindable",
-                                                             "third attribute", "direction",
-                                                             "service",         "serviceCanBeChanged",
-                                                             "authenticated",   "authCanBeChanged",
-                                                             "priority",        "priorityCanBeChanged",
-                                                             "polled",          "synchronized",
-                                                             "configuration"};
+constexpr auto kTagAttributes =
+    std::to_array<std::string_view>({"first attribute", "bindable", "third attribute", "direction", "service",
+                                     "serviceCanBeChanged", "authenticated", "authCanBeChanged", "priority",
+                                     "priorityCanBeChanged", "polled", "synchronized", "configuration"});
 constexpr std::size_t kTagPriorityCanBeChanged = 9;
 
 template <class Record>
@@ -172,7 +169,7 @@ class VariableComparison {
     }
 
     void CompareNumbers(const std::string& record, const XifVariable& old, const XifVariable& now) {
-        constexpr std::array<std::string_view, 2> kRates = {"avgRate", "maxRate"};
+        constexpr auto kRates = std::to_array<std::string_view>({"avgRate", "maxRate"});
         changes_.Expect(InterfaceRule::variableArray, record, "array size",
                         NumberText(old.Number(kVariableArray)), NumberText(now.Number(kVariableArray)));
         for (std::size_t i = 0; i < kRates.size(); ++i)
@@ -228,7 +225,8 @@ class VariableComparison {
 
 void CompareTag(const std::string& record, const XifTag& old, const XifTag& now, bool isInPlace,
                 ChangeList& changes) {
-    constexpr std::array<std::string_view, 4> kNumbers = {"index", "avgRate", "maxRate", "fourth number"};
+    constexpr auto kNumbers =
+        std::to_array<std::string_view>({"index", "avgRate", "maxRate", "fourth number"});
     changes.Expect(InterfaceRule::tagRenamed, record, "name", old.name, now.name);
     for (std::size_t i = isInPlace ? 0 : 1; i < kNumbers.size(); ++i)
         changes.Expect(i == 1 || i == 2 ? InterfaceRule::tagRates : InterfaceRule::tagAttribute, record,

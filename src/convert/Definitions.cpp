@@ -26,7 +26,7 @@ bool NamesAgree(const DefinedType& known, const DefinedType& wanted) {
 }  // namespace
 
 std::int32_t Definitions::FreeNumber(std::int32_t wanted) {
-    if (wanted > kLargestStandardIndex && !types_.contains(wanted))
+    if (wanted > 0 && !types_.contains(wanted))
         return wanted;
     while (reserved_.contains(next_) || types_.contains(next_))
         ++next_;

@@ -20,20 +20,20 @@ struct Constant {
     std::string_view name;
     bool counts;
 };
-constexpr std::array<Constant, 2> kVariableConstants = {
-    {{1, 1, "second attribute", true}, {2, 63, "third attribute", true}}};
-constexpr std::array<Constant, 12> kTagConstants = {{{0, 0, "first attribute", true},
-                                                     {2, 63, "third attribute", true},
-                                                     {3, 1, "direction", true},
-                                                     {4, 0, "service", true},
-                                                     {5, 1, "service can be changed", true},
-                                                     {6, 0, "authenticated", true},
-                                                     {7, 1, "authentication can be changed", true},
-                                                     {8, 0, "priority", true},
-                                                     {9, 1, "priority can be changed", false},
-                                                     {10, 0, "polled", true},
-                                                     {11, 0, "synchronized", true},
-                                                     {12, 0, "configuration", true}}};
+constexpr auto kVariableConstants =
+    std::to_array<Constant>({{1, 1, "second attribute", true}, {2, 63, "third attribute", true}});
+constexpr auto kTagConstants = std::to_array<Constant>({{0, 0, "first attribute", true},
+                                                        {2, 63, "third attribute", true},
+                                                        {3, 1, "direction", true},
+                                                        {4, 0, "service", true},
+                                                        {5, 1, "service can be changed", true},
+                                                        {6, 0, "authenticated", true},
+                                                        {7, 1, "authentication can be changed", true},
+                                                        {8, 0, "priority", true},
+                                                        {9, 1, "priority can be changed", false},
+                                                        {10, 0, "polled", true},
+                                                        {11, 0, "synchronized", true},
+                                                        {12, 0, "configuration", true}});
 
 // The attributes of a variable, by their place.
 constexpr std::array<std::pair<std::size_t, std::int32_t CNv::*>, 11> kVariableAttributes = {{

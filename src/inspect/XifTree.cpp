@@ -13,17 +13,17 @@
 namespace tovarek {
 namespace {
 
-constexpr std::array<std::string_view, 6> kElementTypes = {"character", "8-bit", "16-bit",
-                                                           "bit field", "union", "typeless"};
-constexpr std::array<std::string_view, 2> kDirections = {"input", "output"};
-constexpr std::array<std::string_view, 3> kServices = {"acknowledged", "repeated", "unacknowledged"};
+constexpr auto kElementTypes =
+    std::to_array<std::string_view>({"character", "8-bit", "16-bit", "bit field", "union", "typeless"});
+constexpr auto kDirections = std::to_array<std::string_view>({"input", "output"});
+constexpr auto kServices = std::to_array<std::string_view>({"acknowledged", "repeated", "unacknowledged"});
 
 // The attributes of a variable that are flags, by their place on the line.
 struct AttributeRow {
     std::string_view name;
     std::size_t place;
 };
-constexpr std::array<AttributeRow, 9> kFlags = {{
+constexpr auto kFlags = std::to_array<AttributeRow>({
     {"offline", 0},
     {"serviceCanBeChanged", 5},
     {"authenticated", 6},
@@ -33,7 +33,7 @@ constexpr std::array<AttributeRow, 9> kFlags = {{
     {"polled", 10},
     {"synchronized", 11},
     {"configuration", 12},
-}};
+});
 constexpr std::size_t kDirection = 3;
 constexpr std::size_t kService = 4;
 
@@ -69,12 +69,12 @@ struct OtherParameter {
     int token;
     std::string_view name;
 };
-constexpr std::array<OtherParameter, 4> kOtherParameters = {{
+constexpr auto kOtherParameters = std::to_array<OtherParameter>({
     {6, 4, "numberOfStaticNvs"},
     {6, 5, "numberOfTags"},
     {6, 23, "maximumNumberOfNvs"},
     {8, 3, "transceiverType"},
-}};
+});
 
 // A value of the profile is called what it is called there. Later versions of the format have more numbers.
 std::string ParameterName(int line, int token) {
@@ -186,7 +186,8 @@ std::string StandardTypeName(const XifProperty& property, const ResourceNames& n
 }
 
 InspectNode PropertyNode(const XifProperty& property, const ResourceNames& names) {
-    constexpr std::array<std::string_view, 3> kAppliesTo = {"device", "functional block", "network variable"};
+    constexpr auto kAppliesTo =
+        std::to_array<std::string_view>({"device", "functional block", "network variable"});
     InspectNode node = InspectNode::Object(property.Key());
     if (!property.isKnown) {
         node.Text("record", property.record);

@@ -7,7 +7,7 @@
 namespace tovarek {
 
 // By code in the file; the sizes are short 1, long 2 and quad 4 bytes. 0 is no kind.
-inline constexpr std::array<std::string_view, 16> kKindNames = {
+inline constexpr auto kKindNames = std::to_array<std::string_view>({
     "unknown kind",
     "signed character",
     "unsigned character",
@@ -24,6 +24,6 @@ inline constexpr std::array<std::string_view, 16> kKindNames = {
     "signed quad",
     "reference",
     "unsigned quad",
-};
+});
 
 }  // namespace tovarek

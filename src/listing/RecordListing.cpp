@@ -51,7 +51,7 @@ struct FlagRow {
     unsigned bit;
     std::string_view meaning;
 };
-constexpr std::array<FlagRow, 8> kRangeFlags = {{
+constexpr auto kRangeFlags = std::to_array<FlagRow>({
     {0x80, "minimum of the kind"},
     {0x40, "minimum -1"},
     {0x20, "minimum 0"},
@@ -60,9 +60,9 @@ constexpr std::array<FlagRow, 8> kRangeFlags = {{
     {0x04, "A stored"},
     {0x02, "B stored"},
     {0x01, "C stored"},
-}};
-constexpr std::array<FlagRow, 2> kCpFlags = {{{0x02, "minimum stored"}, {0x01, "maximum stored"}}};
-constexpr std::array<FlagRow, 8> kNvMemberFlags = {{
+});
+constexpr auto kCpFlags = std::to_array<FlagRow>({{0x02, "minimum stored"}, {0x01, "maximum stored"}});
+constexpr auto kNvMemberFlags = std::to_array<FlagRow>({
     {0x80, "input"},
     {0x40, "polled"},
     {0x20, "acknowledged"},
@@ -71,9 +71,9 @@ constexpr std::array<FlagRow, 8> kNvMemberFlags = {{
     {0x04, "default stored"},
     {0x02, "minimum stored"},
     {0x01, "maximum stored"},
-}};
-constexpr std::array<FlagRow, 3> kCpMemberFlags = {
-    {{0x04, "default stored"}, {0x02, "minimum stored"}, {0x01, "maximum stored"}}};
+});
+constexpr auto kCpMemberFlags =
+    std::to_array<FlagRow>({{0x04, "default stored"}, {0x02, "minimum stored"}, {0x01, "maximum stored"}});
 
 template <std::size_t count>
 unsigned Flags(ByteCursor& cursor, std::string_view field, const std::array<FlagRow, count>& rows) {
@@ -289,8 +289,8 @@ void ProfileRecord(ByteCursor& cursor) {
 }  // namespace
 
 std::string_view RecordName(RecordKind kind) {
-    constexpr std::array<std::string_view, 5> kNames = {"string", "NV type", "CP type", "enumeration set",
-                                                        "profile"};
+    constexpr auto kNames =
+        std::to_array<std::string_view>({"string", "NV type", "CP type", "enumeration set", "profile"});
     return kNames.at(static_cast<std::size_t>(kind));
 }
 

@@ -25,29 +25,29 @@ struct NamedNumber {
     std::string_view name;
 };
 
-constexpr std::array<NamedNumber, 8> kChips = {{{0, "3150"},
-                                                {1, "PL 3150"},
-                                                {14, "FT 3120 E4"},
-                                                {15, "PL 3120 E4"},
-                                                {17, "PL 3170"},
-                                                {32, "FT 5000"},
-                                                {36, "FT 6050"},
-                                                {115, "host stack"}}};
-constexpr std::array<NamedNumber, 7> kClocks = {{{1, "0.625 MHz"},
-                                                 {2, "1.25 MHz"},
-                                                 {3, "2.5 MHz"},
-                                                 {4, "5 MHz"},
-                                                 {5, "10 MHz"},
-                                                 {6, "20 MHz"},
-                                                 {7, "40 MHz"}}};
-constexpr std::array<NamedNumber, 4> kTransceivers = {
-    {{6, "1.25 Mbit/s"}, {7, "free topology"}, {8, "power line"}, {9, "power line"}}};
-constexpr std::array<NamedNumber, 5> kApplications = {{{0, "unknown"},
-                                                       {1, "MIP"},
-                                                       {2, "Neuron"},
-                                                       {3, "host selection"},
-                                                       {4, "host with network-interface selection"}}};
-constexpr std::array<NamedNumber, 2> kYesNo = {{{0, "no"}, {1, "yes"}}};
+constexpr auto kChips = std::to_array<NamedNumber>({{0, "3150"},
+                                                    {1, "PL 3150"},
+                                                    {14, "FT 3120 E4"},
+                                                    {15, "PL 3120 E4"},
+                                                    {17, "PL 3170"},
+                                                    {32, "FT 5000"},
+                                                    {36, "FT 6050"},
+                                                    {115, "host stack"}});
+constexpr auto kClocks = std::to_array<NamedNumber>({{1, "0.625 MHz"},
+                                                     {2, "1.25 MHz"},
+                                                     {3, "2.5 MHz"},
+                                                     {4, "5 MHz"},
+                                                     {5, "10 MHz"},
+                                                     {6, "20 MHz"},
+                                                     {7, "40 MHz"}});
+constexpr auto kTransceivers = std::to_array<NamedNumber>(
+    {{6, "1.25 Mbit/s"}, {7, "free topology"}, {8, "power line"}, {9, "power line"}});
+constexpr auto kApplications = std::to_array<NamedNumber>({{0, "unknown"},
+                                                           {1, "MIP"},
+                                                           {2, "Neuron"},
+                                                           {3, "host selection"},
+                                                           {4, "host with network-interface selection"}});
+constexpr auto kYesNo = std::to_array<NamedNumber>({{0, "no"}, {1, "yes"}});
 
 // The numbers that are shown as they are, with their units or names.
 struct HardwareRow {
@@ -89,12 +89,12 @@ struct BufferRow {
     std::size_t count;
     std::size_t size;
 };
-constexpr std::array<BufferRow, 6> kBuffers = {{{"network input", 6, 12},
-                                                {"network output", 7, 13},
-                                                {"network output, priority", 8, 13},
-                                                {"application output", 10, 14},
-                                                {"application output, priority", 9, 14},
-                                                {"application input", 11, 15}}};
+constexpr auto kBuffers = std::to_array<BufferRow>({{"network input", 6, 12},
+                                                    {"network output", 7, 13},
+                                                    {"network output, priority", 8, 13},
+                                                    {"application output", 10, 14},
+                                                    {"application output, priority", 9, 14},
+                                                    {"application input", 11, 15}});
 
 // Products of what files say are refused before they overflow.
 constexpr std::int64_t kMostFactor = INT32_MAX;

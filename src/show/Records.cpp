@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kDirection = 3;
 constexpr std::size_t kService = 4;
 constexpr std::size_t kConfiguration = 12;
-constexpr std::array<std::string_view, 3> kServices = {"acknowledged", "repeated", "unacknowledged"};
+constexpr auto kServices = std::to_array<std::string_view>({"acknowledged", "repeated", "unacknowledged"});
 
 // Flags that are told where they are not the usual ones.
 struct FlagRow {
@@ -23,15 +23,15 @@ struct FlagRow {
     std::int64_t unusual;
     std::string_view text;
 };
-constexpr std::array<FlagRow, 9> kFlags = {{{0, 1, "offline for updates"},
-                                            {6, 1, "authenticated"},
-                                            {8, 1, "priority"},
-                                            {10, 1, "polled"},
-                                            {11, 1, "synchronized"},
-                                            {12, 1, "configuration"},
-                                            {5, 0, "service fixed"},
-                                            {7, 0, "authentication fixed"},
-                                            {9, 0, "priority fixed"}}};
+constexpr auto kFlags = std::to_array<FlagRow>({{0, 1, "offline for updates"},
+                                                {6, 1, "authenticated"},
+                                                {8, 1, "priority"},
+                                                {10, 1, "polled"},
+                                                {11, 1, "synchronized"},
+                                                {12, 1, "configuration"},
+                                                {5, 0, "service fixed"},
+                                                {7, 0, "authentication fixed"},
+                                                {9, 0, "priority fixed"}});
 
 void Append(std::string& list, const std::string& text, std::string_view separator = ", ") {
     if (!text.empty())

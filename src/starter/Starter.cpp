@@ -16,7 +16,8 @@ constexpr std::array<std::int32_t, kProfileFields.size()> kProfile = {
     78125, 0,  0,   0,  0,  0,   0,  0,   0, 0, 0,   0,                             // 9
     90,    0,  240, 0,  0,  0,   40, 40,  0, 5, 1,   2, 5, 0, 1};                   // 10
 
-constexpr std::array<const Starter*, 3> kStarters = {&kFanCoilStarter, &kSensorStarter, &kSwitchStarter};
+constexpr auto kStarters =
+    std::to_array<const Starter*>({&kFanCoilStarter, &kSensorStarter, &kSwitchStarter});
 
 CNv NvOf(const StarterVariable& row) {
     CNv nv;

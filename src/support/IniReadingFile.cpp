@@ -24,7 +24,7 @@ std::string ReadOrNothing(const std::string& path) {
 // What stands behind the brackets of a header, and is no comment.
 void IniReading::TellBehindHeader(const Section& section, FindingSink& findings) const {
     const std::string_view header = section.body->header;
-    const std::string_view behind = Trim(header.substr(std::min(header.rfind(']'), header.size() - 1) + 1));
+    const std::string_view behind = Trim(header.substr(header.rfind(']') + 1));
     if (!behind.empty() && !behind.starts_with(';') && !behind.starts_with('#'))
         findings.Take(At(Warning::ignoredKey, LineOf(section), LinePart::all,
                          QuotedExcerpt(behind) +

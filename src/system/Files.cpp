@@ -132,44 +132,38 @@ void ProbeOutput(std::string_view path) {
     OpenWithHint(path, true, SystemFile::TryCreate);
 }
 
-OutputFile::OutputFile(std::string_view path) : file_(CreateOutput(path)) {
-    buffer_.reserve(kPiece);
-}
+OutputFile::OutputFile(std::string_view path) : file_(CreateOutput(path)) {}
 
 OutputFile::~OutputFile() {
     if (!file_.IsOpen())
         return;
     try {
         // A half-written file is left as far as it got.
-        if (!failed_)
-            WriteOut(buffer_);
+        WriteBuffer();
     } catch (const Error&) {
         // The error that ended the writer is already on its way.
-        failed_ = true;
+        return;
     }
 }
 
 void OutputFile::Append(std::string_view bytes) {
-    if (buffer_.size() + bytes.size() > kPiece) {
-        WriteOut(buffer_);
-        buffer_.clear();
-    }
+    if (buffer_.size() + bytes.size() > kPiece)
+        WriteBuffer();
     if (bytes.size() > kPiece)
-        WriteOut(bytes);
+        file_.Write(bytes);
     else
         buffer_ += bytes;
 }
 
 void OutputFile::Close() {
-    WriteOut(buffer_);
-    buffer_.clear();
+    WriteBuffer();
     file_.Close();
 }
 
-void OutputFile::WriteOut(std::string_view bytes) {
-    failed_ = true;
-    file_.Write(bytes);
-    failed_ = false;
+void OutputFile::WriteBuffer() {
+    // Taken out first: what could not be written is not tried again when the file is left.
+    const std::string piece = std::exchange(buffer_, {});
+    file_.Write(piece);
 }
 
 namespace {

@@ -91,11 +91,10 @@ class OutputFile : public FileSink {
     void Close() override;
 
   private:
-    void WriteOut(std::string_view bytes);
+    void WriteBuffer();
 
     SystemFile file_;
     std::string buffer_;
-    bool failed_ = false;
 };
 
 // Raises what OutputFile raises for `path`, as far as that shows beforehand: the folder, what stands there,

@@ -19,14 +19,14 @@ struct ProgramIdField {
     std::string_view meaning;
 };
 
-inline constexpr std::array<ProgramIdField, 6> kProgramIdFields = {{
+inline constexpr auto kProgramIdFields = std::to_array<ProgramIdField>({
     {"format", 0, 1, "9, or 8 for certified devices"},
     {"maker", 1, 5, "manufacturer, a number that LonMark International gives"},
     {"class", 6, 4, "device class"},
     {"usage", 10, 2, "usage"},
     {"channel", 12, 2, "channel type, such as 04: twisted pair, free topology, 78 kbit/s"},
     {"model", 14, 2, "model, the maker's own to count"},
-}};
+});
 
 // The sixteen digits in capitals of `text`: the digits, or eight pairs of them joined by ":". Nothing for any
 // other text.

@@ -19,7 +19,7 @@ struct InheritingType {
     std::uint16_t index;
     std::string_view name;
 };
-inline constexpr std::array<InheritingType, 22> kInheritingTypes = {{
+inline constexpr auto kInheritingTypes = std::to_array<InheritingType>({
     {7, "SCPTdefOutput"},          {9, "SCPThighLimit1"},     {10, "SCPThighLimit2"},
     {11, "SCPThystHigh1"},         {12, "SCPThystHigh2"},     {13, "SCPThystLow1"},
     {14, "SCPThystLow2"},          {18, "SCPTlowLimit1"},     {19, "SCPTlowLimit2"},
@@ -28,7 +28,7 @@ inline constexpr std::array<InheritingType, 22> kInheritingTypes = {{
     {257, "SCPTsafExtCnfg"},       {258, "SCPTemergCnfg"},    {276, "SCPTvalueDefinition"},
     {305, "SCPTdefInput"},         {330, "SCPTlogHighLimit"}, {331, "SCPTlogLowLimit"},
     {334, "SCPTlogMinDeltaValue"},
-}};
+});
 // The one with the number; null for every other type.
 const InheritingType* InheritingTypeOf(std::int32_t index);
 

@@ -12,6 +12,10 @@ const xmlNode* Raw(const void* node) {
     return static_cast<const xmlNode*>(node);
 }
 
+const xmlAttr* FirstAttribute(const XmlNode& node, const void* raw) {
+    return node.IsElement() ? Raw(raw)->properties : nullptr;
+}
+
 std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
 }
@@ -172,9 +176,7 @@ XmlNode XmlNode::NextSibling() const {
 
 std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
     std::vector<std::pair<std::string, std::string>> attributes;
-    if (!IsElement())
-        return attributes;
-    for (const xmlAttr* attribute = Raw(node_)->properties; attribute != nullptr;
+    for (const xmlAttr* attribute = FirstAttribute(*this, node_); attribute != nullptr;
          attribute = attribute->next) {
         std::string value;
         for (const xmlNode* text = attribute->children; text != nullptr; text = text->next)
@@ -186,9 +188,8 @@ std::vector<std::pair<std::string, std::string>> XmlNode::Attributes() const {
 
 std::vector<std::string> XmlNode::WrittenAttributes() const {
     std::vector<std::string> names;
-    if (!IsElement())
-        return names;
-    for (const xmlAttr* attribute = Raw(node_)->properties; attribute != nullptr; attribute = attribute->next)
+    for (const xmlAttr* attribute = FirstAttribute(*this, node_); attribute != nullptr;
+         attribute = attribute->next)
         if (attribute->psvi == nullptr)
             names.push_back(QualifiedName(attribute->ns, attribute->name));
     return names;

@@ -53,15 +53,16 @@ TEST(XifReader, ReadsEveryRecord) {
 }
 
 TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
-    const auto size = [](std::initializer_list<int> offsets) {
+    const auto size = [](std::initializer_list<std::optional<int>> offsets) {
         XifVariable variable;
-        for (const int offset : offsets)
+        for (const std::optional<int> offset : offsets)
             variable.elements.push_back({.type = 3, .offset = offset});
         return variable.Size();
     };
     EXPECT_EQ(size({0, 1, 2}), 1);
     EXPECT_EQ(size({0, 0}), 2) << "two fields cannot have one place";
     EXPECT_EQ(size({4, 3}), 2);
+    EXPECT_EQ(size({0, std::nullopt}), 2) << "what has no offset stands at the beginning";
 }
 
 TEST(XifReader, SurvivesWhatOldToolsLeave) {

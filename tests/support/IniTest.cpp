@@ -42,6 +42,7 @@ TEST(Ini, MissingFilesAndUnreadableOnesGiveTheDefaults) {
         EXPECT_EQ(ini.GetStringValue("s", "k", "  d  "), "d");
         EXPECT_TRUE(ini.GetBoolValue("s", "k", true));
         EXPECT_EQ(ini.GetDoubleValue("s", "k", 2.5), 2.5);
+        EXPECT_EQ(ini.GetDoubleValue("s", "k", 25), 25);
         // The default comes back with red and blue exchanged.
         EXPECT_EQ(ini.GetColorValue("s", "k", 255), 16711680);
     }

@@ -23,14 +23,14 @@ constexpr KindRow RowOfResource(FileKind kind, ResourceKind resource) {
     return {kind, row.name, row.magic, row.extension};
 }
 
-constexpr std::array<KindRow, 6> kKinds = {{
+constexpr auto kKinds = std::to_array<KindRow>({
     RowOfResource(FileKind::language, ResourceKind::language),
     RowOfResource(FileKind::type, ResourceKind::type),
     RowOfResource(FileKind::profile, ResourceKind::profile),
     {FileKind::format, "format file", "", kFormatExtension},
     {FileKind::catalog, "resource catalog", kCatalogMark, "cat"},
     {FileKind::xif, "XIF file", "File:", "xif"},
-}};
+});
 
 // A list of values: commas in each of the first lines, and not a single statement.
 bool LooksCommaSeparated(std::string_view bytes) {

@@ -22,12 +22,12 @@ struct ResourceKindRow {
     std::uint8_t descriptionText;
 };
 
-inline constexpr std::array<ResourceKindRow, 3> kResourceKinds = {{
+inline constexpr auto kResourceKinds = std::to_array<ResourceKindRow>({
     {ResourceKind::language, "URES", "language file", "Language Resource (RES) file", "", 1},
     {ResourceKind::type, "UTYP", "type file", "NV and CP Type and Enum (TYP) file", "typ", 4},
     {ResourceKind::profile, "UFPT", "functional-profile file", "Functional Profile Template (FPT) file",
      "fpt", 3},
-}};
+});
 
 // The string that names the creator, in every file.
 inline constexpr std::uint8_t kCreatorText = 2;
