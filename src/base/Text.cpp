@@ -217,6 +217,11 @@ bool IsUtf8(std::string_view bytes) {
     return true;
 }
 
+bool LooksLikeUtf16(std::string_view bytes) {
+    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
+           bytes.substr(0, 2).find('\0') != std::string_view::npos;
+}
+
 std::string FromUtf16(std::string_view bytes, bool bigEndian) {
     const auto unit = [&](std::size_t i) -> char32_t {
         const char32_t first = Byte(bytes, i);

@@ -71,6 +71,9 @@ bool IsAscii(std::string_view text);
 // True when all of it is valid UTF-8.
 bool IsUtf8(std::string_view bytes);
 
+// Whether a file begins like UTF-16: with its mark, or with an ASCII character in two bytes.
+bool LooksLikeUtf16(std::string_view bytes);
+
 // UTF-16 code units in the given byte order (no mark) to UTF-8. Unpaired surrogates become U+FFFD; a lone
 // last byte is dropped.
 std::string FromUtf16(std::string_view bytes, bool bigEndian);

@@ -37,10 +37,8 @@ std::vector<std::string_view> NamesIn(std::string_view comment) {
 
 // Most files have no such comment; that is seen before anything is parsed.
 bool MayHaveMarks(const std::string& bytes) {
-    // Of two bytes a character, with a mark or a NUL in front, a name is not seen like this.
-    const bool isWide = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
-                        std::string_view(bytes).substr(0, 2).find('\0') != std::string_view::npos;
-    return isWide || bytes.find(kProgram) != std::string::npos;
+    // Where a character has two bytes, a name is not seen like this.
+    return LooksLikeUtf16(bytes) || bytes.find(kProgram) != std::string::npos;
 }
 
 std::string KeyOf(const std::string& file, std::string_view name) {

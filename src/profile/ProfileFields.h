@@ -30,6 +30,10 @@ inline constexpr auto kProfileFields = std::to_array<ProfileField>({
 inline constexpr int kFirstProfileLine = 6;
 inline constexpr int kLastProfileLine = 10;
 
+// What is told of an interface file that another program has stored in characters of two bytes.
+inline constexpr std::string_view kXifInUtf16 =
+    "the file is UTF-16, so that no number of it can be read: save it in the 8-bit code page";
+
 consteval bool ProfileFieldsRiseByPlace() {
     for (std::size_t i = 1; i < kProfileFields.size(); ++i) {
         const ProfileField& a = kProfileFields[i - 1];

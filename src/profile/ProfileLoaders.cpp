@@ -104,10 +104,11 @@ void CProfile::Store(const ProfileField& field, std::string_view text, FindingSi
 void CProfile::LoadFromXif(FindingSink& findings) {
     const std::string bytes = ReadFile(xifFile);
     LineReader lines(bytes, xifFile);
-    const std::string_view otherKind =
-        CaselessEqual()(std::string_view(bytes).substr(0, kXifBegin.size()), kXifBegin)
-            ? ""
-            : "; an XIF file begins with \"File:\", this one does not: is it an INI or XML profile?";
+    std::string hint;
+    if (LooksLikeUtf16(bytes))
+        hint = "; " + std::string(kXifInUtf16);
+    else if (!CaselessEqual()(std::string_view(bytes).substr(0, kXifBegin.size()), kXifBegin))
+        hint = "; an XIF file begins with \"File:\", this one does not: is it an INI or XML profile?";
     for (int line = 1; line < kFirstProfileLine; ++line)
         lines.Next();
 
@@ -132,7 +133,7 @@ void CProfile::LoadFromXif(FindingSink& findings) {
                      .reason = "line " + std::to_string(line) + " of an XIF file holds at least " +
                                std::to_string(std::prev(next)->token) +
                                " numbers, each behind a single blank, this one " + std::to_string(count) +
-                               std::string(otherKind)});
+                               hint});
             }
             std::string& token = tokens[static_cast<std::size_t>(field->token) - 1];
             std::string& kept = tokens_[static_cast<std::size_t>(field - kProfileFields.data())];

@@ -163,15 +163,10 @@ void CProfile::TellMissingElements(const std::array<XmlNode, 5>& lines, FindingS
 void CProfile::TellXifReadings(FindingSink& findings) const {
     const std::string bytes = ReadFile(xifFile);
     std::string_view rest = bytes;
-    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
-        rest.substr(0, 2).find('\0') != std::string_view::npos) {
-        findings.Take(
-            {.context = {.file = xifFile,
-                         .line = 1,
-                         .reason = "the file is UTF-16, so that no number of it can be read: save it "
-                                   "in the 8-bit code page"},
-             .warning = Warning::encoding,
-             .part = LinePart::all});
+    if (LooksLikeUtf16(bytes)) {
+        findings.Take({.context = {.file = xifFile, .line = 1, .reason = std::string(kXifInUtf16)},
+                       .warning = Warning::encoding,
+                       .part = LinePart::all});
         return;
     }
     for (int number = 1; number <= kLastProfileLine; ++number) {

@@ -64,6 +64,15 @@ TEST(Text, HexadecimalIsReadWholeOrNotAtAll) {
     EXPECT_EQ(text, "001A12345") << "digits are a least number: none is lost";
 }
 
+TEST(Text, Utf16IsKnownByItsFirstTwoBytes) {
+    for (const char* text : {"\xFF\xFE", "\xFE\xFF-"})
+        EXPECT_TRUE(LooksLikeUtf16(text));
+    for (const std::string& text : {std::string("a\0", 2), std::string("\0a", 2)})
+        EXPECT_TRUE(LooksLikeUtf16(text));
+    for (const std::string& text : {std::string("ab\0", 3), std::string("\xFF\xFF"), std::string()})
+        EXPECT_FALSE(LooksLikeUtf16(text));
+}
+
 TEST(Text, UnpairedSurrogatesOfUtf16AreReplaced) {
     EXPECT_EQ(FromUtf16(std::string("\x00\xD8", 2), false), "\xEF\xBF\xBD");
     EXPECT_EQ(FromUtf16(std::string("\xDC\x00\x00z!", 5), true), "\xEF\xBF\xBDz") << "half a unit is dropped";

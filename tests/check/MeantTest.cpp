@@ -58,6 +58,7 @@ TEST_F(Meant, CommentsCountForWhatFollowsThem) {
         {head + "a=1\n; tovarek: ignore ignored-key\n", "3 ignored-key; 4 unused-ignore"},
         {head + "; tovarek: ignore ignored-keys\na=1\n", "3 unused-ignore; 4 ignored-key"},
         {head + "; tovarek ignore ignored-key\na=1\n", "4 ignored-key"},
+        {head + "; tovarek: allow ignored-key\na=1\n", "4 ignored-key"},
         {head + "[tags]\nnumberOfTags=1\n[tag1]\nname=t\n; tovarek: ignore tagbindable\nbindable=2\n",
          "7 unused-ignore; 8 tagbindable"},
         {xmlHead + "<A/><!-- tovarek: ignore ignored-element --><B/><C/></D>",

@@ -56,6 +56,21 @@ TEST(Check, AProfileThatIsNotThereIsOneFinding) {
     EXPECT_EQ(SlipCheck(none).Findings("none.ini"), "0:0 domainnumber");
 }
 
+// With CR LF its lines are counted otherwise, so that the numbers of line 6 are missed first.
+TEST(Check, AnXifProfileInUtf16IsToldAsSuch) {
+    for (const bool isBigEndian : {false, true}) {
+        SlipCheck check({"profile.xif", "", "", "", Form::xif});
+        const std::string path = check.Path("profile.xif");
+        std::string text = ReadFile(path);
+        WriteFile(path, ToUtf16(text, isBigEndian));
+        EXPECT_EQ(check.Findings("profile.xif"), "6:1 subscriptOutOfRange");
+        EXPECT_NE(check.Run().dump().find("the file is UTF-16"), std::string::npos);
+        std::erase(text, '\r');
+        WriteFile(path, ToUtf16(text, isBigEndian));
+        EXPECT_TRUE(check.Findings("profile.xif").starts_with("1:1 encoding"));
+    }
+}
+
 TEST(Check, AProfileInTheTemplatesFileIsNotReadWithoutXif) {
     const Slip slip = {"template.ini",    "[general]\n", "[Line6]\ndomains=two\nnote\n[general]\nnote=1\n",
                        "9:1 ignored-key", Form::ini,     {"--mustGenerateXif", "false"}};

@@ -64,6 +64,7 @@ TEST(Show, TellsADeviceAsText) {
 TEST(Show, HasDrawnThePictureOfTheDocuments) {
     const Example example;
     EXPECT_EQ(example.Show({"--as", "svg"}).out, ReadFile(kExample + "/../../docs/fan-coil.svg"));
+    EXPECT_TRUE(example.Show({"--as", "markdown"}).out.starts_with("# "));
     const Answer json = example.Show({"--as", "svg", "--format", "json"});
     EXPECT_EQ(json.out.rfind("{\n  \"as\": \"svg\",\n  \"content\": \"<svg ", 0), 0U) << json.out;
 }

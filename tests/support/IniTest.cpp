@@ -51,12 +51,15 @@ TEST(Ini, MissingFilesAndUnreadableOnesGiveTheDefaults) {
 TEST(Ini, BooleansAndColorsAreIntegers) {
     const Scratch scratch;
     cIni ini;
-    ini.iniFile(
-        scratch.File("a.ini", "[s]\nyes=True\ntwo=2\nBackRED=300\nBackGREEN=1\nBackBLUE=0\nBadRED=32768\n"));
+    ini.iniFile(scratch.File("a.ini",
+                             "[s]\nyes=True\ntwo=2\nBackRED=300\nBackGREEN=1\nBackBLUE=0\nBadRED=32768\n"
+                             "LowBLUE=-32768\nUnderBLUE=-32768\nUnderRED=-1\n"));
     EXPECT_FALSE(ini.GetBoolValue("s", "yes", true));
     EXPECT_TRUE(ini.GetBoolValue("s", "two", false));
     EXPECT_EQ(ini.GetColorValue("s", "Back", 0), 255 + 256);
     EXPECT_EQ(RaisedNumber([&] { ini.GetColorValue("s", "Bad", 0); }), 6);
+    EXPECT_EQ(ini.GetColorValue("s", "Low", 0), INT32_MIN);
+    EXPECT_EQ(RaisedNumber([&] { ini.GetColorValue("s", "Under", 0); }), 6);
 }
 
 TEST(Ini, AFileIsReadAgainWhenItHasChanged) {

@@ -41,6 +41,8 @@ TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Folder(), "x"); }), 75);
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Path("no/where"), "x"); }), 76);
     EXPECT_EQ(RaisedNumber([] { WriteFile("", "x"); }), 53);
+    EXPECT_EQ(RaisedNumber([&] { RewriteFile(scratch.Path("missing"), "x"); }), 53);
+    EXPECT_EQ(RaisedNumber([&] { ProbeOutput(scratch.File("file", "") + "/x"); }), 76);
     const auto folder = Raised([&] { WriteFile(scratch.Path("no/where"), "x"); });
     EXPECT_NE(folder->Context().reason.find("there is no folder"), std::string::npos);
     EXPECT_NE(folder->Context().reason.find("create it"), std::string::npos) << folder->Context().reason;

@@ -2,6 +2,7 @@
 
 #include "Scratch.h"
 #include "support/CTools.h"
+#include "support/Readings.h"
 #include "template/CTemplate.h"
 #include "template/TemplateFields.h"
 
@@ -222,6 +223,12 @@ TEST(Template, LoadingTwiceKeepsNothingButTheUserTypeFile) {
     EXPECT_TRUE(loaded.nvs.empty());
     EXPECT_EQ(loaded.numberStaticNvs, 0);
     EXPECT_EQ(loaded.userTypeFile, "u");
+    CollectingSink all;
+    Readings readings(all);
+    loaded.TellReadings(readings);
+    ASSERT_EQ(all.findings.size(), 1U);
+    EXPECT_EQ(all.findings[0].context.reason,
+              "<D> has no USERCPFILE; \"u\" of the template before it is kept");
 }
 
 TEST(Template, SourcesHaveAnOrder) {

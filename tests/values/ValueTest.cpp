@@ -164,6 +164,12 @@ TEST(Values, OfTypesThatLeadNowhereAreBytes) {
     EXPECT_EQ(notes.size(), 2U);
     EXPECT_EQ(Encoded(type, "0102, A0FF", names), "0102A0FF");
     EXPECT_TRUE(Encoded(type, "0102, A0", names).starts_with("refused: own: [1]: 'A0'"));
+    TypeDescription enumeration;
+    enumeration.kind = TypeKind::enumeration;
+    enumeration.target = {3, 7};
+    EXPECT_EQ(Encoded({"own", enumeration, {}}, "raw:2", names), "02");
+    EXPECT_TRUE(Encoded({"own", enumeration, {}}, "ON", names)
+                    .starts_with("refused: own: the names of the enumeration are not known"));
     // Types that lead back to themselves end all the same.
     TypeFile circle;
     NvType self;
