@@ -296,13 +296,14 @@ std::int32_t QVxTypes::StartType(const std::string& name) {
 
 std::int32_t QVxTypes::DescribeReference(const TypeElement& element, std::int32_t standardIndex,
                                          std::int32_t size) {
-    return impl_->Describe(element, TypeKind::reference, [=](TypeDescription& type) -> Outcome {
+    return impl_->Describe(element, TypeKind::reference, [&](TypeDescription& type) -> Outcome {
         if (standardIndex < 1 || standardIndex > 65535)
             return Failure(resultBadParam, "the index of a standard type is 1 to 65535");
         if (size < 1 || size > 255) {
-            return Failure(resultBadParam, "the catalog has no standard type " +
-                                               std::to_string(standardIndex) +
-                                               " with a size of 1 to 255 bytes");
+            const std::string name = "standard type " + std::to_string(standardIndex);
+            return Failure(resultBadParam,
+                           impl_->catalog ? "the catalog has no " + name + " with a size of 1 to 255 bytes"
+                                          : "no catalog is open, so the size of " + name + " is not known");
         }
         type.target = {0, static_cast<std::uint16_t>(standardIndex)};
         type.referencedSize = static_cast<std::uint8_t>(size);

@@ -124,7 +124,10 @@ TEST(Check, FilesAndFoldersThatAreNotThereAreFound) {
         {{"t.ini", "", "", "", Form::ini, {"--outputXIFfile", "nowhere/node.xif"}},
          "node.xif:0:0 pathNotFound"},
         {{"t.ini", "", "", "", Form::xml, {"--typeFilesDirectory", ""}}, "0:0 root-folder"},
-        {{"t.ini", "", "", "", Form::xml, {"--catalogDir", "nowhere"}}, "no catalog is open"},
+        {{"t.ini", "", "", "", Form::xml, {"--catalogDir", "nowhere"}},
+         "no catalog is open, so the size of standard type 105 is not known"},
+        {{"template.ini", "", "", "", Form::ini, {"--catalogDir", "nowhere"}},
+         "template.ini:31:6 unknowntype; ldrf.cat:0:0 erroraccessingSNVTmasterlist{"},
     };
     for (const auto& [slip, findings] : rows)
         EXPECT_NE((SlipCheck(slip).Findings("t.ini") + SlipCheck(slip).Run().dump()).find(findings),

@@ -79,11 +79,23 @@ TEST(Check, AProfileInTheTemplatesFileIsNotReadWithoutXif) {
     EXPECT_EQ(check.Findings(slip.file), slip.findings);
 }
 
+TEST(Check, AFileThatIsProfileAndTemplateIsReadOnce) {
+    SlipCheck check({"template.ini", "name=nviRequest", "name=nviRequest\nnote=1", "", Form::ini});
+    const std::string path = check.Path("template.ini");
+    WriteFile(path, ReadFile(path) + "\r\n" + ReadFile(check.Path("profile.ini")));
+    check.AddFile("--iniProfileFile", "template.ini");
+    EXPECT_EQ(check.Findings("template.ini"), "29:1 ignored-key");
+}
+
 TEST(Check, NumbersThatPeopleMeanAreNamed) {
     const std::pair<Slip, const char*> rows[] = {
         {ProfileIni("protocolClockRate=5", "protocolClockRate=2.5 MHz", ""), "write protocolClockRate=3"},
         {ProfileIni("typeNeuron=0", "typeNeuron=FT 3120-E4", ""), "write typeNeuron=14"},
         {ProfileIni("firmware=7", "firmware=&H1F", ""), "write firmware=31"},
+        {ProfileIni("wakeupPinDir=0", "wakeupPinDir=output", ""), "write wakeupPinDir=1"},
+        {ProfileIni("standardTransceiver=1", "standardTransceiver=Yes", ""), "write standardTransceiver=1"},
+        {ProfileIni("controlPreamble=0", "controlPreamble=off", ""), "write controlPreamble=0"},
+        {ProfileIni("addresses=15", "addresses=yes", ""), "it takes 0 to 15"},
         {ProfileIni("firmware=7", "firmware=new", ""), "it takes 0 and above"},
         {ProfileXml("<DOMAINS>2</DOMAINS>", "<DOMAINS>0x2</DOMAINS>", ""), "write <DOMAINS>2</DOMAINS>"},
     };

@@ -9,6 +9,8 @@
 
 #include "../component/Device.h"
 #include "Program.h"
+#include "cli/Assignments.h"
+#include "cli/Depfile.h"
 #include "cli/ManPage.h"
 #include "cli/OpenCatalog.h"
 #include "cli/Progress.h"
@@ -141,6 +143,12 @@ TEST_F(CommandLine, FailuresNameNumberMessageAndPlace) {
     EXPECT_EQ(json["context"]["value"], "7");
     EXPECT_EQ(json["context"]["file"], path);
     EXPECT_GT(json["context"]["line"], 1);
+}
+
+TEST(Depfile, EscapesWhatDividesNames) {
+    EXPECT_EQ(DepfileText("a b", {"in\\c", "#$d\te:f"}), "a\\ b: \\\n  in/c \\\n  \\#$$d\\\te\\:f\n");
+    EXPECT_THROW(DepfileText("a", {"b\nc"}), WrongUse);
+    EXPECT_THROW(DepfileText("a\rb", {}), WrongUse);
 }
 
 TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {

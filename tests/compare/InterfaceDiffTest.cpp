@@ -513,6 +513,13 @@ TEST_F(InterfaceDiff, TakesJobsAndTemplatesOfBothForms) {
     const std::string released = Released("node.xif");
     for (const char* form : {"job.json", "template.ini", "template.xml", "template.xml#DEVICE"})
         EXPECT_EQ(Diff(released, Example(form)).out, "verdict: equal; own types not compared\n") << form;
+    const std::string job =
+        scratch_.File("j.json", nlohmann::json{{"xmlTemplateFile", Example("template.xml")},
+                                               {"xmlTemplateNodeName", "DEVICE"},
+                                               {"mustGenerateTypes", false},
+                                               {"mustGenerateXif", false}}
+                                    .dump());
+    EXPECT_EQ(Diff(released, job).out, "verdict: equal; own types not compared\n") << "without a profile";
 }
 
 TEST_F(InterfaceDiff, EndsWithTwoWhereAnInterfaceCannotBeRead) {
