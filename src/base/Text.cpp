@@ -59,18 +59,10 @@ std::size_t SequenceLength(unsigned char lead, char32_t& bits) {
     return 0;
 }
 
-// Characters in front of the first line end. Looked for in windows: a file may have no end of one of the two
-// kinds, and must not be searched to its end for every line.
+// Characters in front of the first line end.
 std::size_t LineLength(std::string_view text) {
-    constexpr std::size_t kWindow = 256;
-    for (std::size_t start = 0; start < text.size(); start += kWindow) {
-        const std::string_view window = text.substr(start, kWindow);
-        const std::size_t feed = std::min(window.find('\n'), window.size());
-        const std::size_t end = std::min(window.substr(0, feed).find('\r'), feed);
-        if (end < window.size())
-            return start + end;
-    }
-    return text.size();
+    const auto isLineEnd = [](char c) { return c == '\n' || c == '\r'; };
+    return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isLineEnd) - text.begin());
 }
 
 }  // namespace

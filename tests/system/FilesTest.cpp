@@ -40,7 +40,10 @@ TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
     const Scratch scratch;
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Folder(), "x"); }), 75);
     EXPECT_EQ(RaisedNumber([&] { WriteFile(scratch.Path("no/where"), "x"); }), 76);
-    EXPECT_EQ(RaisedNumber([] { WriteFile("", "x"); }), 53);
+    const auto nameless = Raised([] { WriteFile("", "x"); });
+    ASSERT_TRUE(nameless);
+    EXPECT_EQ(nameless->Number(), 53);
+    EXPECT_EQ(nameless->Context().reason, "the name of the output file is empty");
     EXPECT_EQ(RaisedNumber([&] { RewriteFile(scratch.Path("missing"), "x"); }), 53);
     EXPECT_EQ(RaisedNumber([&] { ProbeOutput(scratch.File("file", "") + "/x"); }), 76);
     const auto folder = Raised([&] { WriteFile(scratch.Path("no/where"), "x"); });
