@@ -72,6 +72,25 @@ TEST_F(CommandLine, GeneratesAndSaysWhatWasWritten) {
     EXPECT_EQ(json["written"][0]["file"], xif_);
 }
 
+TEST_F(CommandLine, TheDateOfABuildIsTakenOrRefused) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"0", "Run on 1/1/1970"},
+        {"253402300799", "Run on 12/31/9999 11:59:59 PM"},
+        {"253402300800", ""},
+        {"-1", ""},
+        {"1e9", ""},
+    };
+    for (const auto& [seconds, date] : rows) {
+        SetVariable("SOURCE_DATE_EPOCH", seconds);
+        const Answer run = Generate();
+        EXPECT_EQ(run.status, *date == '\0' ? 2 : 0) << seconds;
+        if (*date == '\0')
+            EXPECT_NE(run.error.find("SOURCE_DATE_EPOCH is '" + std::string(seconds)), std::string::npos);
+        else
+            EXPECT_NE(ReadFile(xif_).find(date), std::string::npos) << ReadFile(xif_).substr(0, 200);
+    }
+}
+
 TEST_F(CommandLine, OptionsActInTheOrderInWhichTheyStand) {
     const std::string job =
         scratch_.File("job.json", R"({"iniProfileFile": "job.ini", "mustGenerateXif": true})");

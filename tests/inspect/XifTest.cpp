@@ -63,6 +63,9 @@ TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
     EXPECT_EQ(size({0, 0}), 2) << "two fields cannot have one place";
     EXPECT_EQ(size({4, 3}), 2);
     EXPECT_EQ(size({0, std::nullopt}), 2) << "what has no offset stands at the beginning";
+    XifVariable between;
+    between.elements = {{.type = 3, .offset = 0}, {.type = 1}, {.type = 3, .offset = 5}};
+    EXPECT_EQ(between.Size(), 3) << "another element closes the byte";
 }
 
 TEST(XifReader, SurvivesWhatOldToolsLeave) {
