@@ -9,9 +9,7 @@ namespace {
 
 std::string ContentOf(const DefinedType& type) {
     DefinedType content = type;
-    content.number = 0;
     content.name.clear();
-    content.comment.clear();
     XmlWriter out(XmlHead::none);
     WriteDefinition(out, content);
     return out.Take();

@@ -153,6 +153,8 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
         FormatSlip("<SI><UNIT>l/h<", "<SI><UNIT>l/\nh<", "40:11 line-break"),
     };
     ExpectFindings(slips);
+    const Slip misspelt = {"user-types.xml", "_5>", "_5_>", "", Form::xml, {}, true};
+    EXPECT_NE(SlipCheck(misspelt).Run().dump().find("did you mean '_5'?"), std::string::npos);
 }
 
 TEST(Contradictions, ValuesThatTheirLimitsForbidAreFound) {

@@ -90,6 +90,8 @@ TEST(Check, AFileThatIsProfileAndTemplateIsReadOnce) {
 TEST(Check, NumbersThatPeopleMeanAreNamed) {
     const std::pair<Slip, const char*> rows[] = {
         {ProfileIni("protocolClockRate=5", "protocolClockRate=2.5 MHz", ""), "write protocolClockRate=3"},
+        {ProfileIni("protocolClockRate=5", "protocolClockRate=40MHz", ""), "write protocolClockRate=7"},
+        {ProfileIni("protocolClockRate=5", "protocolClockRate=80MHz", ""), "it takes 1 to 7"},
         {ProfileIni("typeNeuron=0", "typeNeuron=FT 3120-E4", ""), "write typeNeuron=14"},
         {ProfileIni("firmware=7", "firmware=&H1F", ""), "write firmware=31"},
         {ProfileIni("wakeupPinDir=0", "wakeupPinDir=output", ""), "write wakeupPinDir=1"},

@@ -6,8 +6,10 @@
 #include "../component/Device.h"
 #include "Program.h"
 #include "base/Text.h"
+#include "convert/Fit.h"
 #include "formats/xif/XifProperties.h"
 #include "profile/ProfileFields.h"
+#include "starter/Starter.h"
 
 namespace tovarek::test {
 namespace {
@@ -244,6 +246,20 @@ TEST_F(Convert, ProfilesOfLaterVersionsAreFittedOrAskedFor) {
         std::vector<std::string> use = {"convert", input, "--profile", scratch_.Path("no.ini")};
         use.insert(use.end(), wrong.begin(), wrong.end());
         EXPECT_EQ(Call(use).status, 2) << wrong.back();
+    }
+}
+
+TEST(Fit, ReplacesWhatIsJustBeyondTheBounds) {
+    using P = ProfileValues;
+    const std::pair<std::int32_t P::*, std::int32_t> rows[] = {
+        {&P::domains, 2}, {&P::addresses, 15}, {&P::numberAliases, 4096}, {&P::channelPrioritySlots, 127}};
+    for (const auto& [field, last] : rows) {
+        ProfileValues profile = StarterProfile();
+        profile.*field = last;
+        EXPECT_TRUE(FitProfile(profile, {}).replaced.empty()) << last;
+        profile.*field = last + 1;
+        EXPECT_TRUE(FitProfile(profile, {}).unfit.empty()) << last;
+        EXPECT_EQ(profile.*field, last);
     }
 }
 
