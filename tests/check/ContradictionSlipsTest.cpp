@@ -252,6 +252,12 @@ TEST(Contradictions, OutputsThatWindowsTakesForOneOrForDevicesAreFound) {
         {"job.json", "\"localeID\": 1033", "\"localeID\": 1031", "25:3 odd-extension", Form::xml},
         {"job.json", "", "", "0:0 output-collision", Form::xml, {"--outputXIFfile", "nul.xif"}},
         {"job.json", "", "", "", Form::xml, {"--outputXIFfile", "null.xif"}},
+        {"job.json",
+         "",
+         "",
+         "0:0 output-collision; node.xif:0:0 pathNotFound",
+         Form::xml,
+         {"--outputXIFfile", "aux/node.xif"}},
     };
     ExpectFindings(slips);
 }
