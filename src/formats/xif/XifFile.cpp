@@ -366,18 +366,18 @@ std::int64_t XifVariable::Size() const {
     constexpr std::int64_t kWord = 2;
     constexpr std::int64_t kMostBytes = 1 << 20;  // keeps sums of absurd numbers in bounds
     std::int64_t size = 0;
-    std::optional<std::int64_t> lastOffset;  // of a bit field in the byte that is open
+    std::int64_t lastOffset = -1;  // of a bit field in the byte that is open
     for (const XifElement& element : elements) {
         const std::int64_t type = element.type.value_or(0);
         const std::int64_t count = std::clamp<std::int64_t>(element.array.value_or(0), 1, kMostBytes);
         if (type == kBitField) {
             const std::int64_t offset = element.offset.value_or(0);
-            if (!lastOffset || offset <= *lastOffset)
+            if (lastOffset < 0 || offset <= lastOffset)
                 ++size;
             lastOffset = offset;
             continue;
         }
-        lastOffset.reset();
+        lastOffset = -1;
         if (type == kUnion)
             size += std::clamp<std::int64_t>(element.size.value_or(0), 0, kMostBytes) * count;
         else
