@@ -8,8 +8,6 @@
 namespace tovarek {
 namespace {
 
-constexpr std::size_t kDirection = 3;  // on the second line
-
 // The second line but for the direction. What may be changed in the field is only a default; the place behind
 // such a value says whether it may.
 struct VariableAttribute {
@@ -18,25 +16,24 @@ struct VariableAttribute {
     bool isDefault;
 };
 constexpr auto kVariableAttributes = std::to_array<VariableAttribute>({
-    {0, "offline", false},
-    {1, "second attribute", false},
-    {2, "third attribute", false},
-    {4, "defaultService", true},
-    {5, "serviceCanBeChanged", false},
-    {6, "defaultAuth", true},
-    {7, "authCanBeChanged", false},
-    {8, "defaultPriority", true},
-    {9, "priorityCanBeChanged", false},
-    {10, "polled", false},
-    {11, "synchronized", false},
-    {12, "configuration", false},
+    {placeOffline, "offline", false},
+    {placeSecond, "second attribute", false},
+    {placeThird, "third attribute", false},
+    {placeService, "defaultService", true},
+    {placeServiceCanBeChanged, "serviceCanBeChanged", false},
+    {placeAuthenticated, "defaultAuth", true},
+    {placeAuthCanBeChanged, "authCanBeChanged", false},
+    {placePriority, "defaultPriority", true},
+    {placePriorityCanBeChanged, "priorityCanBeChanged", false},
+    {placePolled, "polled", false},
+    {placeSynchronized, "synchronized", false},
+    {placeConfiguration, "configuration", false},
 });
 
 constexpr auto kTagAttributes =
     std::to_array<std::string_view>({"first attribute", "bindable", "third attribute", "direction", "service",
                                      "serviceCanBeChanged", "authenticated", "authCanBeChanged", "priority",
                                      "priorityCanBeChanged", "polled", "synchronized", "configuration"});
-constexpr std::size_t kTagPriorityCanBeChanged = 9;
 
 template <class Record>
 std::vector<std::string> NamesOf(const std::vector<Record>& records) {
@@ -115,7 +112,9 @@ class VariableComparison {
     // What makes variables alike, put together once: every pair of a long list may be asked for.
     struct Shape {
         explicit Shape(const XifVariable& variable)
-            : direction(variable.Attribute(kDirection)), type(variable.standardType), size(variable.Size()) {
+            : direction(variable.Attribute(placeDirection)),
+              type(variable.standardType),
+              size(variable.Size()) {
             const DocumentationParts parts = PartsOfDocumentation(variable.documentation);
             head = parts.head + parts.objects;
         }
@@ -151,7 +150,8 @@ class VariableComparison {
     void ComparePair(const std::string& record, const XifVariable& old, const XifVariable& now) {
         changes_.Expect(InterfaceRule::variableRenamed, record, "name", old.name, now.name);
         changes_.Expect(InterfaceRule::variableDirection, record, "direction",
-                        DirectionText(old.Attribute(kDirection)), DirectionText(now.Attribute(kDirection)));
+                        DirectionText(old.Attribute(placeDirection)),
+                        DirectionText(now.Attribute(placeDirection)));
         if (old.standardType != now.standardType)
             changes_.Tell(InterfaceRule::variableType, record, "type", TypeText(old), TypeText(now));
         changes_.Expect(InterfaceRule::variableSize, record, "length", std::to_string(old.Size()) + " bytes",
@@ -234,7 +234,7 @@ void CompareTag(const std::string& record, const XifTag& old, const XifTag& now,
                        NumberText(NumberAt(now.numbers, i)));
     for (std::size_t i = 0; i < kTagAttributes.size(); ++i)
         changes.Expect(
-            i == kTagPriorityCanBeChanged ? InterfaceRule::tagDefault : InterfaceRule::tagAttribute, record,
+            i == placePriorityCanBeChanged ? InterfaceRule::tagDefault : InterfaceRule::tagAttribute, record,
             kTagAttributes[i], NumberText(NumberAt(old.attributes, i)),
             NumberText(NumberAt(now.attributes, i)));
 }

@@ -20,34 +20,35 @@ struct Constant {
     std::string_view name;
     bool counts;
 };
-constexpr auto kVariableConstants =
-    std::to_array<Constant>({{1, 1, "second attribute", true}, {2, 63, "third attribute", true}});
-constexpr auto kTagConstants = std::to_array<Constant>({{0, 0, "first attribute", true},
-                                                        {2, 63, "third attribute", true},
-                                                        {3, 1, "direction", true},
-                                                        {4, 0, "service", true},
-                                                        {5, 1, "service can be changed", true},
-                                                        {6, 0, "authenticated", true},
-                                                        {7, 1, "authentication can be changed", true},
-                                                        {8, 0, "priority", true},
-                                                        {9, 1, "priority can be changed", false},
-                                                        {10, 0, "polled", true},
-                                                        {11, 0, "synchronized", true},
-                                                        {12, 0, "configuration", true}});
+constexpr auto kVariableConstants = std::to_array<Constant>(
+    {{placeSecond, 1, "second attribute", true}, {placeThird, 63, "third attribute", true}});
+constexpr auto kTagConstants =
+    std::to_array<Constant>({{placeOffline, 0, "first attribute", true},
+                             {placeThird, 63, "third attribute", true},
+                             {placeDirection, 1, "direction", true},
+                             {placeService, 0, "service", true},
+                             {placeServiceCanBeChanged, 1, "service can be changed", true},
+                             {placeAuthenticated, 0, "authenticated", true},
+                             {placeAuthCanBeChanged, 1, "authentication can be changed", true},
+                             {placePriority, 0, "priority", true},
+                             {placePriorityCanBeChanged, 1, "priority can be changed", false},
+                             {placePolled, 0, "polled", true},
+                             {placeSynchronized, 0, "synchronized", true},
+                             {placeConfiguration, 0, "configuration", true}});
 
 // The attributes of a variable, by their place.
 constexpr std::array<std::pair<std::size_t, std::int32_t CNv::*>, 11> kVariableAttributes = {{
-    {0, &CNv::offline},
-    {3, &CNv::direction},
-    {4, &CNv::defaultService},
-    {5, &CNv::serviceCanBeChanged},
-    {6, &CNv::defaultAuth},
-    {7, &CNv::authCanBeChanged},
-    {8, &CNv::defaultPriority},
-    {9, &CNv::priorityCanBeChanged},
-    {10, &CNv::polled},
-    {11, &CNv::synchronized},
-    {12, &CNv::configuration},
+    {placeOffline, &CNv::offline},
+    {placeDirection, &CNv::direction},
+    {placeService, &CNv::defaultService},
+    {placeServiceCanBeChanged, &CNv::serviceCanBeChanged},
+    {placeAuthenticated, &CNv::defaultAuth},
+    {placeAuthCanBeChanged, &CNv::authCanBeChanged},
+    {placePriority, &CNv::defaultPriority},
+    {placePriorityCanBeChanged, &CNv::priorityCanBeChanged},
+    {placePolled, &CNv::polled},
+    {placeSynchronized, &CNv::synchronized},
+    {placeConfiguration, &CNv::configuration},
 }};
 
 std::string NumberText(const XifNumber& number) {
@@ -169,7 +170,7 @@ class XifConverter {
         Expect(record, "index", NumberAt(source.numbers, 0), tag.index);
         tag.avgRate = Number(record, "avgRate", NumberAt(source.numbers, 1));
         tag.maxRate = Number(record, "maxRate", NumberAt(source.numbers, 2));
-        tag.bindable = Number(record, "bindable", NumberAt(source.attributes, 1));
+        tag.bindable = Number(record, "bindable", NumberAt(source.attributes, placeBindable));
         for (const Constant& constant : kTagConstants)
             if (constant.place < source.attributes.size())
                 Expect(record, constant.name, source.attributes[constant.place], constant.value,

@@ -16,7 +16,6 @@ namespace {
 constexpr auto kElementTypes =
     std::to_array<std::string_view>({"character", "8-bit", "16-bit", "bit field", "union", "typeless"});
 constexpr auto kDirections = std::to_array<std::string_view>({"input", "output"});
-constexpr auto kServices = std::to_array<std::string_view>({"acknowledged", "repeated", "unacknowledged"});
 
 // The attributes of a variable that are flags, by their place on the line.
 struct AttributeRow {
@@ -24,18 +23,16 @@ struct AttributeRow {
     std::size_t place;
 };
 constexpr auto kFlags = std::to_array<AttributeRow>({
-    {"offline", 0},
-    {"serviceCanBeChanged", 5},
-    {"authenticated", 6},
-    {"authenticationCanBeChanged", 7},
-    {"priority", 8},
-    {"priorityCanBeChanged", 9},
-    {"polled", 10},
-    {"synchronized", 11},
-    {"configuration", 12},
+    {"offline", placeOffline},
+    {"serviceCanBeChanged", placeServiceCanBeChanged},
+    {"authenticated", placeAuthenticated},
+    {"authenticationCanBeChanged", placeAuthCanBeChanged},
+    {"priority", placePriority},
+    {"priorityCanBeChanged", placePriorityCanBeChanged},
+    {"polled", placePolled},
+    {"synchronized", placeSynchronized},
+    {"configuration", placeConfiguration},
 });
-constexpr std::size_t kDirection = 3;
-constexpr std::size_t kService = 4;
 
 void AddNumber(InspectNode& node, std::string_view name, const XifNumber& number) {
     if (number)
@@ -125,9 +122,9 @@ InspectNode TagNode(const XifTag& tag) {
     AddNumber(node, "index", tag.numbers[0]);
     AddNumber(node, "averageRate", tag.numbers[1]);
     AddNumber(node, "maximumRate", tag.numbers[2]);
-    AddFlag(node, "bindable", tag.attributes[1]);
+    AddFlag(node, "bindable", tag.attributes[placeBindable]);
     std::vector<XifNumber> others = tag.attributes;
-    others.erase(others.begin() + 1);
+    others.erase(others.begin() + placeBindable);
     AddNumbers(node, "otherAttributes", others);
     return node;
 }
@@ -149,8 +146,8 @@ InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names
     AddNumber(node, "averageRate", variable.Number(1));
     AddNumber(node, "maximumRate", variable.Number(2));
     AddNumber(node, "arraySize", variable.Number(3));
-    AddWord(node, "direction", variable.Attribute(kDirection), kDirections);
-    AddWord(node, "service", variable.Attribute(kService), kServices);
+    AddWord(node, "direction", variable.Attribute(placeDirection), kDirections);
+    AddWord(node, "service", variable.Attribute(placeService), kXifServices);
     for (const AttributeRow& row : kFlags)
         AddFlag(node, row.name, variable.Attribute(row.place));
     // Two places are the same in every file.

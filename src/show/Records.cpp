@@ -11,27 +11,21 @@
 namespace tovarek {
 namespace {
 
-// Places on the second line of a variable.
-constexpr std::size_t kDirection = 3;
-constexpr std::size_t kService = 4;
-constexpr std::size_t kConfiguration = 12;
-constexpr auto kServices = std::to_array<std::string_view>({"acknowledged", "repeated", "unacknowledged"});
-
 // Flags that are told where they are not the usual ones.
 struct FlagRow {
     std::size_t place;
     std::int64_t unusual;
     std::string_view text;
 };
-constexpr auto kFlags = std::to_array<FlagRow>({{0, 1, "offline for updates"},
-                                                {6, 1, "authenticated"},
-                                                {8, 1, "priority"},
-                                                {10, 1, "polled"},
-                                                {11, 1, "synchronized"},
-                                                {12, 1, "configuration"},
-                                                {5, 0, "service fixed"},
-                                                {7, 0, "authentication fixed"},
-                                                {9, 0, "priority fixed"}});
+constexpr auto kFlags = std::to_array<FlagRow>({{placeOffline, 1, "offline for updates"},
+                                                {placeAuthenticated, 1, "authenticated"},
+                                                {placePriority, 1, "priority"},
+                                                {placePolled, 1, "polled"},
+                                                {placeSynchronized, 1, "synchronized"},
+                                                {placeConfiguration, 1, "configuration"},
+                                                {placeServiceCanBeChanged, 0, "service fixed"},
+                                                {placeAuthCanBeChanged, 0, "authentication fixed"},
+                                                {placePriorityCanBeChanged, 0, "priority fixed"}});
 
 void Append(std::string& list, const std::string& text, std::string_view separator = ", ") {
     if (!text.empty())
@@ -54,9 +48,9 @@ std::string RateText(std::string_view what, const XifNumber& code) {
 
 std::string NotesOf(const XifVariable& variable) {
     std::string notes;
-    const std::int64_t service = variable.Attribute(kService).value_or(-1);
-    if (service > 0 && service < static_cast<std::int64_t>(kServices.size()))
-        Append(notes, std::string(kServices.at(static_cast<std::size_t>(service))));
+    const std::int64_t service = variable.Attribute(placeService).value_or(-1);
+    if (service > 0 && service < static_cast<std::int64_t>(kXifServices.size()))
+        Append(notes, std::string(kXifServices.at(static_cast<std::size_t>(service))));
     for (const FlagRow& row : kFlags)
         if (variable.Attribute(row.place) == row.unusual)
             Append(notes, std::string(row.text));
@@ -97,14 +91,14 @@ class RecordReader {
         if (const std::int64_t size = ArraySize(source); size > 0)
             record.name += '[' + std::to_string(size) + ']';
         record.index = static_cast<std::size_t>(std::max<std::int64_t>(0, source.Number(0).value_or(0)));
-        record.isOutput = source.Attribute(kDirection) == 1;
+        record.isOutput = source.Attribute(placeDirection) == 1;
         record.membership = MembershipOf(source.documentation);
         record.membership.text = ShownText(record.membership.text);
         record.notes = NotesOf(source);
         record.type = ShownText(types_.NameOfVariable(position));
         record.units = ShownText(types_.UnitsOfVariable(position));
         const Membership& membership = record.membership;
-        if (source.Attribute(kConfiguration) == 1 && !membership.propertyType.empty())
+        if (source.Attribute(placeConfiguration) == 1 && !membership.propertyType.empty())
             record.property = ShownText(
                 types_.NameOfProperty({.scope = membership.propertyScope, .type = membership.propertyType}));
         if (const auto value = defaults_.find(&source); value != defaults_.end())
@@ -210,7 +204,7 @@ ViewTable TagTable(const XifFile& file) {
         };
         std::string rates = RateText("average", number(1));
         Append(rates, RateText("maximum", number(2)));
-        const bool isBindable = tag.attributes.size() > 1 && tag.attributes[1] == 1;
+        const bool isBindable = NumberAt(tag.attributes, placeBindable) == 1;
         table.rows.push_back({std::to_string(number(0).value_or(0)), ShownText(tag.name),
                               isBindable ? "yes" : "no", std::move(rates)});
     }

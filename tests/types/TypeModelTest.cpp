@@ -166,6 +166,7 @@ TEST(TypeModel, Checks) {
     EXPECT_EQ(error(changed(structure, [](CType& t) { t.name.clear(); })), eQVXIFerr_typeelementwithnoname);
 
     EXPECT_EQ(error(property), eQVXIFerr_badcpindexinscope);
+    EXPECT_EQ(Raised([&] { property.VerifyData(raise); })->Context().value, "0") << "no input says where";
     EXPECT_EQ(error(changed(property, [](CType& t) { t.indexInScope = 1; })), 0);
     EXPECT_EQ(error(changed(property, [](CType& t) { t.isField = true; })), 0);
 

@@ -1,6 +1,7 @@
 // Device-interface files (XIF, versions 1 to 4.501) as their readers know them, whoever wrote them.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,10 +27,30 @@ struct XifParameters {
     std::vector<XifNumber> numbers;
 };
 
+// Places on the second line of a variable, and of a tag, whose second place tells whether it is bindable.
+enum XifPlace : std::size_t {
+    placeOffline,
+    placeSecond,  // 1 in every file
+    placeBindable = placeSecond,
+    placeThird,  // 63 in every file
+    placeDirection,
+    placeService,  // one of kXifServices
+    placeServiceCanBeChanged,
+    placeAuthenticated,
+    placeAuthCanBeChanged,
+    placePriority,
+    placePriorityCanBeChanged,
+    placePolled,
+    placeSynchronized,
+    placeConfiguration,
+};
+inline constexpr auto kXifServices =
+    std::to_array<std::string_view>({"acknowledged", "repeated", "unacknowledged"});
+
 struct XifTag {
     std::string name;
     std::vector<XifNumber> numbers;     // behind the name: index, average and maximum rate, 0
-    std::vector<XifNumber> attributes;  // the second line; its second number tells whether it is bindable
+    std::vector<XifNumber> attributes;  // the second line, by XifPlace
 };
 
 // One field of a variable's type.
@@ -44,7 +65,7 @@ struct XifElement {
 struct XifVariable {
     std::string name;
     std::vector<XifNumber> numbers;     // behind the name: index, rates, array size
-    std::vector<XifNumber> attributes;  // offline, 1, 63, direction, service ... configuration
+    std::vector<XifNumber> attributes;  // the second line, by XifPlace
     std::string documentation;          // pieces joined, escapes as they stand
     XifNumber standardType;             // 0 = a user type
     std::vector<XifElement> elements;

@@ -180,11 +180,10 @@ std::vector<XifPropertyValue> XifPropertyValues(const XifFile& file, const XifSe
 }
 
 std::vector<XifDefaultValue> XifDefaultValues(const XifFile& file) {
-    constexpr std::size_t kConfiguration = 12;
     std::string_view rest = file.values ? std::string_view(file.values->bytes) : std::string_view();
     std::vector<XifDefaultValue> values;
     for (const XifVariable& variable : file.variables) {
-        if (variable.Attribute(kConfiguration) != 1)
+        if (variable.Attribute(placeConfiguration) != 1)
             continue;
         const std::int64_t count = std::max<std::int64_t>(1, variable.Number(3).value_or(0));
         if (count > 0xFFFF || count * variable.Size() > static_cast<std::int64_t>(rest.size()))
