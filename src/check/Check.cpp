@@ -224,11 +224,9 @@ class Judgement {
         const auto found = explanations_.find(RecordKey(error));
         if (error.context.record.empty() || found == explanations_.end())
             return;
-        // More than that is not told.
-        const std::size_t count = std::min(found->second.size(), kMostNotes + 1);
-        for (std::size_t i = 0; i < count; ++i)
-            if (ofLine == explanationsOfLine_.end() || found->second[i] != ofLine->second)
-                AddNote(notes, findings_[found->second[i]]);
+        for (const std::size_t i : found->second)
+            if (ofLine == explanationsOfLine_.end() || i != ofLine->second)
+                AddNote(notes, findings_[i]);
     }
 
     static void AddNote(std::vector<FindingNote>& notes, const Finding& finding) {

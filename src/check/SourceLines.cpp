@@ -70,7 +70,7 @@ LinePlace PlaceInXml(std::string_view line, const std::vector<XmlNode>& elements
             bestRank = rank;
         }
     }
-    return best == nullptr ? Whole(line) : LinePlace{best->Place().column, std::max(best->Place().width, 1)};
+    return best == nullptr ? Whole(line) : LinePlace{best->Place().column, best->Place().width};
 }
 
 LinePlace JsonPlace(std::string_view line, const Finding& finding) {

@@ -1,5 +1,6 @@
 #include "template/FieldMeanings.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "base/Nearest.h"
@@ -30,15 +31,24 @@ constexpr Meaning kFlags[] = {
     {"", 1, "", " YES TRUE ON "},
 };
 
-std::string Mend(const FieldName& field, std::int32_t value) {
+std::string Mend(const FieldName& field, const std::string& value) {
     if (field.xmlName.empty())
-        return "write " + std::string(field.iniKey) + "=" + std::to_string(value);
+        return "write " + std::string(field.iniKey) + "=" + value;
     const std::string name(field.xmlName);
-    return "write <" + name + ">" + std::to_string(value) + "</" + name + ">";
+    return "write <" + name + ">" + value + "</" + name + ">";
 }
 
-// The standard type that a word means.
+// Whether it is the name of an element of the format file, such as SNVT_300.
+bool NamesElement(std::string_view typed, std::string_view number) {
+    constexpr std::size_t kMostDigits = 5;
+    return number.size() < typed.size() && !number.empty() && number.size() <= kMostDigits &&
+           std::all_of(number.begin(), number.end(), IsDigit);
+}
+
+// The type that a word means.
 Advice TypeMend(const CCatalog* catalog, const FieldName& field, std::string_view typed) {
+    if (const std::string_view own = typed.substr(typed.find('_') + 1); NamesElement(typed, own))
+        return {Mend(field, std::string(own)), std::string(own)};
     const StandardCatalog* const standard = catalog == nullptr ? nullptr : catalog->types.Catalog();
     if (standard == nullptr)
         return {};
@@ -48,18 +58,18 @@ Advice TypeMend(const CCatalog* catalog, const FieldName& field, std::string_vie
     const std::string number = std::to_string(type.index);
     // Of a misspelt name another type may be meant.
     const bool isSure = UpperCase(type.name) == UpperCase(typed);
-    return {type.name + " is " + number + ": " + Mend(field, type.index), isSure ? number : std::string()};
+    return {type.name + " is " + number + ": " + Mend(field, number), isSure ? number : std::string()};
 }
 
 Advice WordMend(const FieldName& field, std::string_view typed, bool hasMeanings) {
     const std::string word = " " + UpperCase(typed) + " ";
     for (const Meaning& row : kMeanings)
         if (row.iniKey == field.iniKey && row.words.find(word) != std::string_view::npos)
-            return {"for " + std::string(row.meaning) + " " + Mend(field, row.value),
+            return {"for " + std::string(row.meaning) + " " + Mend(field, std::to_string(row.value)),
                     std::to_string(row.value)};
     for (const Meaning& row : kFlags)
         if (!hasMeanings && row.words.find(word) != std::string_view::npos)
-            return {Mend(field, row.value), std::to_string(row.value)};
+            return {Mend(field, std::to_string(row.value)), std::to_string(row.value)};
     return {};
 }
 

@@ -10,6 +10,7 @@
 #include "control/StandardCatalog.h"
 #include "support/CTools.h"
 #include "template/CTemplate.h"
+#include "template/FieldMeanings.h"
 #include "template/TemplatePlaces.h"
 
 namespace tovarek {
@@ -78,15 +79,6 @@ std::string ProgramIdFault(std::string_view programId) {
 bool IsWord(std::string_view typed) {
     return !typed.empty() && std::none_of(typed.begin(), typed.end(), [](char c) { return c == ' '; }) &&
            !IsDigit(typed.front()) && typed.front() != '-' && typed.front() != '+';
-}
-
-// For a type that is given by its name.
-std::string NumberOfType(CCatalog& catalog, std::string_view name) {
-    const StandardCatalog* standard = catalog.types.Catalog();
-    if (standard == nullptr)
-        return {};
-    const CatalogEntry type = standard->NearestNv(name);
-    return type.name.empty() ? type.name : type.name + " has the number " + std::to_string(type.index);
 }
 
 // The place in a declaration that a fault of AnalyseCP's numbers is shown at: the declaration itself.
@@ -220,13 +212,13 @@ void CTemplate::VerifyNv(CNv& nv, std::size_t position, bool& isCatalogMissed, F
              {.sentence = "this standard type has " + std::to_string(nv.length) +
                           " bytes, a network variable has 1 to " + std::to_string(kLongestNv) +
                           "; choose a shorter type"});
-    else if (const std::string typed = places.Typed(position, &CNv::typeIndex); IsWord(typed))
+    else if (const std::string typed = places.Typed(position, &CNv::typeIndex); IsWord(typed)) {
+        const std::string name = iniFile.empty() ? PlaceOfNvType(position).field : std::string();
         fail(eQVXIFerr_nvlength, &CNv::length,
              {.values = "1 to " + std::to_string(kLongestNv) + " bytes for a user type",
-              .sentence = JoinSentences(
-                  "its type \"" + Excerpt(typed) + "\" is not a number and reads as 0, a user type",
-                  NumberOfType(*catalog, typed))});
-    else
+              .sentence = "its type \"" + Excerpt(typed) + "\" is not a number and reads as 0, " +
+                          ExplainNumber(catalog, {"type", name}, typed, 0).text});
+    } else
         fail(eQVXIFerr_nvlength, &CNv::length,
              {.values = Range(1, kLongestNv, " bytes").values,
               .sentence = places.Has(position, &CNv::typeIndex)

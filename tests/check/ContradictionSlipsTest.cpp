@@ -151,6 +151,7 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
         FormatSlip("<MAX>2500<", "<MAX>2500,5<", "51:5 not-a-number"),
         FormatSlip("<UNIT>l/h</UNIT>\n    <LONG", "<UNIT>l\n/h</UNIT>\n    <LONG", "37:5 line-break"),
         FormatSlip("<SI><UNIT>l/h<", "<SI><UNIT>l/\nh<", "40:11 line-break"),
+        FormatSlip("<supply>300", "<supply>SNVT_300", nullptr),
     };
     ExpectFindings(slips);
     const Slip misspelt = {"user-types.xml", "_5>", "_5_>", "", Form::xml, {}, true};

@@ -85,6 +85,14 @@ TEST_F(Meant, OptionsThatLeaveNothingOutAreTold) {
     EXPECT_EQ(Findings(odd, {"--ignore", "ignored-key"}), "");
     EXPECT_EQ(Findings(odd, {"--ignore", "ignored-section"}), "0 unused-ignore; 3 ignored-key");
     EXPECT_EQ(Findings(odd, {"--ignore", "ignored-section", "--ignore", "unused-ignore"}), "3 ignored-key");
+    // It says why: nothing to leave out, or no such name.
+    const std::string marked = "; tovarek: ignore ignored-sections, odd-quote\n" + odd;
+    const std::string told = Run("check", marked, {"--ignore", "ignored-section"}).out;
+    for (const char* reason :
+         {"--ignore ignored-section leaves nothing out: there is no such warning in the job",
+          "this leaves nothing out: there is no such warning here",
+          "there is no warning 'ignored-sections' to ignore; did you mean 'ignored-section'?"})
+        EXPECT_NE(told.find(reason), std::string::npos) << told;
 }
 
 TEST_F(Meant, GenerateHeedsTheSameComments) {

@@ -238,7 +238,8 @@ TEST_F(TemplateRules, FaultsSayWhatWasTypedAndWhatToDo) {
          "this reads as 5; accepted: 0 to 1"},
         {nvs + "[nv1]\nname=a\ndirection=1\n", nv, "type", "", 6, "has no key 'type'; it takes 1 to 255"},
         {nvs + "[nv1]\nname=a\ndirection=1\ntype=snvt_temp_p\n", nv, "length", "", 6,
-         "its type \"snvt_temp_p\" is not a number and reads as 0, a user type; SNVT_temp_p has"},
+         "its type \"snvt_temp_p\" is not a number and reads as 0, a user type; SNVT_temp_p is 105: write "
+         "type=105"},
         {nvs + "[nv1]\nname=a\ndirection=1\ntype=0\n", nv, "length", "", 6, "it takes 1 to 31 bytes"},
         {cps + "value=0AB\r", cp, "value", "0AB", 8,
          "3 hexadecimal digits, the declaration asks for 2 bytes"},
