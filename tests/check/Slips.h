@@ -40,12 +40,17 @@ class SlipCheck {
     using Stored = std::string (*)(const std::string&);
 
     explicit SlipCheck(const Slip& slip, Stored form = nullptr) {
-        for (const char* name : {"template.ini", "template.xml", "profile.ini", "profile.xml", "profile.xif",
-                                 "format.xml", "user-types.xml", "job.json"}) {
-            std::string text = ReadFile(std::string(TOVAREK_EXAMPLE) + "/" + name);
-            if (std::string(slip.file) == name)
+        std::set<std::string> names = {"template.ini", "profile.ini"};
+        if (slip.form != Form::ini)
+            names = {"job.json",    "template.xml", "profile.xml",
+                     "profile.xif", "format.xml",   "user-types.xml"};
+        if (FileExists(Example(slip.file)))
+            names.insert(slip.file);
+        for (const std::string& name : names) {
+            std::string text = ReadFile(Example(name));
+            if (name == slip.file)
                 Change(slip, text);
-            if (std::string(slip.file) == name && form != nullptr)
+            if (name == slip.file && form != nullptr)
                 text = form(text);
             scratch_.File(name, text);
         }
@@ -112,6 +117,7 @@ class SlipCheck {
     std::string Path(const char* file) const { return scratch_.Path(file); }
 
   private:
+    static std::string Example(const std::string& name) { return TOVAREK_EXAMPLE "/" + name; }
     // "FILE:LINE:COLUMN-END ", as far as it is told.
     static std::string Place(const Json& json) {
         std::string text = json.value("file", "");
