@@ -20,8 +20,7 @@ Finding AtName(const CTemplate& source, Warning warning, const std::vector<Recor
 template <>
 Finding AtName(const CTemplate& source, Warning warning, const std::vector<CCp>& records, std::size_t i,
                const std::string& reason) {
-    const std::vector<XmlNode>& elements = source.Source().elements.cps;
-    Finding finding = AtElement(warning, i < elements.size() ? elements[i] : XmlNode(), reason);
+    Finding finding = AtElement(warning, TemplatePlaces(source).ElementOf<CCp>(i), reason);
     finding.context.record = RecordTitle(records[i], i);
     return finding;
 }

@@ -95,6 +95,13 @@ class TemplatePlaces {
         return PlaceOf<Record>(position, FieldOf(RecordNames<Record>::Fields(), member), {}).typed;
     }
 
+    // The element of the record in an XML template; a null node when there is none.
+    template <class Record>
+    XmlNode ElementOf(std::size_t position) const {
+        const std::vector<XmlNode>& records = source_.Source().elements.*RecordNames<Record>::elements;
+        return position < records.size() ? records[position] : XmlNode();
+    }
+
   private:
     template <class Field, class Record>
     static const Field& FieldOf(std::span<const Field> fields, std::int32_t Record::*member) {
@@ -128,9 +135,7 @@ class TemplatePlaces {
                                   PlaceOf(FieldOf(TemplateFields(), RecordNames<Record>::count), {}));
         if (!source_.Source().node)
             return {.typed = value};
-        const std::vector<XmlNode>& records = source_.Source().elements.*RecordNames<Record>::elements;
-        return XmlRecordPlace(position < records.size() ? records[position] : XmlNode(), field.xmlName, names,
-                              value);
+        return XmlRecordPlace(ElementOf<Record>(position), field.xmlName, names, value);
     }
     InputPlace PlaceOf(const TemplateField& field, const std::string& value) const;
     // `count`: the value that says how many such sections there are.
