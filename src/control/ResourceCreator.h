@@ -22,20 +22,20 @@ namespace tovarek {
 
 // What every creation call is given; the integers as they arrive.
 struct CreationRequest {
-    ResourceKind kind = ResourceKind::language;
+    ResourceKind kind;
     std::string path;
-    std::int32_t reserved = -1;
-    std::int32_t handle = 0;
+    std::int32_t reserved;
+    std::int32_t handle;
     std::string programId;
     std::string creator;
     std::string phone;
     std::string email;
     std::string webPage;
-    std::int32_t localeId = 0;  // language files only
-    std::int32_t majorVersion = 0;
-    std::int32_t minorVersion = 0;
-    std::int32_t descriptionText = 0;  // that of the kind
-    std::int32_t creatorText = 0;
+    std::int32_t localeId;  // language files only
+    std::int32_t majorVersion;
+    std::int32_t minorVersion;
+    std::int32_t descriptionText;  // that of the kind
+    std::int32_t creatorText;
 };
 
 class ResourceCreator {

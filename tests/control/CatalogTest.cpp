@@ -50,8 +50,11 @@ TEST(Catalog, SelectionAnswersSizeAndNamedFormats) {
     EXPECT_EQ(types.SelectedTypeSize(), 12);
     EXPECT_EQ(types.SelectedTypeFormatCount(), 0) << "only a default format";
     types.ClearTypeSelection();
-    EXPECT_EQ(types.ResultCode(), 0);
     EXPECT_EQ(types.SelectedTypeSize(), 0);
+    types.SelectedTypeIndex(140);
+    EXPECT_EQ(types.ResultCode(), 1);
+    types.ClearTypeSelection();
+    EXPECT_EQ(types.ResultCode(), 0);
 }
 
 TEST(Catalog, FormatWithSeveralParametersGivesThoseOfTheFirst) {

@@ -102,6 +102,10 @@ TEST_F(Creating, WrongKindTextOrHandleIsCode16) {
     EXPECT_EQ(Create(kId, "", "", 1, 0, 4, 1), 16);
     ++control.handle;
     EXPECT_EQ(Create(kId, "", ""), 16);
+    types.GetResourceSetHandle(control.handle);
+    types.GetResourceSetHandle(number);
+    types.SetResourceScope(6);
+    EXPECT_EQ(Create(kId, "", ""), 16) << "of the set before";
 }
 
 TEST_F(Creating, OperationsNeedAnOpenFileOfTheirKind) {
