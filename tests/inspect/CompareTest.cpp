@@ -139,7 +139,8 @@ TEST(CompareFiles, TheirOwnNamesDoNotCount) {
 // Behind the numbers stand the texts of the language files.
 TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
     const std::string longText(300, 'x');
-    const auto tree = [](const std::vector<std::optional<std::string>>& strings, std::uint32_t unit) {
+    const auto tree = [](const std::vector<std::optional<std::string>>& strings, std::uint32_t unit,
+                         std::uint32_t creator = 7) {
         const Scratch scratch;
         LanguageFile language = SmallLanguage();
         language.strings = strings;
@@ -147,7 +148,7 @@ TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
         TypeFile types;
         types.header = SmallHeader(ResourceKind::type);
         types.header.description = {3, 1};
-        types.header.creator = {0, 7};
+        types.header.creator = {0, creator};
         types.nvTypes = {NvType{.name = "_a", .size = 1, .nameText = {3, 1}, .unit = {3, unit}}};
         types.nvTypes[0]->type = NumberOfKind(TypeKind::unsignedShort);
         return InspectFile(scratch.File("belt.typ", BytesOf(WriteTypeFile, types)), nullptr).tree;
@@ -173,6 +174,8 @@ TEST(CompareFiles, ReferencesToStringsCountByTheirTexts) {
     }
     EXPECT_EQ(Compare(tree({longText + 'a'}, 0), tree({longText + 'b'}, 0)).size(), 2U)
         << "name, description";
+    EXPECT_EQ(Compare(tree({"Belt", "Belt"}, 0, 1), tree({"Belt", "Belt"}, 0, 2)).size(), 1U)
+        << "a standard text, whatever the set's own texts of these numbers are";
 }
 
 TEST(CompareFiles, ValuesOfPropertiesAreComparedOneByOne) {
