@@ -47,6 +47,7 @@ TEST(Check, EverySlipInAProfileIsFound) {
         {"profile.xml", "XIF_LINE8>", "XIF_LIN8>", nullptr, Form::xml, {}, true},
         ProfileXif("2 15 1 0 0 4 3", "3 16 2 0 0 4 3", nullptr),
         ProfileXif("265 4\r\n", "265 -4\r\n", nullptr),
+        {"profile.xml", "XIF_LINE8>", "XIF_LINE11>", nullptr, Form::xml, {}, true},
     };
     ExpectFindings(slips);
 }
