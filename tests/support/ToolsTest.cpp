@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <ctime>
+#include <tuple>
 #include <vector>
 
 #include "Scratch.h"
@@ -107,6 +110,17 @@ TEST(Dates, HaveTheGeneralForm) {
     EXPECT_EQ(GeneralDateText({2026, 1, 2, 12, 30, 0}), "1/2/2026 12:30:00 PM");
     EXPECT_EQ(GeneralDateText({2026, 1, 2, 0, 0, 0}), "1/2/2026") << "no time part at midnight";
     EXPECT_EQ(GeneralDateText(FixedClock(951841647)->LocalTime()), "2/29/2000 4:27:27 PM");
+}
+
+TEST(Dates, AreThoseOfTheMachine) {
+    const auto inOrder = [](const CivilTime& time) {
+        return std::tuple(time.year, time.month, time.day, time.hour, time.minute, time.second);
+    };
+    const CivilTime before = FixedClock(std::time(nullptr))->UtcTime();
+    const CivilTime now = SystemClock()->UtcTime();
+    EXPECT_LE(inOrder(before), inOrder(now));
+    EXPECT_LE(inOrder(now), inOrder(FixedClock(std::time(nullptr))->UtcTime()));
+    EXPECT_LE(std::abs(SystemClock()->LocalTime().year - now.year), 1) << "no zone is a year away";
 }
 
 }  // namespace

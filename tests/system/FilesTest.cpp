@@ -47,9 +47,11 @@ TEST(Files, WhatCannotBeWrittenHasItsOwnNumber) {
     EXPECT_EQ(nameless->Context().reason, "the name of the output file is empty");
     EXPECT_EQ(RaisedNumber([&] { RewriteFile(scratch.Path("missing"), "x"); }), 53);
     EXPECT_EQ(RaisedNumber([&] { ProbeOutput(scratch.File("file", "") + "/x"); }), 76);
-    const auto folder = Raised([&] { WriteFile(scratch.Path("no/where"), "x"); });
-    EXPECT_NE(folder->Context().reason.find("there is no folder"), std::string::npos);
-    EXPECT_NE(folder->Context().reason.find("create it"), std::string::npos) << folder->Context().reason;
+    for (const auto write : {WriteFile, RewriteFile}) {
+        const auto folder = Raised([&] { write(scratch.Path("no/where"), "x"); });
+        EXPECT_NE(folder->Context().reason.find("there is no folder"), std::string::npos);
+        EXPECT_NE(folder->Context().reason.find("create it"), std::string::npos) << folder->Context().reason;
+    }
 }
 
 // These files keep even the superuser out.
