@@ -14,16 +14,16 @@
 namespace tovarek {
 
 struct CheckedFinding {
-    bool isError = false;
-    std::int32_t error = 0;  // of an error: one of eErrors or a runtime error
-    std::string name;        // "not-a-number"; of an error "nvlength"
-    ErrorContext context;    // of an error as Generate raises it
+    bool isError;
+    std::int32_t error;    // of an error: one of eErrors or a runtime error
+    std::string name;      // "not-a-number"; of an error "nvlength"
+    ErrorContext context;  // of an error as Generate raises it
     std::string message;
-    int column = 0;      // 1-based, in characters; 0 when unknown
-    int width = 0;       // of the marked piece
+    int column;          // 1-based, in characters; 0 when unknown
+    int width;           // of the marked piece
     std::string source;  // the line itself
     std::vector<FindingNote> notes;
-    std::size_t order = 0;      // in the sequence of Generate, from 1
+    std::size_t order;          // in the sequence of Generate, from 1
     std::vector<Piece> mend{};  // all together mend it, and the notes with a mend of their own
 };
 

@@ -18,15 +18,15 @@ constexpr std::string_view kVerb = "ignore";
 
 // The names in a comment; nothing when it is a comment for people.
 std::vector<std::string_view> NamesIn(std::string_view comment) {
-    std::vector<std::string_view> names;
     comment = Trim(comment);
     if (!comment.starts_with(kProgram))
-        return names;
+        return {};
     comment = Trim(comment.substr(kProgram.size()));
     if (!comment.starts_with(kVerb))
-        return names;
+        return {};
     comment.remove_prefix(kVerb.size());
     constexpr std::string_view kBetween = " \t\r\n,";
+    std::vector<std::string_view> names;
     while (!(comment = Trim(comment, kBetween)).empty()) {
         const std::size_t end = std::min(comment.find_first_of(kBetween), comment.size());
         names.push_back(comment.substr(0, end));
