@@ -253,6 +253,7 @@ TEST_F(Creating, MembersAreCounted) {
     ASSERT_EQ(types.DescribeStructure({}, 2), 0);
     ASSERT_EQ(types.DescribeUnion({.name = "inner"}, 1), 0);
     EXPECT_EQ(types.DescribeUnsigned({}, 1, {}), 17) << "a member needs a name";
+    EXPECT_EQ(types.DescribeStructure({}, 1), 17) << "whatever it is";
     EXPECT_EQ(types.DescribeUnsigned({.name = std::string(256, 'm')}, 1, {}), 17);
     EXPECT_EQ(types.DescribeUnsigned({.name = "a"}, 1, {}), 0);
     EXPECT_EQ(types.CompleteType(), 23);
