@@ -91,6 +91,9 @@ TEST(Catalog, TypesAreDescribedCompletely) {
         EXPECT_EQ(SizeOf(type->type), entry.size) << entry.name;
         EXPECT_EQ(catalog->NvIndex(entry.name), entry.index);
         EXPECT_FALSE(catalog->NvFields(entry.index).empty()) << entry.name;
+        if (type->type.kind == TypeKind::enumeration) {
+            EXPECT_NE(catalog->EnumerationSet(type->type.target.index), nullptr) << entry.name;
+        }
     }
     for (const CatalogEntry& entry : catalog->CpTypes())
         ASSERT_NE(catalog->Cp(entry.index), nullptr) << entry.name;
@@ -153,6 +156,9 @@ TEST(Catalog, MissingFilesAreCodeFive) {
     const Scratch other;
     ASSERT_TRUE(MakeDirectory(other.Path("ldrf.cat")));
     EXPECT_EQ(OpenIn(other.Folder()), 5) << "a folder in its place";
+    std::unique_ptr<StandardCatalog> earlier = OpenBuilt();
+    EXPECT_EQ(StandardCatalog::Open(folder.Path("none"), earlier).code, 5);
+    EXPECT_EQ(earlier, nullptr);
 }
 
 TEST(Catalog, IsNoLanguageFile) {
