@@ -224,9 +224,12 @@ class Judgement {
         const auto found = explanations_.find(RecordKey(error));
         if (error.context.record.empty() || found == explanations_.end())
             return;
-        for (const std::size_t i : found->second)
+        for (const std::size_t i : found->second) {
+            if (notes.size() > kMostNotes)
+                break;  // more than that is not told
             if (ofLine == explanationsOfLine_.end() || i != ofLine->second)
                 AddNote(notes, findings_[i]);
+        }
     }
 
     static void AddNote(std::vector<FindingNote>& notes, const Finding& finding) {
