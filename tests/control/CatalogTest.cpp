@@ -55,6 +55,8 @@ TEST(Catalog, SelectionAnswersSizeAndNamedFormats) {
     EXPECT_EQ(types.ResultCode(), 1);
     types.ClearTypeSelection();
     EXPECT_EQ(types.ResultCode(), 0);
+    types.CloseCatalog();
+    EXPECT_EQ(types.Catalog(), nullptr);
 }
 
 TEST(Catalog, FormatWithSeveralParametersGivesThoseOfTheFirst) {

@@ -106,6 +106,12 @@ TEST_F(Creating, WrongKindTextOrHandleIsCode16) {
     types.GetResourceSetHandle(number);
     types.SetResourceScope(6);
     EXPECT_EQ(Create(kId, "", ""), 16) << "of the set before";
+    QVxTypes fresh;
+    fresh.SetResourceScope(6);
+    for (const int handle : {0, 1}) {
+        EXPECT_EQ(fresh.CreateTypeFile(folder.Path("f"), -1, handle, kId, "", "", "", "", 1, 0, 4, 2), 16)
+            << "no set has begun";
+    }
 }
 
 TEST_F(Creating, OperationsNeedAnOpenFileOfTheirKind) {
