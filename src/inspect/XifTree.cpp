@@ -151,7 +151,7 @@ InspectNode VariableNode(const XifVariable& variable, const ResourceNames& names
     for (const AttributeRow& row : kFlags)
         AddFlag(node, row.name, variable.Attribute(row.place));
     // Two places are the same in every file.
-    const std::vector<XifNumber> constants(variable.attributes.begin() + 1, variable.attributes.begin() + 3);
+    const std::vector<XifNumber> constants{variable.Attribute(placeSecond), variable.Attribute(placeThird)};
     if (constants != std::vector<XifNumber>{1, 63})
         AddNumbers(node, "otherAttributes", constants);
     node.Text("selfDocumentation", variable.documentation);

@@ -199,13 +199,10 @@ ViewTable PropertyTable(const DeviceRecords& records) {
 ViewTable TagTable(const XifFile& file) {
     ViewTable table{"Message tags", {"Index", "Name", "Bindable", "Rates"}, {}};
     for (const XifTag& tag : file.tags) {
-        const auto number = [&](std::size_t place) {
-            return place < tag.numbers.size() ? tag.numbers[place] : XifNumber(0);
-        };
-        std::string rates = RateText("average", number(1));
-        Append(rates, RateText("maximum", number(2)));
+        std::string rates = RateText("average", NumberAt(tag.numbers, 1));
+        Append(rates, RateText("maximum", NumberAt(tag.numbers, 2)));
         const bool isBindable = NumberAt(tag.attributes, placeBindable) == 1;
-        table.rows.push_back({std::to_string(number(0).value_or(0)), ShownText(tag.name),
+        table.rows.push_back({std::to_string(NumberAt(tag.numbers, 0).value_or(0)), ShownText(tag.name),
                               isBindable ? "yes" : "no", std::move(rates)});
     }
     return table;
