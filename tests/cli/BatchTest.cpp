@@ -7,9 +7,11 @@
 #include <new>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <thread>
 
 #include "Scratch.h"
 #include "cli/BatchCommand.h"
+#include "control/StandardCatalog.h"
 #include "system/Files.h"
 
 namespace tovarek::test {
@@ -156,6 +158,33 @@ TEST_F(Batches, MemoryThatEndsIsTheErrorOfItsJob) {
     EXPECT_NE(RunJobs(wishes, OutputFormat::json).out.find("\"error\":7,"), std::string::npos);
     wishes.generate.guard = [](const JobFiles& /*files*/) { throw std::runtime_error("a fault of ours"); };
     EXPECT_THROW(RunJobs(wishes), std::runtime_error) << "whichever thread meets it";
+}
+
+// What threads ask of a catalog that has decoded all of it changes nothing: their sanitizer sees it. Its
+// files may go, or miss from the beginning.
+TEST_F(Batches, ThreadsShareADecodedCatalog) {
+    const std::string folder = scratch_.Path("catalog");
+    for (const std::size_t formats : {2, 0}) {
+        fs::copy(TOVAREK_CATALOG, folder);
+        if (formats == 0)
+            fs::remove(folder + "/standard.fmt");
+        std::unique_ptr<StandardCatalog> catalog;
+        ASSERT_EQ(StandardCatalog::Open(folder + "/ldrf.cat", catalog).reason, "");
+        catalog->DecodeAll();
+        fs::remove_all(folder);
+        const auto ask = [&] {
+            EXPECT_EQ(catalog->NvIndex("SNVT_temp_f"), 63);
+            EXPECT_EQ(catalog->CpIndex("SCPTnwrkCnfg"), 25);
+            EXPECT_EQ(catalog->Formats("SNVT_temp_f").size(), formats);
+            ASSERT_NE(catalog->Nv(63), nullptr);
+            EXPECT_NE(catalog->Text(catalog->Nv(63)->unit), "");
+            EXPECT_NE(catalog->Cp(25), nullptr);
+            EXPECT_NE(catalog->EnumerationSet(1), nullptr);
+        };
+        std::thread other(ask);
+        ask();
+        other.join();
+    }
 }
 
 TEST_F(Batches, AFailureEndsOnlyAFastOne) {
