@@ -43,4 +43,7 @@ inline bool HasFullDisk() {
     return std::ofstream(kFullDisk, std::ios::binary | std::ios::app).is_open();
 }
 
+// A file that can be opened, and reading it fails, whoever reads.
+inline constexpr const char* kUnreadable = "/proc/self/mem";
+
 }  // namespace tovarek::test

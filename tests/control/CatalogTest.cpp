@@ -2,6 +2,7 @@
 // facts.
 #include <algorithm>
 
+#include "control/ResourceSet.h"
 #include "control/StandardCatalog.h"
 #include "formats/Fixtures.h"
 
@@ -161,6 +162,17 @@ TEST(Catalog, MissingFilesAreCodeFive) {
     std::unique_ptr<StandardCatalog> earlier = OpenBuilt();
     EXPECT_EQ(StandardCatalog::Open(folder.Path("none"), earlier).code, 5);
     EXPECT_EQ(earlier, nullptr);
+}
+
+TEST(Catalog, AFileThatCannotBeReadIsNoSet) {
+    if (!std::filesystem::exists(kUnreadable))
+        GTEST_SKIP() << "no such file here";
+    const Scratch folder;
+    folder.File("ldrf.cat", "");
+    for (const char* name : {"standard.typ", "standard.xyz"})
+        std::filesystem::create_symlink(kUnreadable, folder.Path(name));
+    EXPECT_EQ(OpenIn(folder.Folder()), 5);
+    EXPECT_EQ(FindResourceSet(folder.Path("standard.typ")).language, "");
 }
 
 TEST(Catalog, IsNoLanguageFile) {
