@@ -51,14 +51,14 @@ std::int32_t ResourceCreator::BeginSet() {
     file_.reset();
     builder_ = {};
     texts_ = {};
-    scope_ = -1;
+    scope_.reset();
     handle_ = handle_ == 0x7FFFFFFF ? 1 : handle_ + 1;
     return handle_;
 }
 
 Outcome ResourceCreator::SetScope(std::int32_t scope) {
     if (scope < 0 || scope > 6) {
-        scope_ = -1;
+        scope_.reset();
         return Failure(resultBadScope, "a scope is 0 to 6");
     }
     scope_ = scope;
@@ -73,7 +73,7 @@ Outcome ResourceCreator::CheckRequest(const CreationRequest& request) const {
     if (request.reserved != -1 || request.descriptionText != RowOf(request.kind).descriptionText ||
         request.creatorText != kCreatorText)
         return Failure(resultBadParam, "the kind of the file or the number of the creator's text is wrong");
-    if (scope_ < 0)
+    if (!scope_)
         return Failure(resultBadScope, "no scope of 0 to 6 is set");
     if (request.programId.size() != 16 || !FromHex(request.programId))
         return Failure(resultBadProgramId, "a program ID has 16 hexadecimal digits");
@@ -109,7 +109,7 @@ ResourceHeader ResourceCreator::HeaderOf(const CreationRequest& request) const {
     header.title = TitleText(request.kind, request.majorVersion, request.minorVersion);
     header.contact = ContactText(request.creator, request.phone, request.email);
     header.webPage = request.webPage;
-    header.scope = static_cast<std::uint8_t>(scope_);
+    header.scope = static_cast<std::uint8_t>(*scope_);
     header.description = {header.scope, static_cast<std::uint32_t>(request.descriptionText)};
     header.creator = {header.scope, static_cast<std::uint32_t>(request.creatorText)};
     header.majorVersion = static_cast<std::uint16_t>(request.majorVersion);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -108,7 +109,7 @@ class ResourceCreator {
     std::vector<OwnTypes>* sets_ = nullptr;
     LanguageFile texts_;  // of the set, until its types are saved
     std::int32_t handle_ = 0;
-    std::int32_t scope_ = -1;  // none chosen
+    std::optional<std::int32_t> scope_;
     std::unique_ptr<OpenFile> file_;
     TypeBuilder builder_;
     std::int32_t lastRuntimeError_ = 0;

@@ -104,6 +104,7 @@ TEST_F(Creating, WrongKindTextOrHandleIsCode16) {
     EXPECT_EQ(Create(kId, "", ""), 16);
     types.GetResourceSetHandle(control.handle);
     types.GetResourceSetHandle(number);
+    EXPECT_EQ(types.ResultCode(), 0);
     types.SetResourceScope(6);
     EXPECT_EQ(Create(kId, "", ""), 16) << "of the set before";
     QVxTypes fresh;
