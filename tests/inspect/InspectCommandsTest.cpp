@@ -116,6 +116,9 @@ TEST_F(InspectCommandsTest, OnlyACatalogThatTheUserNamesHasItsOwnTexts) {
     EXPECT_NE(shipped.find("    unitText: degrees C\n"), std::string::npos) << "no shipped catalog";
     EXPECT_EQ(shipped.find("unitString: 0-6\n    unitText"), std::string::npos);
     EXPECT_NE(named.find("unitString: 0-6\n    unitText"), std::string::npos);
+    scratch.File("belt.enu", "URES and nothing more");
+    EXPECT_NE(Dump(types, {}).out.find("    unitText: degrees C\n"), std::string::npos)
+        << "as if it were missing";
 }
 
 TEST_F(InspectCommandsTest, ACatalogThatTheUserNamesMustBeThere) {
