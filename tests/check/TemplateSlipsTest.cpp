@@ -93,6 +93,18 @@ TEST(Check, WhatTheInterfaceFileCannotHoldIsFound) {
     ExpectFindings(slips);
 }
 
+// Only a value that is missing may be the one that nobody reads.
+TEST(Check, AWrongValueDoesNotExplainWhatIsNotReadBesideIt) {
+    const char* const given =
+        "<nviSetpoint>\n      <DIRECTION>input</DIRECTION>\n      <SNVTTYPE>105</SNVTTYPE>";
+    const Slip slips[] = {
+        Xml(given, "<nviSetpoint><DIRECTION>input</DIRECTION><LENGTH>40</LENGTH><NOTE>x</NOTE>",
+            "32:46 nvlength; 32:65 ignored-element"),
+        Xml(given, "<nviSetpoint><DIRECTION>input</DIRECTION><NOTE>x</NOTE>", "32:5 nvlength"),
+    };
+    ExpectFindings(slips);
+}
+
 // In place of the declaration of the second property, in line 159.
 TEST(Check, OddDeclarationsAreFoundAndThoseOfMakersAreNot) {
     const std::pair<const char*, const char*> rows[] = {
