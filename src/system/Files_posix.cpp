@@ -208,11 +208,11 @@ FileStamp StampOf(std::string_view path) {
 }
 
 std::vector<std::string> DirectoryEntries(std::string_view path) {
-    std::vector<std::string> names;
     const std::string system = path.empty() ? "/" : SystemPath(path);
     DIR* directory = opendir(system.c_str());
     if (directory == nullptr)
-        return names;
+        return {};
+    std::vector<std::string> names;
     while (const dirent* entry = readdir(directory)) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")

@@ -242,11 +242,11 @@ FileStamp StampOf(std::string_view path) {
 }
 
 std::vector<std::string> DirectoryEntries(std::string_view path) {
-    std::vector<std::string> names;
     WIN32_FIND_DATAW entry{};
     HANDLE search = FindFirstFileW((ToWide(path) + L"\\*.*").c_str(), &entry);
     if (search == INVALID_HANDLE_VALUE)
-        return names;
+        return {};
+    std::vector<std::string> names;
     do {
         std::string name = FromWide(entry.cFileName);
         if (name != "." && name != "..")

@@ -80,6 +80,14 @@ TEST(Files, AFullDiskIsToldOfSmallAndLargeFiles) {
     EXPECT_EQ(RaisedNumber([] { WriteFile(kFullDisk, std::string(1 << 20, 'x')); }), 61);
 }
 
+TEST(Files, AFileThatIsWrittenIsNoProgram) {
+    if (kIsWindows)
+        GTEST_SKIP() << "the name of a file says it there";
+    const Scratch scratch;
+    const auto status = std::filesystem::status(scratch.File("written", "x"));
+    EXPECT_EQ(static_cast<unsigned>(status.permissions()) & 0111U, 0U);
+}
+
 TEST(Files, BackslashesOpenFilesOnEveryPlatform) {
     const Scratch scratch;
     WriteFile(scratch.Folder() + "\\a.txt", "x");
