@@ -147,12 +147,9 @@ OutputFile::~OutputFile() {
 }
 
 void OutputFile::Append(std::string_view bytes) {
-    if (buffer_.size() + bytes.size() > kPiece)
+    buffer_ += bytes;
+    if (buffer_.size() > kPiece)
         WriteBuffer();
-    if (bytes.size() > kPiece)
-        file_.Write(bytes);
-    else
-        buffer_ += bytes;
 }
 
 void OutputFile::Close() {

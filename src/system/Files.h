@@ -45,8 +45,8 @@ FileStamp StampOf(std::string_view path);
 // whatever links. A file that does not exist yet is known by its folder and its name; folders that do not
 // exist yet are part of the name.
 struct FileIdentity {
-    std::uint64_t device = 0;
-    std::uint64_t inode = 0;
+    std::uint64_t device;
+    std::uint64_t inode;
     std::string name;  // empty for a file that exists
     bool operator==(const FileIdentity&) const = default;
 };
