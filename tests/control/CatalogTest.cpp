@@ -165,8 +165,8 @@ TEST(Catalog, MissingFilesAreCodeFive) {
 }
 
 TEST(Catalog, AFileThatCannotBeReadIsNoSet) {
-    if (!std::filesystem::exists(kUnreadable))
-        GTEST_SKIP() << "no such file here";
+    if (kIsWindows || !std::filesystem::exists(kUnreadable))
+        GTEST_SKIP() << "no link to such a file here";
     const Scratch folder;
     folder.File("ldrf.cat", "");
     for (const char* name : {"standard.typ", "standard.xyz"})
