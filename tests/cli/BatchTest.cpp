@@ -164,7 +164,7 @@ TEST_F(Batches, MemoryThatEndsIsTheErrorOfItsJob) {
 // files may go, or miss from the beginning.
 TEST_F(Batches, ThreadsShareADecodedCatalog) {
     const std::string folder = scratch_.Path("catalog");
-    for (const std::size_t formats : {2, 0}) {
+    for (const std::size_t formats : {2U, 0U}) {
         fs::copy(TOVAREK_CATALOG, folder);
         if (formats == 0)
             fs::remove(folder + "/standard.fmt");
