@@ -132,6 +132,7 @@ TEST(Check, OddDeclarationsAreFoundAndThoseOfMakersAreNot) {
         {"1,1,0\\x80,52,2,none;", "odd-declaration"},
         {"1,1,0\\x80,52,none;", "cplength"},
         {"1,1,0\\x80,52;", "cplength"},
+        {"1,1,0\\x80,99999999999,2", "overflow"},
     };
     std::list<std::string> texts;
     const auto kept = [&](std::string text) { return texts.emplace_back(std::move(text)).c_str(); };
