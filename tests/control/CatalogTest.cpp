@@ -307,6 +307,9 @@ TEST(Catalog, ADamagedDescriptionIsAsGoodAsNone) {
         EXPECT_EQ(catalog->EnumerationSet(1), nullptr);
     }
     EXPECT_EQ(catalog->NvSize(2), 1);
+    bytes[bytes.find("worn_t") - 4] = 2;  // its number
+    Repair(bytes);
+    EXPECT_EQ(StandardCatalog::Open({bytes, "", ""}, catalog).code, 14) << "a record in another one's place";
 }
 
 }  // namespace
