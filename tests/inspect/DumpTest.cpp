@@ -64,6 +64,11 @@ TEST_F(DumpTest, NumbersTextsAndReferencesOfASet) {
     EXPECT_EQ(At(profile, {"profiles", "1", "networkVariables", "1", "typeName"}), "UNVT_beltSpeed");
     EXPECT_EQ(At(profile, {"profiles", "1", "networkVariables", "1", "rawDefaultValue"}), "12.9");
     EXPECT_EQ(At(profile, {"profiles", "1", "configurationProperties", "1", "typeName"}), "UCPT_maxSpeed");
+    TypeFile file = SmallTypes();
+    file.nvTypes[0]->type = NumberOfKind(TypeKind::unsignedLong);
+    file.cpTypes[0]->initial = "\xFF\x38";
+    scratch.File("belt.typ", BytesOf(WriteTypeFile, file));
+    EXPECT_EQ(At(InspectFile(types, nullptr).tree, {"cpTypes", "1", "rawDefaultValue"}), "65336");
 }
 
 TEST_F(DumpTest, StandardNamesComeFromTheCatalog) {

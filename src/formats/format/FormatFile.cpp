@@ -314,18 +314,16 @@ std::string TextBody(const DisplayFormat& format, const std::string& indent) {
             AppendUnitComment(body, parameters[0].unit);
         return body;
     }
-    bool closed = false;
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         const bool last = i + 1 == parameters.size();
         body += i == 0 ? "," : "";
         body += hasComments ? "\r\n" + indent : "";
         body += FormatExpressionText(parameters[i]);
-        closed = last && parameters[i].unit.empty();
         body += last ? "" : ",";
         if (!parameters[i].unit.empty())
             AppendUnitComment(body, parameters[i].unit);
     }
-    if (!closed && !parameters.empty())
+    if (!parameters.empty() && !parameters.back().unit.empty())
         body += "\r\n" + indent;
     return body + ");";
 }
