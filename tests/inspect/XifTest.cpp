@@ -52,7 +52,7 @@ TEST(XifReader, ReadsEveryRecord) {
     EXPECT_FALSE(file.endMark);
 }
 
-TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
+TEST(XifReader, SizesAVariableByItsElements) {
     const auto size = [](std::initializer_list<std::optional<int>> offsets) {
         XifVariable variable;
         for (const std::optional<int> offset : offsets)
@@ -66,6 +66,8 @@ TEST(XifReader, BitFieldsShareAByteWhileTheirOffsetsGrow) {
     XifVariable between;
     between.elements = {{.type = 3, .offset = 0}, {.type = 1}, {.type = 3, .offset = 5}};
     EXPECT_EQ(between.Size(), 3) << "another element closes the byte";
+    between.elements = {{.type = 4, .size = 3, .array = 2}, {.type = 4}};
+    EXPECT_EQ(between.Size(), 6) << "a union that tells no size takes no room";
 }
 
 TEST(XifReader, SurvivesWhatOldToolsLeave) {
