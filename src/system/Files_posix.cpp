@@ -159,7 +159,7 @@ std::uint64_t SystemFile::Size() const {
     struct stat status {};
     if (fstat(static_cast<int>(handle_), &status) != 0 || !S_ISREG(status.st_mode))
         return 0;
-    return static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
+    return static_cast<std::uint64_t>(status.st_size);
 }
 
 std::size_t SystemFile::Read(char* to, std::size_t most) {
