@@ -33,8 +33,8 @@ char32_t DoubleByteDecoder::Decode(std::string_view bytes) {
     std::size_t toLeft = out.size();
     iconv(Handle(converter_), nullptr, nullptr, nullptr, nullptr);
     const std::size_t status = iconv(Handle(converter_), &from, &fromLeft, &to, &toLeft);
-    // Anything but one character is none.
-    if (status != 0 || fromLeft != 0 || toLeft != out.size() - 4)
+    // Status 0 says that all was converted. Anything but one character is none.
+    if (status != 0 || toLeft != out.size() - 4)
         return 0;
     return (char32_t{out[1]} << 16U) | (char32_t{out[2]} << 8U) | out[3];
 }

@@ -130,9 +130,8 @@ void SystemFile::Replace(std::string_view path, std::string_view bytes) {
     try {
         // Who may not give a file away keeps what he can. A new owner takes rights away, so they are set
         // behind it.
-        if (fchown(descriptor, status.st_uid, status.st_gid) != 0 && errno != EPERM)
-            RaiseFileError(path, errno);
-        if (fchmod(descriptor, status.st_mode & 07777U) != 0)
+        if ((fchown(descriptor, status.st_uid, status.st_gid) != 0 && errno != EPERM) ||
+            fchmod(descriptor, status.st_mode & 07777U) != 0)
             RaiseFileError(path, errno);
         file.Store(bytes);
         if (rename(beside.c_str(), target.c_str()) != 0)
