@@ -209,4 +209,8 @@ double ShortestOf(float number) {
     return value;
 }
 
+std::string RealText(float number) {
+    return DoubleToText(ShortestOf(number));
+}
+
 }  // namespace tovarek

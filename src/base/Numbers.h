@@ -59,4 +59,7 @@ std::string DoubleToText(double value);
 // The number that the shortest decimal digits of a 4-byte float name: 0.1, not 0.10000000149011612.
 double ShortestOf(float number);
 
+// DoubleToText of that number: the form in which people read the reals of types and values.
+std::string RealText(float number);
+
 }  // namespace tovarek

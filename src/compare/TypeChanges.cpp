@@ -23,10 +23,6 @@ struct TypeRow {
     std::string texts;
 };
 
-std::string RealText(float number) {
-    return DoubleToText(ShortestOf(number));
-}
-
 // A type as a list of its members, the outer ones first.
 class TypeRows {
   public:

@@ -1,5 +1,6 @@
 #include "convert/TypeComparison.h"
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "convert/FromSet.h"
 #include "listing/KindNames.h"
@@ -22,9 +23,10 @@ std::string Field(const std::string& path, const char* field) {
     return path.empty() ? field : path + ", " + field;
 }
 
-template <class Value>
-std::string Optional(const std::optional<Value>& value) {
-    return value ? std::to_string(*value) : "none";
+std::string InvalidText(const TypeDescription& type) {
+    if (type.invalid)
+        return std::to_string(*type.invalid);
+    return type.floatInvalid ? RealText(*type.floatInvalid) : "none";
 }
 
 }  // namespace
@@ -145,13 +147,10 @@ void TypeComparison::Values(const TypeDescription& given, const TypeDescription&
     if (given.kind == TypeKind::reference && given.target != made.target)
         Lose(Field(path, "referred type"), std::to_string(given.target.index), "it refers elsewhere");
     if (given.floatMinimum != made.floatMinimum || given.floatMaximum != made.floatMaximum)
-        Lose(Field(path, "limits"),
-             std::to_string(given.floatMinimum) + " to " + std::to_string(given.floatMaximum),
-             "they become " + std::to_string(made.floatMinimum) + " to " + std::to_string(made.floatMaximum));
+        Lose(Field(path, "limits"), RealText(given.floatMinimum) + " to " + RealText(given.floatMaximum),
+             "they become " + RealText(made.floatMinimum) + " to " + RealText(made.floatMaximum));
     if (given.invalid != made.invalid || given.floatInvalid != made.floatInvalid)
-        Lose(Field(path, "invalid value"),
-             given.invalid ? Optional(given.invalid) : Optional(given.floatInvalid),
-             "inputs have no invalid values");
+        Lose(Field(path, "invalid value"), InvalidText(given), "inputs have no invalid values");
 }
 
 void TypeComparison::Enumerations(const TypeDescription& given, const TypeDescription& made,

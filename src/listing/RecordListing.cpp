@@ -97,7 +97,7 @@ void Limit(ByteCursor& cursor, std::string_view field, unsigned kind, bool isSig
     const std::size_t size = kKinds.at(kind).size;
     if (kind == kFloat) {
         const auto bits = static_cast<std::uint32_t>(cursor.Unsigned(field, size));
-        cursor.Value(DoubleToText(ShortestOf(std::bit_cast<float>(bits))));
+        cursor.Value(RealText(std::bit_cast<float>(bits)));
     } else if (isSigned) {
         cursor.Signed(field, size);
     } else {

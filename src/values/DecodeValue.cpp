@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <array>
 #include <bit>
-#include <charconv>
 #include <cmath>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "system/CodePage.h"
 #include "values/Scaling.h"
@@ -14,12 +13,6 @@ namespace {
 
 // Values of one type, at most: an unsound set may describe a few bytes without end.
 constexpr std::size_t kMostValues = 1'000'000;
-
-std::string RealText(float number) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    return {digits.data(), end.ptr};
-}
 
 // The characters of a text up to the zeros behind it.
 std::string_view WithoutZeros(std::string_view bytes) {

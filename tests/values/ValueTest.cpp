@@ -290,6 +290,7 @@ TEST_F(ValuesOfOwnTypes, AreDecodedWithAllThatIsWrongWithThem) {
         {"BFC00000", "number -1.5"},
         {"3DCCCCCE", "word raw:0x3DCCCCCE <0.10000001 is outside of -1.5 to 0.1>"},
         {"BFC00001", "word raw:0xBFC00001 <-1.5000001 is outside of -1.5 to 0.1>"},
+        {"47C35000", "word raw:0x47C35000 <100000 is outside of -1.5 to 0.1>"},
         {"7FC00000", "word raw:0x7FC00000 <nan is outside of -1.5 to 0.1>"}};
     for (const auto& [bytes, told] : reals) {
         DecodedValue value;
