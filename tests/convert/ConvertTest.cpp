@@ -31,6 +31,19 @@ class Convert : public testing::Test {
         return Call(arguments);
     }
 
+    // The path of an XIF file without what none tells apart: a name in a declaration, small letters of
+    // values.
+    std::string Plain() const {
+        std::string device = kTemplateIni;
+        device.replace(device.find("0A1b"), 4, "0A1B");
+        device.erase(device.find("gain"), 4);
+        EXPECT_EQ(Generate(scratch_.File("profile.ini", kProfileIni), scratch_.File("template.ini", device),
+                           "node.xif")
+                      .status,
+                  0);
+        return scratch_.Path("node.xif");
+    }
+
     Answer Converted(const std::string& input, const std::string& form,
                      const std::vector<std::string>& more = {}) const {
         std::vector<std::string> arguments = {"convert",    input,
@@ -53,15 +66,7 @@ class Convert : public testing::Test {
 };
 
 TEST_F(Convert, AnXifComesBackFromBothForms) {
-    const std::string xif = scratch_.Path("node.xif");
-    // Without what an XIF file does not tell apart: a name in a declaration, small letters of values.
-    std::string device = kTemplateIni;
-    device.replace(device.find("0A1b"), 4, "0A1B");
-    device.erase(device.find("gain"), 4);
-    ASSERT_EQ(
-        Generate(scratch_.File("profile.ini", kProfileIni), scratch_.File("template.ini", device), "node.xif")
-            .status,
-        0);
+    const std::string xif = Plain();
     for (const char* form : {"ini", "xml"}) {
         const Answer run = Converted(xif, form, {"--strict"});
         EXPECT_EQ(run.status, 0) << run.error;
@@ -199,6 +204,25 @@ TEST_F(Convert, WhatAnXifHasBeyondItsInputsIsListed) {
         EXPECT_NE(run.error.find(row.loss), std::string::npos) << row.changed << '\n' << run.error;
         EXPECT_EQ(lines(run.error), lines(plain) + row.lines) << run.error;
     }
+}
+
+// By the place on the tag's line; "-" for the one that a template tells.
+TEST_F(Convert, ConstantsOfATagThatDifferCountButOne) {
+    const std::string xif = ReadFile(Plain());
+    const std::string tag = "TAG myTag 0 0 0 0\r\n";
+    const std::string line = "0 1 63 1 0 1 0 1 0 1 0 0 0\r\n";
+    const std::size_t begin = xif.find(tag + line) + tag.size();
+    ASSERT_GE(begin, tag.size());
+    std::string statuses;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (i > 0 && line[i - 1] != ' ')
+            continue;
+        std::string changed = xif;
+        changed[begin + i] = line[i] == '0' ? '1' : '0';
+        const Answer run = Converted(scratch_.File("changed.xif", changed), "xml", {"--strict"});
+        statuses += run.error.empty() ? "-" : std::to_string(run.status);
+    }
+    EXPECT_EQ(statuses, "1-11111110111");
 }
 
 TEST_F(Convert, ProfilesOfLaterVersionsAreFittedOrAskedFor) {
