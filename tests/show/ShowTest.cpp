@@ -143,8 +143,10 @@ TEST(Show, RefusesWhatIsNoDevice) {
 
 TEST(Show, KeepsToTheWidthOfALine) {
     const Example example;
-    for (const std::size_t width : {40U, 80U, 131U}) {
-        SetVariable("COLUMNS", std::to_string(width));
+    // What no screen shows is taken for what is usual.
+    for (const auto& [columns, width] :
+         {std::pair("40", 40U), {"80", 80U}, {"131", 131U}, {"1000", 1000U}, {"1001", 80U}}) {
+        SetVariable("COLUMNS", columns);
         const std::vector<std::string> lines =
             Lines(example.Show({example.scratch.Path("fancoil_6.typ")}).out);
         UnsetVariable("COLUMNS");
