@@ -137,8 +137,8 @@ std::string XmlNode::Comment() const {
 }
 
 int XmlNode::Line() const {
-    if (node_ == nullptr || node_ == DeclarationMark())
-        return node_ == nullptr ? 0 : 1;
+    if (node_ == DeclarationMark())
+        return 1;
     if (const int line = Place().line; line > 0)
         return line;
     const long line = xmlGetLineNo(Raw(node_));

@@ -86,12 +86,17 @@ TEST(Files, AFullDiskIsToldOfSmallAndLargeFiles) {
     EXPECT_EQ(RaisedNumber([] { WriteFile(kFullDisk, std::string(1 << 20, 'x')); }), 61);
 }
 
-TEST(Files, AFileThatIsWrittenIsNoProgram) {
-    if (kIsWindows)
-        GTEST_SKIP() << "the name of a file says it there";
+TEST(Files, FilesAndFoldersHaveTheUsualRights) {
+    using std::filesystem::status;
     const Scratch scratch;
-    const auto status = std::filesystem::status(scratch.File("written", "x"));
-    EXPECT_EQ(static_cast<unsigned>(status.permissions()) & 0111U, 0U);
+    std::filesystem::create_directory(StandardPath(scratch.Path("usual")));
+    ASSERT_TRUE(MakeDirectory(scratch.Path("made")));
+    const auto usual = status(StandardPath(scratch.Path("usual"))).permissions();
+    EXPECT_EQ(status(StandardPath(scratch.Path("made"))).permissions(), usual);
+    if (kIsWindows)
+        GTEST_SKIP() << "the name of a file says there whether it is a program";
+    const auto rights = status(scratch.File("written", "x")).permissions();
+    EXPECT_EQ(static_cast<unsigned>(rights) & 0111U, 0U);
 }
 
 TEST(Files, BackslashesOpenFilesOnEveryPlatform) {

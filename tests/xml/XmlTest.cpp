@@ -296,6 +296,8 @@ TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
                                             "<!ENTITY e '<t/>\n\n<t/>'>]>\n<a>\n&e;</a>");
     for (XmlNode t = CTools().SearchXmlNode(entity, "t", CErrorHandler()); t; t = t.NextSibling())
         EXPECT_EQ(t.Line(), 5) << "where the entity is asked for";
+    EXPECT_EQ(XmlDocument(scratch.File("v.xml", "<?xml version='1.0'?>\n<a/>")).FirstNode().Line(), 1);
+    EXPECT_EQ(XmlNode().Line(), 0);
     EXPECT_EQ(node.Attributes().size(), 2U);
     EXPECT_EQ(node.Attributes()[1].first, "n:k");
 }
