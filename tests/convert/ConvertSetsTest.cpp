@@ -5,6 +5,7 @@
 #include "../formats/Fixtures.h"
 #include "Program.h"
 #include "convert/ResourceSetInput.h"
+#include "convert/StoredNames.h"
 #include "formats/records/ResourceKinds.h"
 
 namespace tovarek::test {
@@ -48,6 +49,26 @@ class ConvertSets : public testing::Test {
 
     Scratch scratch_;
 };
+
+TEST(StoredNames, TellTheNumberThatAnInputHasInFront) {
+    const struct {
+        const char* stored;
+        bool isUnvt;
+        std::uint8_t scope;
+        std::int32_t number;
+        const char* name;
+    } rows[] = {{"_7_fan", false, 3, 7, "fan"},    {"_8_fan", false, 3, 7, "8_fan"},
+                {"_8_fan", true, 3, 8, "fan"},     {"_8_fan", true, 6, 7, "8_fan"},
+                {"_08_fan", true, 3, 7, "08_fan"}, {"_fan", true, 3, 7, "fan"},
+                {"_8fan", true, 3, 7, "8fan"},     {"_8", true, 3, 8, ""},
+                {"__", true, 3, 7, "type"}};
+    for (const auto& row : rows) {
+        UserType type{.isUnvt = row.isUnvt, .scope = row.scope, .number = 7};
+        NameType(row.stored, type);
+        EXPECT_EQ(type.nameNumber, row.number) << row.stored;
+        EXPECT_EQ(type.name, row.name) << row.stored;
+    }
+}
 
 // The example has every kind of type but a union, limits, units of display and references.
 TEST_F(ConvertSets, FilesThatWereGeneratedComeBackByteForByte) {
