@@ -88,10 +88,7 @@ class Describer {
 
   private:
     void Check(std::int32_t code) { CheckControl(code, {}, control_, errorHandler_); }
-    void Save() {
-        control_.CloseResourceFile();
-        Check(control_.SaveResourceFile(0, 0));
-    }
+    void Save() { Check(control_.SaveResourceFile(0, 0)); }
 
     CErrorHandler errorHandler_;
     CCatalog& catalog_;

@@ -178,6 +178,7 @@ TEST_F(Convert, WhatAnXifHasBeyondItsInputsIsListed) {
         {"11 5\r\n", "11 5 33 34\r\n", "line 6, numbers from the 24th on \"33 34\""},
         {"0 5 7 13", "* 5 7 13", "line 7, typeNeuron \"*\""},
         {" 284 4\r\n", " 284\r\n", "line 7, aliasTableEntrySize: the file has no such number"},
+        {" 284 4\r\n", " 284 4 9\r\n", "th on \"9\": XIF 4.0 has no such numbers"},
         {"VAR nciMode 5", "VAR nciMode 6", "(nciMode), index \"6\": the generator writes 5"},
         {"VAR nciMode 5 0 0 0\r\n0 1 63", "VAR nciMode 5 0 0 0\r\n0 1 62",
          "(nciMode), third attribute \"62\""},

@@ -89,6 +89,13 @@ TEST(Layout, WhatDoesNotFitTheFormatIsNotWritten) {
     ByteReader reader(deepest.Bytes());
     EXPECT_EQ(ReadDescription(reader), deep);
     EXPECT_FALSE(reader.Failed());
+    const TypeDescription inner = NumberOfKind(TypeKind::signedShort);
+    std::string deeper = Encoded(Group(TypeKind::structure, {inner}));
+    deeper.resize(deeper.size() - Encoded(inner).size());
+    deeper += deepest.Bytes();
+    ByteReader deeperReader(deeper);
+    ReadDescription(deeperReader);
+    EXPECT_TRUE(deeperReader.Failed());
 }
 
 TEST(Layout, SizesFollowTheRulesOfTheFormat) {
