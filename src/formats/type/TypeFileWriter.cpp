@@ -64,9 +64,9 @@ bool WriteBody(const CpType& type, ByteWriter& records) {
 
 bool WriteBody(const Enumeration& enumeration, ByteWriter& records) {
     const std::size_t start = records.Size() - kRecordHead;
-    if (enumeration.values.size() > 0xFFFF || !WriteName(enumeration.name, records) ||
-        !WriteName(enumeration.fileName, records))
+    if (!WriteName(enumeration.name, records) || !WriteName(enumeration.fileName, records))
         return false;
+    // A number of values that does not fit puts the first name where no offset reaches.
     records.U16(static_cast<std::uint32_t>(enumeration.values.size()));
     const std::size_t entries = records.Size();
     for (const EnumerationValue& value : enumeration.values) {
