@@ -79,6 +79,8 @@ const Slip kIniTemplate[] = {
     {"template.ini", "typeIndex=300\nvalue=2EE0\nminRawVal=0FA0\nmaxRawVal=4650\ninitRawVal=2EE0",
      "typeIndex=SNVT_temp\nvalue=2EE\nminRawVal=0FA\nmaxRawVal=46 50\ninitRawVal=2EEO", nullptr},
     {"template.ini", "direction=1\ntype=93", "direction=1\ntype=SNVT_304", nullptr},
+    // The one text of a section.
+    {"template.ini", "name=fanCoilTag", "name=\"fanCoilTag", "142:6 odd-quote"},
 };
 
 const Slip kIniProfile[] = {
