@@ -145,6 +145,8 @@ TEST(Mend, PiecesThatDoNotFitTheirFileAreRefused) {
         {"ab\r\ncd", {{1, 1, -1, "x"}}, noPlace, ""},
         {"ab\r\ncd", {{1, 1, 0, "\xC3\xA4"}}, noPlace, ""},
         {"a\rb\n", {{2, 1, 1, "x\n"}}, "", "a\rx\n\n"},
+        {"a", {{1, 1, 0, "x\n"}}, "", "x\na"},
+        {{"\xFE\xFF\0a", 4}, {{1, 1, 0, "x\n"}}, "", {"\xFE\xFF\0x\0\n\0a", 8}},
         {"a b", {{1, 3, 1, "y"}, {1, 1, 1, "x"}}, "", "x y"},
         {"ab", {{1, 1, 1, "x"}, {1, 1, 1, "x"}}, "", "xb"},
         {"ab", {{1, 1, 1, "x"}, {1, 1, 1, "y"}}, touched, ""},
