@@ -98,6 +98,16 @@ TEST(Ini, WritingDoesNotChangeTheEncoding) {
     }
 }
 
+TEST(Ini, TruthsAreWrittenAsOneAndZero) {
+    const Scratch scratch;
+    cIni ini;
+    ini.iniFile(scratch.Path("a.ini"));
+    ini.SetBoolValue("s", "k", true);
+    EXPECT_EQ(ReadFile(ini.iniFile()), "[s]\r\nk=1\r\n");
+    ini.SetBoolValue("s", "k", false);
+    EXPECT_EQ(ReadFile(ini.iniFile()), "[s]\r\nk=0\r\n");
+}
+
 TEST(Ini, AWriteThatFailsIsSilent) {
     const Scratch scratch;
     cIni ini;
