@@ -160,14 +160,13 @@ bool XmlReading::IsRead(const XmlNode& element) const {
 
 // Asked only of elements that are not read themselves, which are few.
 bool XmlReading::HasReadBelow(const XmlNode& element) const {
-    if (const XmlMarks::Mark& mark = marks_->Of(element); mark.isSearched)
-        return mark.hasReadBelow;
+    if (const std::optional<bool> known = marks_->Of(element).hasReadBelow)
+        return *known;
     bool isAnyRead = false;
     for (XmlNode child = element.FirstChild(); child && !isAnyRead; child = child.NextSibling())
         isAnyRead = child.IsElement() && (IsRead(child) || HasReadBelow(child));
-    XmlMarks::Mark& mark = marks_->Of(element);
-    mark.isSearched = element.Place().number != 0;
-    mark.hasReadBelow = isAnyRead;
+    if (element.Place().number != 0)
+        marks_->Of(element).hasReadBelow = isAnyRead;
     return isAnyRead;
 }
 

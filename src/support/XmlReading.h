@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,8 +41,7 @@ struct XmlMarks {
         bool isValue = false;    // its first text is read
         bool isSkipped = false;  // on purpose, with all below it
         bool isTold = false;
-        bool isSearched = false;  // for what is read below it
-        bool hasReadBelow = false;
+        std::optional<bool> hasReadBelow;     // none before it was searched for that
         std::vector<XmlNames> names;          // that loaders look for in it
         std::vector<std::string> attributes;  // that are read, in capitals
     };
