@@ -9,6 +9,7 @@
 #include "support/CTools.h"
 #include "system/CodePage.h"
 #include "xml/Xml.h"
+#include "xml/XmlEscaped.h"
 
 namespace tovarek::test {
 namespace {
@@ -284,6 +285,10 @@ TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
         EXPECT_NE(document.Reason().find(reason), std::string::npos) << text << document.Reason();
         EXPECT_EQ(document.Line(), line) << text << document.Reason();
     }
+}
+
+TEST(Xml, TextsAreEscapedForContentAndAttributes) {
+    EXPECT_EQ(XmlEscaped("a&b <c>\r\n\t\"\x01\xC3\xA9"), "a&amp;b &lt;c&gt;&#13;&#10;\t\"?\xC3\xA9");
 }
 
 TEST(Xml, NamesKeepTheirPrefixAndNodesTheirLine) {
