@@ -287,7 +287,7 @@ TEST(Xml, TheFaultThatRefusesIsTheReasonAndNothingIsPrinted) {
     }
 }
 
-TEST(Xml, TextsAreEscapedForContentAndAttributes) {
+TEST(Xml, TextsAreEscapedAsTheContentOfAnElement) {
     EXPECT_EQ(XmlEscaped("a&b <c>\r\n\t\"\x01\xC3\xA9"), "a&amp;b &lt;c&gt;&#13;&#10;\t\"?\xC3\xA9");
 }
 
