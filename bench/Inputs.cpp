@@ -29,6 +29,9 @@ constexpr auto kSamples = std::to_array<Sample>({
 constexpr int kFirstUserType = 300;
 
 constexpr int kMostTemplateTypes = 2048;
+// What the structures are made of: so many numbers from kMember on.
+constexpr int kMember = 900;
+constexpr int kMembers = 8;
 // The definitions of structure members come first; the types of the device follow from here on.
 constexpr int kFirstType = 1000;
 
@@ -69,18 +72,35 @@ std::string SelfDoc(int i) {
     return text.Take();
 }
 
-// A configuration property of `length` bytes that belongs to variable `i`.
+// In bytes: user type `i` of FormatFile, the structures of as many numbers of 1 byte as of 2.
+int NumberLength(int i) {
+    return 1 + i % 2;
+}
+int TypeLength(int i) {
+    constexpr int kStructure = kMembers / 2 * 3;
+    return std::array{kStructure, 1, NumberLength(i)}[static_cast<std::size_t>(i) % 3];
+}
+
+// A standard configuration property of variable `i`, with the length that the catalog gives it.
 struct Property {
+    int type;
     int length;
     bool hasLimits;
 };
 Property PropertyOf(int i) {
-    constexpr std::array<Property, 4> kKinds = {{{2, true}, {1, false}, {4, true}, {31, false}}};
+    constexpr auto kKinds = std::to_array<Property>({{48, 2, true},
+                                                     {25, 1, false},
+                                                     {31, 4, true},
+                                                     {17, 31, false},
+                                                     {49, 2, true},
+                                                     {38, 1, false},
+                                                     {292, 4, true},
+                                                     {41, 31, false}});
     return kKinds[static_cast<std::size_t>(i) % kKinds.size()];
 }
-std::string Declaration(int i, int scope, int type) {
+std::string Declaration(int i) {
     Text text;
-    text.Add("1,", i, ",", scope, "\\x80,", type, ",", PropertyOf(i).length, ";");
+    text.Add("2,", i, ",0\\x80,", PropertyOf(i).type, ",", PropertyOf(i).length, ";");
     return text.Take();
 }
 std::string RawValue(int bytes, std::string_view byte) {
@@ -120,7 +140,7 @@ std::string IniTemplate(int records) {
         text.Add("\r\n[tag", i, "]\r\nname=mtMessage", i, "\r\nbindable=1\r\n");
     for (int i = 0; i < records; ++i) {
         const Property property = PropertyOf(i);
-        text.Add("\r\n[cp", i + 1, "]\r\ndeclaration=", Declaration(i, 0, 17 + i % 30), "\r\n");
+        text.Add("\r\n[cp", i + 1, "]\r\ndeclaration=", Declaration(i), "\r\n");
         text.Add("value=", RawValue(property.length, "1E"), "\r\n");
         if (property.hasLimits)
             text.Add("minRawVal=", RawValue(property.length, "00"),
@@ -147,7 +167,7 @@ std::string XmlTemplate(int records, TypeUse use) {
         if (allUser || IsUserType(i)) {
             AddElement(text, "        ", "SNVTTYPE",
                        std::to_string(allUser ? kFirstType + i : kFirstUserType + i % 50));
-            AddElement(text, "        ", "LENGTH", std::to_string(1 + i % 8));
+            AddElement(text, "        ", "LENGTH", std::to_string(allUser ? TypeLength(i) : 1 + i % 8));
         } else {
             AddElement(text, "        ", "SNVTTYPE", std::to_string(SampleOf(i).type));
         }
@@ -172,7 +192,7 @@ std::string XmlTemplate(int records, TypeUse use) {
     for (int i = 0; i < records; ++i) {
         const Property property = PropertyOf(i);
         text.Add("      <cpSetting", i, ">\n");
-        AddElement(text, "        ", "SISD", Declaration(i, 0, 17 + i % 30));
+        AddElement(text, "        ", "SISD", Declaration(i));
         AddElement(text, "        ", "RAWVALUE", RawValue(property.length, "1E"));
         if (property.hasLimits) {
             AddElement(text, "        ", "MINRAWVAL", RawValue(property.length, "00"));
@@ -205,9 +225,6 @@ int TemplateTypes(int types) {
 
 namespace {
 
-// What the structures are made of: `count` numbers from kMember on.
-constexpr int kMember = 900;
-constexpr int kMembers = 8;
 constexpr int kEnumValues = 16;
 
 void AddUnits(Text& text, int i) {
@@ -218,14 +235,15 @@ void AddUnits(Text& text, int i) {
 void AddNumber(Text& text, int i) {
     AddElement(text, "    ", "TYPE", i % 2 == 0 ? "UNSIGNEDNUMERIC" : "SIGNEDNUMERIC");
     AddElement(text, "    ", "NAME", "value" + std::to_string(i));
-    AddElement(text, "    ", "LENGTH", std::to_string(1 + i % 2));
+    AddElement(text, "    ", "LENGTH", std::to_string(NumberLength(i)));
     AddElement(text, "    ", "A_COEF", "1");
     AddElement(text, "    ", "B_COEF", "-1");
     AddElement(text, "    ", "MIN", "0");
     AddElement(text, "    ", "MAX", "12.5");
     AddElement(text, "    ", "UNIT", "degrees C");
     AddElement(text, "    ", "DESC", "Measured value " + std::to_string(i));
-    AddUnits(text, i);
+    if (i % 2 == 0)
+        AddUnits(text, i);
 }
 
 void AddEnumeration(Text& text, int i) {
@@ -247,7 +265,6 @@ void AddStructure(Text& text, int i) {
     for (int member = 0; member < kMembers; ++member)
         text.Add("      <member", member, ">", kMember + member, "</member", member, ">\n");
     text.Add("    </FIELDS>\n");
-    AddUnits(text, i);
 }
 
 }  // namespace

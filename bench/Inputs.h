@@ -1,6 +1,6 @@
 // Inputs of any size for the benchmarks. They look like those of real devices: a mix of standard and user
-// types, self-documentation of everyday length, small arrays, flags where they are wanted. Equal arguments
-// give equal texts.
+// types, self-documentation of everyday length, small arrays, flags where they are wanted. Nothing is told of
+// them, so that what is measured is not the telling. Equal arguments give equal texts.
 #pragma once
 
 #include <string>
@@ -27,7 +27,8 @@ std::string IniProfile();
 // Of `types` user types so many stand in the template, the rest in the user type file.
 int TemplateTypes(int types);
 // Definitions of `types` user types, one after the other a structure of 8 members, an enumeration of 16
-// values and a scaled number, each with two display units, behind those of the structures' members.
+// values and a scaled number, the last two with two display units where they can have them, behind those of
+// the structures' members.
 std::string FormatFile(int types);
 // Names the types that the template does not, spread over scopes 1 to 5.
 std::string UserTypeFile(int types);
