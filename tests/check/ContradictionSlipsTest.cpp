@@ -239,8 +239,6 @@ TEST(Contradictions, TheOtherSideIsNoted) {
 }
 
 TEST(Contradictions, OutputsThatWindowsTakesForOneOrForDevicesAreFound) {
-    if (kIsWindows)
-        GTEST_SKIP() << "they are refused there";
     const Slip slips[] = {
         {"job.json", "\"langExtension\": \"ENU\"", "\"langExtension\": \"TYP\"",
          "25:3 output-collision; 25:3 odd-extension", Form::xml},

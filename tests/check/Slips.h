@@ -191,8 +191,9 @@ inline std::string Mended(const std::string& text, const Json& findings) {
     return mark + mended;
 }
 
-// Where findings have a mend, --fix makes it and nothing else, and they are gone; no others come.
-inline void ExpectMended(const Slip& slip, SlipCheck& check, const Json& answer) {
+// Where findings have a mend, --fix makes it and nothing else, and they are gone; no others come. Answers
+// what --fix told, or null where nothing has one.
+inline Json ExpectMended(const Slip& slip, SlipCheck& check, const Json& answer) {
     std::multiset<std::string> names;
     Json mended = Json::array();
     for (const Json& finding : answer["findings"]) {
@@ -202,9 +203,9 @@ inline void ExpectMended(const Slip& slip, SlipCheck& check, const Json& answer)
             mended.push_back(finding);
     }
     if (mended.empty())
-        return;
+        return nullptr;
     const std::string expected = Mended(ReadFile(check.Path(slip.file)), mended);
-    const Json fixed = check.Run({"--fix"});
+    Json fixed = check.Run({"--fix"});
     EXPECT_EQ(ReadFile(check.Path(slip.file)), expected) << slip.wrong;
     EXPECT_EQ(fixed["mends"].size(), mended.size()) << slip.wrong << fixed["left"];
     for (const Json& finding : fixed["findings"]) {
@@ -213,6 +214,7 @@ inline void ExpectMended(const Slip& slip, SlipCheck& check, const Json& answer)
         if (known != names.end())
             names.erase(known);
     }
+    return fixed;
 }
 
 // What is told of all slips of a test stands in findings/TEST.txt. Systems name files in words of their own.
