@@ -1,10 +1,13 @@
 // The texts of findings: they are whole, they are found by every name, and their examples are true.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <sstream>
 
 #include "Program.h"
 #include "Slips.h"
+#include "base/Text.h"
 #include "compare/InterfaceRules.h"
 #include "explain/Explanations.h"
 
@@ -67,6 +70,23 @@ TEST(Explanations, EachIsWholeAndHasANameOfItsOwn) {
         EXPECT_EQ(ExplanationOf(one.name).name, one.name);
     }
     EXPECT_THROW(ExplanationOf("nothing"), std::out_of_range);
+}
+
+TEST(Explanations, StandInLinesOfAsManyWordsAsFit) {
+    std::size_t longest = 0;
+    for (const Explanation& one : Explanations().first(40)) {
+        std::istringstream text(Call({"explain", std::string(one.name)}).out);
+        std::size_t columns = 0;  // of the line before, where it is one of words
+        for (std::string line; std::getline(text, line);) {
+            const bool hasWords = line.starts_with("  ") && !line.starts_with("   ");
+            if (hasWords && columns > 0) {
+                EXPECT_GT(columns + CharacterCount(line.substr(1, line.find(' ', 2) - 1)), 100U) << line;
+            }
+            columns = hasWords ? CharacterCount(line) : 0;
+            longest = std::max(longest, columns);
+        }
+    }
+    EXPECT_EQ(longest, 100U);
 }
 
 TEST(Explanations, TheCommandTakesEveryNameOfAFinding) {
