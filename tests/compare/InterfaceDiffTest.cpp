@@ -309,7 +309,11 @@ TEST_F(InterfaceDiff, ComparesOwnTypesWhereBothSidesGiveThem) {
         Diff(old + "node.xif", now + "template.ini", {six[0], six[1], "--format", "json"}).out)["ownTypes"];
     EXPECT_EQ(counts.dump(),
               R"({"properties":{"compared":3,"notCompared":3},"variables":{"compared":6,"notCompared":0}})");
-    EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {six[0], six[1], six[0], six[1]}).status, 2);
+    for (const char* side : {"--old-types", "--new-types"}) {
+        const Answer twice = Diff(old + "node.xif", now + "node.xif", {side, six[1], side, six[1]});
+        EXPECT_EQ(twice.status, 2);
+        EXPECT_NE(twice.error.find("is the second set of scope 6"), std::string::npos) << twice.error;
+    }
     EXPECT_EQ(Diff(old + "node.xif", now + "node.xif", {"--old-types", now + "node.xif"}).status, 2);
 
     // With a variable less nobody knows which of the types is whose.
