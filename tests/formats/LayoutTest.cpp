@@ -75,7 +75,7 @@ TEST(Layout, BitFieldsAndFloats) {
     EXPECT_EQ(Encoded(TextOf(20, 3)), Bytes("08 00 14 03 00 00 00 03 00 00 00 03 00 00 00 02 90 00"));
 }
 
-TEST(Layout, WhatDoesNotFitTheFormatIsNotWritten) {
+TEST(Layout, WhatDoesNotFitTheFormatIsNeitherWrittenNorRead) {
     ByteWriter record;
     EXPECT_FALSE(WriteDescription(Ranged(TypeKind::signedShort, -129, 0), record));
     EXPECT_FALSE(WriteDescription(Bits(0, 9), record));
@@ -96,6 +96,12 @@ TEST(Layout, WhatDoesNotFitTheFormatIsNotWritten) {
     ByteReader deeperReader(deeper);
     ReadDescription(deeperReader);
     EXPECT_TRUE(deeperReader.Failed());
+    for (const char* width : {"0B 40 90", "0B 49 90"}) {
+        const std::string bytes = Bytes(width);
+        ByteReader bits(bytes);
+        ReadDescription(bits);
+        EXPECT_TRUE(bits.Failed()) << width;
+    }
 }
 
 TEST(Layout, SizesFollowTheRulesOfTheFormat) {
