@@ -46,7 +46,7 @@ TEST_F(CheckCommand, AFindingHasPlaceLineMarkAndNotes) {
             "tagbindable]\n    bindable=2\n             ^\n1 error, 1 warning\n");
     const Answer indented = Run("check", std::string(kGeneral) + "\textra=1\n");
     EXPECT_NE(indented.out.find("\n     extra=1\n     ^~~~~\n"), std::string::npos) << indented.out;
-    const Answer colored = Run("check", kFaulty, {"--color", "always"});
+    const Answer colored = Run("check", kFaulty, {"--color", "never", "--color", "always"});
     EXPECT_NE(colored.out.find("\x1B[1;31merror: \x1B[0m"), std::string::npos) << colored.out;
 }
 

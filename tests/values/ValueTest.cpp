@@ -340,6 +340,8 @@ TEST_F(ValuesOfOwnTypes, AreTakenOrRefusedWithTheWholeReason) {
         {"real", "raw:-1", "refused: 'raw:-1' is not a raw number of the type; accepted: 0x0 to 0xFFFFFFFF"},
         {"mode", "raw:-128", "80"},
         {"mode", "raw:127", "7F"},
+        {"mode", "raw:-129", "refused: 'raw:-129' is not a raw number of the type; accepted: -128 to 127"},
+        {"mode", "raw:x", "refused: 'raw:x' is not a raw number of the type; accepted: -128 to 127"},
         {"mode", "raw:128", "refused: 'raw:128' is not a raw number of the type; accepted: -128 to 127"},
         {"mode", "BM_OM",
          "refused: 'BM_OM' is not among the values of belt_mode_t: BM_NUL, BM_ON; did you mean 'BM_ON'?"},

@@ -166,8 +166,8 @@ Outcome ReadTypeFile(std::string_view bytes, TypeFile& file);
 // that does not fit the format; both also for more than 65535 of them.
 Outcome WriteTypeFile(const TypeFile& file, std::string& bytes);
 
-// Bytes of a record behind its head as the writer will make it, for a CP type without its raw values; more
-// than kLongestRecord do not fit.
+// Bytes of a record behind its head as the writer will make it, for a CP type without its raw values
+// and for an enumeration without its values; more than kLongestRecord do not fit.
 std::size_t RecordLength(const NvType& type);
 std::size_t RecordLength(const Enumeration& enumeration);
 

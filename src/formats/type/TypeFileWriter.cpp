@@ -123,11 +123,7 @@ std::size_t RecordLength(const NvType& type) {
 }
 
 std::size_t RecordLength(const Enumeration& enumeration) {
-    std::size_t length =
-        1 + ToCodePage(enumeration.name).size() + 1 + ToCodePage(enumeration.fileName).size() + 2;
-    for (const EnumerationValue& value : enumeration.values)
-        length += kEnumerationEntry + 1 + ToCodePage(value.name).size();
-    return length;
+    return 1 + ToCodePage(enumeration.name).size() + 1 + ToCodePage(enumeration.fileName).size() + 2;
 }
 
 Outcome WriteTypeFile(const TypeFile& file, std::string& bytes) {
