@@ -135,6 +135,11 @@ TEST(Values, OfNestedTypesTellEveryMember) {
                       names),
               "C050FFFE612C7D2207015C0000FF")
         << "blanks";
+    const ValueType nothing{
+        "own",
+        Several(TypeKind::structure, {Member("a", Bits(0, 8)), Member("list", ArrayOf(inner, 0, 0))}),
+        {}};
+    EXPECT_EQ(Encoded(nothing, "a=1, list=[ ]", names), "01");
     std::vector<std::string> notes;
     EXPECT_EQ(Decoded(type, *FromHex("C050FFFE612C7D2207015C0000FF"), names, notes), text);
     EXPECT_EQ(notes.size(), 1U) << "the union";
