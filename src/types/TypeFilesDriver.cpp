@@ -226,8 +226,6 @@ class TypeFilesDriver {
     // `behind`: the type with the number behind the gap, whose place in the input is told.
     [[noreturn]] void RefuseGap(const TypeKindRule& kind, const CType& behind, std::int32_t index) const {
         ErrorContext context = behind.inputPlace ? (*behind.inputPlace)(TypeInput::number) : ErrorContext{};
-        if (context.file.empty())
-            context.line = 0;
         if (context.field.empty()) {
             context.field = "index in scope";
             context.value = std::to_string(index + 1);
