@@ -526,6 +526,24 @@ TEST_F(InterfaceDiff, TakesJobsAndTemplatesOfBothForms) {
     EXPECT_EQ(Diff(released, job).out, "verdict: equal; own types not compared\n") << "without a profile";
 }
 
+TEST_F(InterfaceDiff, PutsNamesInFrontOfPropertiesWhereAJobAsksForIt) {
+    const auto job = [&](bool names) {
+        return scratch_.File("named.json", nlohmann::json{{"xmlTemplateFile", Example("template.xml")},
+                                                          {"xmlTemplateNodeName", "DEVICE"},
+                                                          {"xmlProfileFile", Example("profile.xml")},
+                                                          {"xmlProfileNodeName", "DEVICEPROFILE"},
+                                                          {"mustGenerateTypes", false},
+                                                          {"addNameInCpString", names},
+                                                          {"outputXIFfile", scratch_.Path("named.xif")}}
+                                               .dump());
+    };
+    const Answer written = Call({"generate", "--job", job(true), "--catalogDir", TOVAREK_CATALOG});
+    ASSERT_EQ(written.status, 0) << written.error;
+    EXPECT_EQ(Diff(scratch_.Path("named.xif"), job(true)).out, "verdict: equal; own types not compared\n");
+    const std::string unnamed = Diff(scratch_.Path("named.xif"), job(false)).out;
+    EXPECT_NE(unnamed.find("property"), std::string::npos) << unnamed;
+}
+
 TEST_F(InterfaceDiff, EndsWithTwoWhereAnInterfaceCannotBeRead) {
     const std::string released = Released("node.xif");
     for (const std::string& bad :
