@@ -22,12 +22,16 @@ class Parser {
     std::string formatName = "text";
     bool wantsVersion = false;
 
-    Parser() {
+    explicit Parser(const std::vector<std::string>& arguments) {
         app.allow_extras();
         app.add_flag("--version", wantsVersion);
         AddFormat(app);
-        for (const Verb& verb : Verbs())
-            Add(verb);
+        for (const Verb& verb : Verbs()) {
+            CLI::App& command = Command(verb.name);
+            // To make the options of a verb that nobody names would take longer than to generate a device.
+            if (std::find(arguments.begin(), arguments.end(), command.get_name()) != arguments.end())
+                AddOptions(command, verb);
+        }
     }
 
     // The innermost command that was given, and its name with those of the commands that it belongs to.
@@ -72,9 +76,8 @@ class Parser {
         return command;
     }
 
-    void Add(const Verb& verb) {
+    static void AddOptions(CLI::App& command, const Verb& verb) {
         constexpr auto kAll = CLI::MultiOptionPolicy::TakeAll;
-        CLI::App& command = Command(verb.name);
         // A negative number stands for any number of values.
         for (const auto& [name, isRepeatable] : OperandsOf(verb))
             command.add_option(name)->multi_option_policy(kAll)->expected(isRepeatable ? -1 : 1);
@@ -136,8 +139,10 @@ std::string FaultOfExtra(const CLI::App& command, const std::string& name, const
     const std::string nearest = Nearest(typed.substr(dashes), words);
     if (!nearest.empty())
         return what + "; did you mean '" + std::string(isOption ? "--" : "") + nearest + "'?";
-    const bool setsProperties = !isOption && name == "generate";
-    return what + (setsProperties ? "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE" : "");
+    if (isOption || (name != "generate" && name != "check"))
+        return what;
+    return what + (typed.ends_with(".json") ? "; a job is given by --job FILE"
+                                            : "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE");
 }
 
 // What is wrong with options that each are known; empty for nothing.
@@ -198,7 +203,7 @@ int RunCommandLine(const std::vector<std::string>& arguments, Streams streams) {
             streams.out << each.word << '\t' << each.help << '\n';
         return kDone;
     }
-    Parser parser;
+    Parser parser(arguments);
     std::string name;
     try {
         // The parser takes its arguments from the back.
