@@ -98,6 +98,12 @@ const Slip kIniProfile[] = {
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
     {"profile.ini", "=", "=-9", nullptr, Form::ini, {}, true},
     {"profile.ini", "[Line", "[Row", "0:0 domainnumber", Form::ini, {}, true},
+    // The header that lacks a bracket is the file's first line.
+    {"profile.ini",
+     "; Device profile of the fan-coil unit controller, INI form: the values of XIF header lines 6 to 10.\n"
+     "; profile.xml and profile.xif hold the same values.\n\n"
+     "; header line 6: tables, buffers, application\n[Line6]\n",
+     "[Line6\n", nullptr},
 };
 
 const Slip kJob[] = {
