@@ -81,7 +81,13 @@ const Slip kIniTemplate[] = {
     {"template.ini", "direction=1\ntype=93", "direction=1\ntype=SNVT_304", nullptr},
     // The one text of a section.
     {"template.ini", "name=fanCoilTag", "name=\"fanCoilTag", "142:6 odd-quote"},
+    {"template.ini", "[general]\n", "[genera]\nid=1\n[general]\n", nullptr},
 };
+
+constexpr const char* kProfileStart =
+    "; Device profile of the fan-coil unit controller, INI form: the values of XIF header lines 6 to 10.\n"
+    "; profile.xml and profile.xif hold the same values.\n\n"
+    "; header line 6: tables, buffers, application\n[Line6]\n";
 
 const Slip kIniProfile[] = {
     {"profile.ini", "protocolClockRate=5", "protocolClockRate=10 MHz",
@@ -98,12 +104,9 @@ const Slip kIniProfile[] = {
     {"profile.ini", "[Line10]\n", "", "0:0 receiveStartDelay"},
     {"profile.ini", "=", "=-9", nullptr, Form::ini, {}, true},
     {"profile.ini", "[Line", "[Row", "0:0 domainnumber", Form::ini, {}, true},
-    // The header that lacks a bracket is the file's first line.
-    {"profile.ini",
-     "; Device profile of the fan-coil unit controller, INI form: the values of XIF header lines 6 to 10.\n"
-     "; profile.xml and profile.xif hold the same values.\n\n"
-     "; header line 6: tables, buffers, application\n[Line6]\n",
-     "[Line6\n", nullptr},
+    // Headers that are wrong in the file's first line.
+    {"profile.ini", kProfileStart, "[Line6\n", nullptr},
+    {"profile.ini", kProfileStart, "[Lin6]\n", nullptr},
 };
 
 const Slip kJob[] = {
