@@ -12,6 +12,8 @@ target_compile_options(tovarek_settings INTERFACE
   # GCC 12 warns without cause where a literal and a string are joined in optimised code.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   $<$<BOOL:${TOVAREK_WARNINGS_AS_ERRORS}>:-Werror>)
+# A place beyond the end of a container ends a test, where the sanitizers would see memory that is there.
+target_compile_definitions(tovarek_settings INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 if(TOVAREK_SANITIZE)
   target_compile_options(tovarek_settings INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

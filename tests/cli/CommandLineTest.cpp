@@ -658,7 +658,7 @@ TEST_F(CommandLine, ValuesAreEncodedAndDecoded) {
         {{"encode", "SCPTmaxSendTime[2]", "60,", "76.8"}, 0, "02580300\n"},
         {{"encode", "temp_p[2]", "1", "2"}, 0, "006400C8\n"},
         {{"decode", "temp_p", "00000000"}, 1, "has 2 bytes, 4 were given"},
-        {{"encode", "temp_p[70000]", "1"}, 2, "1 to 65535 values"},
+        {{"encode", "temp_p[65536]", "1"}, 2, "1 to 65535 values"},
         {{"encode", "SCPTdefOutput", "21.5", "--of", "temp_p"}, 0, "0866\n"},
         {{"encode", "SCPTdefOutput", "1.2", "--of", "300", "--typeFilesXMLFormat", format}, 0, "0078\n"},
         {{"encode", "SCPTdefOutput", "21.5"}, 2, "--of TYPE"},

@@ -175,6 +175,13 @@ TEST(Catalog, AFileThatCannotBeReadIsNoSet) {
     EXPECT_EQ(FindResourceSet(folder.Path("standard.typ")).language, "");
 }
 
+TEST(Catalog, TheEnglishTextsOfASetAreTaken) {
+    const Scratch folder;
+    for (const char* name : {"set.deu", "set.ENU", "set.fra", "set.typ"})
+        folder.File(name, "");
+    EXPECT_EQ(FindResourceSet(folder.Path("set.typ")).language, folder.Path("set.ENU"));
+}
+
 TEST(Catalog, IsNoLanguageFile) {
     EXPECT_TRUE(IsLanguageExtension("ELL"));
     EXPECT_FALSE(IsLanguageExtension("CAT")) << "although it abbreviates Catalan";

@@ -176,6 +176,7 @@ TEST(Profile, FaultsSayWhatWasTypedAndWhatToDo) {
         {"p.ini", "[Line6]\raddresses=3\rdomain=1\r", "domains", "", 3, "did you mean 'domain' in line 3?"},
         {"p.ini", "\n[Lin6]\ndomains=1\n", "", "", 2,
          "the file has no section [Line6]; did you mean [Lin6] in line 2?"},
+        {"p.ini", "[Line6d]\n[Line6c]\n[Line6b]\n[Line6a]\n", "", "", 4, "did you mean [Line6a] in line 4?"},
         {"p.ini", "[Line7]\ndomains=1\n", "", "", 0, "the file has no section [Line6]"},
         {"p.ini", "[Line6]\ndomains=\n", "domains", "", 2, "an empty value reads as 0; accepted: 1 or 2"},
         {"p.ini", "[Line6]\ndomains=-1\n", "domains", "-1", 2, "accepted: 1 or 2"},
