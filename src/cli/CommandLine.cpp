@@ -132,17 +132,18 @@ std::string FaultOfExtra(const CLI::App& command, const std::string& name, const
     const std::size_t dashes = isOption ? std::min(typed.find_first_not_of('-'), typed.size()) : 0;
     const std::vector<std::string> words = WordsNear(command, isOption);
     const std::string where = name.empty() ? "" : " for 'tovarek " + name + "'";
-    const std::string what = isOption        ? "there is no option '" + Excerpt(typed) + "'" + where
-                             : words.empty() ? "'" + Excerpt(typed) + "' is one word too many" + where
-                                             : "there is no command '" + Excerpt(typed) + "'" + where;
+    std::string what = isOption        ? "there is no option '" + Excerpt(typed) + "'" + where
+                       : words.empty() ? "'" + Excerpt(typed) + "' is one word too many" + where
+                                       : "there is no command '" + Excerpt(typed) + "'" + where;
     // The dashes make no name nearer.
     const std::string nearest = Nearest(typed.substr(dashes), words);
     if (!nearest.empty())
         return what + "; did you mean '" + std::string(isOption ? "--" : "") + nearest + "'?";
     if (isOption || (name != "generate" && name != "check"))
         return what;
-    return what + (typed.ends_with(".json") ? "; a job is given by --job FILE"
-                                            : "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE");
+    return what + (typed.ends_with(".json")
+                       ? "; a job is given by --job FILE"
+                       : "; a property is set by --PROPERTY VALUE or --set PROPERTY=VALUE");
 }
 
 // What is wrong with options that each are known; empty for nothing.
