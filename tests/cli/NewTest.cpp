@@ -278,6 +278,9 @@ TEST_F(New, NothingIsOverwrittenAndWrongUseTellsWhatExists) {
         {{scratch_.Path("a"), "--like", "sensor", "--all", "--from", file}, 2, "give one of them"},
         {{scratch_.Path("a"), "--from", file}, 2, "does not begin like an XIF file"},
         {{scratch_.Path("a"), "--from", scratch_.Path("none.xif")}, 1, "File not found"},
+        {{scratch_.Path("a"), "--from", std::string(TOVAREK_EXAMPLE) + "/profile.xif", "--set", ""},
+         2,
+         "--set '' names no field of a profile"},
     };
     const std::string before = ReadFile(folder + "/template.ini");
     for (const auto& row : rows) {

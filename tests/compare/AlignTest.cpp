@@ -58,6 +58,7 @@ TEST(Align, TellsWhatWasDone) {
         {"abcdefg", "bedcfga", "xec~a"},
         {"abcdefghijkl", "ljbdcefghika", "xlaxdc~j"},
         {"abcd", "aBcd", "b>B"},
+        {"aA", "Aa", "xAa"},
         {"abcd", "Dabc", "d>D~D"},
         {"a1b", "a2b", "1>2"},
         {"1ab", "2ab", "1>2"},

@@ -70,14 +70,14 @@ TEST_F(Creating, UnusablePathIsCode5) {
 }
 
 TEST_F(Creating, HeaderTextsThatDoNotFitAreCode6AndControlCharactersCode9) {
-    EXPECT_EQ(Create(kId, std::string(215, 'x'), ""), 6);
+    EXPECT_EQ(Create(kId, std::string(213, 'x'), ""), 6);
     EXPECT_EQ(Create(kId, "", std::string(256, 'x')), 6);
     EXPECT_EQ(Create(kId, "two\nlines", ""), 9);
     EXPECT_EQ(Create(kId, std::string("nul\0", 4), ""), 9);
     std::string widest;  // characters count, not the bytes of UTF-8
     for (int i = 0; i < 255; ++i)
         widest += "\xC2\xB0";
-    EXPECT_EQ(Create(kId, "", widest), 0);
+    EXPECT_EQ(Create(kId, std::string(212, 'x'), widest), 0);
     ASSERT_EQ(control.Save(), 0);
     EXPECT_EQ(ReadFile(folder.Path("set.typ")).substr(0x200, 256), std::string(255, '\xB0') + '\0');
 }
