@@ -63,6 +63,8 @@ TEST_F(CheckCommand, EachInputOfTheTypesThatIsNotSetIsToldWithItsOwnReason) {
     EXPECT_NE(answer.out.find("2 errors, 0 warnings"), std::string::npos) << answer.out;
     const Answer first = Run("check", "[genera]\n");
     EXPECT_TRUE(first.out.starts_with(path_ + ":1:1: error: ")) << first.out;
+    const Answer joined = Run("check", "[nv1]\n[nv2]\n[nvs]\nnumberOfStaticNvs=0\n" + std::string(kGeneral));
+    EXPECT_NE(joined.out.find("note: line 2: section [nv2] is not read"), std::string::npos) << joined.out;
 }
 
 TEST_F(CheckCommand, TheStatusTellsErrorsAndWarningsThatCountAsSuch) {

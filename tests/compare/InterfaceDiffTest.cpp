@@ -76,6 +76,7 @@ const std::vector<EditRow>& TemplateEdits() {
          "variable-default"},
         {"rate", Replace("maxRate=8", "maxRate=9"), kHarmless, "variable-rates"},
         {"member of a block", Replace("selfdoc=@1|4", "selfdoc=@1|5"), kSameId, "variable-documentation"},
+        {"member of nothing", Replace("selfdoc=@1|4", "selfdoc=#1|4"), kSameId, "variable-documentation"},
         {"no self-documentation", Replace("selfdoc=@1|4\n", ""), kSameId, "variable-documentation"},
         {"text of a variable", Replace("Water flow", "Flow of water"), kHarmless, "variable-text"},
         {"text of a variable gone", Replace(";Window contacts", ""), kHarmless, "variable-text"},
