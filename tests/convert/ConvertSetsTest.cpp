@@ -247,7 +247,8 @@ TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
     file.header.webPage = "works.example\r\nsecond line";
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
-    scratch_.File("Own.fmt", "UNVTouter#SI: text(\"%d\",\r\n wide);\r\nUNVTouter#US: text(\"low %d\", wide);\r\n");
+    scratch_.File("Own.fmt",
+                  "UNVTouter#SI: text(\"%d\",\r\n wide);\r\nUNVTouter#US: text(\"low %d\", wide);\r\n");
     const std::string losses = Converted({scratch_.File("Own.typ", bytes)}, "own").dump();
     for (const char* lost : {"web page", "network variable 2 (nviOuter)", "display format US"})
         EXPECT_NE(losses.find(lost), std::string::npos) << losses;
