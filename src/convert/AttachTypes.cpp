@@ -29,7 +29,6 @@ void AddVariable(const UserType& type, DeviceInterface& found) {
     CNv& nv = device.nvs.emplace_back();
     nv.name = VariableName(type);
     nv.typeIndex = type.definition;
-    nv.index = static_cast<std::int32_t>(device.nvs.size()) - 1;
     nv.length = std::min(std::int32_t{type.size}, kLongestVariable);
     if (nv.length != type.size)
         found.losses.push_back({RecordTitle(nv, device.nvs.size() - 1), "length", std::to_string(type.size),

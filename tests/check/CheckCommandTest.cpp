@@ -61,6 +61,9 @@ TEST_F(CheckCommand, EachInputOfTheTypesThatIsNotSetIsToldWithItsOwnReason) {
               "128 "})
         EXPECT_NE(answer.out.find(told), std::string::npos) << answer.out;
     EXPECT_NE(answer.out.find("2 errors, 0 warnings"), std::string::npos) << answer.out;
+}
+
+TEST_F(CheckCommand, SectionsOfTheFirstLinesAreTold) {
     const Answer first = Run("check", "[genera]\n");
     EXPECT_TRUE(first.out.starts_with(path_ + ":1:1: error: ")) << first.out;
     const Answer joined = Run("check", "[nv1]\n[nv2]\n[nvs]\nnumberOfStaticNvs=0\n" + std::string(kGeneral));
