@@ -152,6 +152,7 @@ TEST(Contradictions, WhatHidesTypesIsOneFinding) {
         FormatSlip("<UNIT>l/h</UNIT>\n    <LONG", "<UNIT>l\n/h</UNIT>\n    <LONG", "37:5 line-break"),
         FormatSlip("<SI><UNIT>l/h<", "<SI><UNIT>l/\nh<", "40:11 line-break"),
         FormatSlip("<supply>300", "<supply>SNVT_300", nullptr),
+        FormatSlip("<SI><UNIT>l/h</UNIT>", "<SI><UNIT>l/h</UNIT><NOTE>a\nb</NOTE>", "40:27 ignored-element"),
     };
     ExpectFindings(slips);
     const Slip misspelt = {"user-types.xml", "_5>", "_5_>", "", Form::xml, {}, true};
@@ -202,6 +203,7 @@ TEST(Contradictions, MattersOfTasteAreToldToThePedanticAlone) {
         Ini("version=1.0", "version=2", "22:9 odd-version"),
         {"template.ini", "", "", "0:0 blank-in-file-name", Form::ini, {"--outputXIFfile", "my node.xif"}},
         FormatSlip("<SNVT_301>", "<SNVT_399/><SNVT_301>", "29:3 unused-type"),
+        Ini("name=fanCoilTag", "name=fanCoil-Tag", "142:6 odd-name"),
     };
     // What the example has itself.
     SlipCheck example({"template.ini", "", "", "", Form::ini, {"--pedantic"}});

@@ -241,6 +241,23 @@ TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
     }
 }
 
+TEST_F(ConvertSets, TextsOfItsOwnThatAReferenceToAStandardTypeLosesAreListed) {
+    TypeFile types = OddTypes();
+    types.nvTypes = {types.nvTypes.back()};
+    types.nvTypes[0]->description = {3, 1};
+    types.enumerations.clear();
+    types.cpTypes.clear();
+    LanguageFile texts{.header = types.header, .language = "enu", .strings = {"Current of the pump"}};
+    texts.header.title = TitleText(ResourceKind::language, 1, 0);
+    std::string bytes;
+    ASSERT_TRUE(WriteLanguageFile(texts, bytes).Ok());
+    scratch_.File("Pump.enu", bytes);
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    const std::string losses = Converted({scratch_.File("Pump.typ", bytes)}, "pump").dump();
+    EXPECT_NE(losses.find("a reference to a standard type has the texts of that"), std::string::npos)
+        << losses;
+}
+
 TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
     TypeFile file = OddTypes();
     file.header.scope = 6;
