@@ -59,6 +59,15 @@ TEST(Tools, NamesAndHexadecimalTexts) {
     EXPECT_TRUE(CTools().ValidateHexaString("0G"));
 }
 
+TEST(Tools, AMemberIsFoundUnderItsKeyAlone) {
+    KeyedList<int> list;
+    EXPECT_TRUE(list.Add("NV_1", 10));
+    EXPECT_FALSE(list.Add("NV_1", 20));
+    ASSERT_NE(CTools().itemInCol(list, "NV_1"), nullptr);
+    EXPECT_EQ(*CTools().itemInCol(list, "NV_1"), 10);
+    EXPECT_EQ(CTools().itemInCol(list, "nv_1"), nullptr);
+}
+
 TEST(Tools, CreateDirectoryMakesOneLevelOnly) {
     const Scratch scratch;
     CTools().CreateDirectory(scratch.Folder() + "\\new\\");
