@@ -66,6 +66,12 @@ TEST_F(CheckCommand, EachInputOfTheTypesThatIsNotSetIsToldWithItsOwnReason) {
 TEST_F(CheckCommand, SectionsOfTheFirstLinesAreTold) {
     const Answer first = Run("check", "[genera]\n");
     EXPECT_TRUE(first.out.starts_with(path_ + ":1:1: error: ")) << first.out;
+    const Answer meant =
+        Run("check", "[nv]\nnumberOfStaticNvs=1\n" + std::string(kGeneral) + "[nv1]\nname=a\n");
+    EXPECT_TRUE(
+        meant.out.ends_with("note: line 5: section [nv1] is not read: there is no numberOfStaticNvs in "
+                            "[nvs]\n0 errors, 1 warning\n"))
+        << meant.out;
     const Answer joined = Run("check", "[nv1]\n[nv2]\n[nvs]\nnumberOfStaticNvs=0\n" + std::string(kGeneral));
     EXPECT_NE(joined.out.find("note: line 2: section [nv2] is not read"), std::string::npos) << joined.out;
 }

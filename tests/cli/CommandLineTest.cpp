@@ -659,6 +659,7 @@ TEST_F(CommandLine, ValuesAreEncodedAndDecoded) {
         {{"encode", "temp_p[2]", "1", "2"}, 0, "006400C8\n"},
         {{"decode", "temp_p", "00000000"}, 1, "has 2 bytes, 4 were given"},
         {{"encode", "temp_p[65536]", "1"}, 2, "1 to 65535 values"},
+        {{"encode", "temp_p[65535]", "1"}, 1, "65535"},
         {{"encode", "SCPTdefOutput", "21.5", "--of", "temp_p"}, 0, "0866\n"},
         {{"encode", "SCPTdefOutput", "1.2", "--of", "300", "--typeFilesXMLFormat", format}, 0, "0078\n"},
         {{"encode", "SCPTdefOutput", "21.5"}, 2, "--of TYPE"},

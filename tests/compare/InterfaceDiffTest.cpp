@@ -146,6 +146,8 @@ const std::vector<EditRow>& XifEdits() {
         {"number behind the star alone",
          Replace("81 * 2\r\n0 0 0 0 0\r\n0 1 0 0 0\r\n", "81 * 1\r\n4 0 3 0 0\r\n"), kSameId,
          "variable-size"},
+        {"array of an element alone", Replace("81 * 2\r\n0 0 0 0 0\r\n", "81 * 2\r\n0 0 0 0 1\r\n"),
+         kHarmless, "variable-elements"},
         {"escape for a character", Replace("\xB0", "\\xB0"), kEqual, ""},
         {"priority of a tag",
          Replace("0 1 63 1 0 1 0 1 0 1 0 0 0\r\nVAR nviRequest",

@@ -252,6 +252,10 @@ TEST_F(Creating, LimitsOutsideTheKindAreCodes24And25) {
     EXPECT_EQ(types.DescribeFloat({}, 1.0, 0.5), 24);
     EXPECT_EQ(types.DescribeFloat({}, -std::nextafter(roundsUp, 0), 3.40282346638529E+38), 0)
         << "15 digits round up";
+    ASSERT_EQ(types.CompleteType(), 22);
+    ASSERT_EQ(types.RegisterNetworkVariableType(1), 0);
+    ASSERT_EQ(types.StartType("UNVT_y"), 0);
+    EXPECT_EQ(types.DescribeFloat({}, 0.5, 0.5), 0);
 }
 
 TEST_F(Creating, MembersAreCounted) {

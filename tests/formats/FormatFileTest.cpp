@@ -74,7 +74,7 @@ TEST(FormatFiles, QuotesAndParenthesesProtect) {
 
 TEST(FormatFiles, SettingsAndComments) {
     FormatFile file;
-    ASSERT_TRUE(ReadFormatFile("! head: x;\nset program_id 90:00:01;\nSET selector A;\n!==\n setT#SI: int;\n "
+    ASSERT_TRUE(ReadFormatFile("! head: x;\nset program_id 90:00:01;\nSET\tselector A;\n!==\n setT#SI: int;\n "
                                "T : int ; ! t\n\x1A",
                                file)
                     .Ok());

@@ -52,7 +52,7 @@ TEST(Tools, GetFieldsTrimsTheLineAndNotTheFields) {
 }
 
 TEST(Tools, NamesAndHexadecimalTexts) {
-    EXPECT_EQ(CTools().ReplaceBadCharInType("SNVT temp-\xC3\xA9"), "SNVT_temp__");
+    EXPECT_EQ(CTools().ReplaceBadCharInType("AZ09 az-\xC3\xA9"), "AZ09_az__");
     EXPECT_FALSE(CTools().ValidateHexaString(""));
     EXPECT_FALSE(CTools().ValidateHexaString("09afAF"));
     EXPECT_TRUE(CTools().ValidateHexaString("9000 01"));

@@ -79,6 +79,8 @@ TEST(XmlText, TheMarkTellsThenTheDeclarationThenTheFirstCharacter) {
     EXPECT_NE(TextOf(latin), latin);
     EXPECT_EQ(TextOf("<?xml version = \"1.0\"\n encoding\t=\r'latin1' standalone='yes'?>\xE9"),
               "<?xml version = \"1.0\"\n encoding\t=\n'latin1' standalone='yes'?>\u00E9");
+    EXPECT_EQ(TextOf("<?xml version='' encoding='latin1'?>\xE9"),
+              "<?xml version='' encoding='latin1'?>\u00E9");
     EXPECT_EQ(TextOf("<?xml-encoding x encoding='latin1'?>\u00E9"),
               "<?xml-encoding x encoding='latin1'?>\u00E9");
 }
