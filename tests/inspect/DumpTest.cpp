@@ -4,6 +4,7 @@
 #include "Fixtures.h"
 #include "cli/Json.h"
 #include "inspect/InspectText.h"
+#include "inspect/TypeTree.h"
 #include "profile/ProfileFields.h"
 
 namespace tovarek::test {
@@ -143,6 +144,17 @@ TEST_F(DumpTest, ExtremeNumbersAreStillJson) {
     EXPECT_NE(json.find("\"minimum\": 0.1,"), std::string::npos);
     EXPECT_NE(json.find("\"maximum\": 3.4028235e+38"), std::string::npos);
     EXPECT_NE(ListingText(ListFile(path).listing, ReadFile(path)).find("minimum = 0.1\n"), std::string::npos);
+}
+
+TEST_F(DumpTest, AFloatHasTheScalingThatItsFileStoresAgainstTheRule) {
+    const TypeDescription plain = NumberOfKind(TypeKind::floatingPoint);
+    TypeDescription a = plain;
+    TypeDescription b = plain;
+    TypeDescription c = plain;
+    a.a = b.b = c.c = 2;
+    EXPECT_EQ(DescriptionNode("type", plain, ResourceNames()).Find("scaling"), nullptr);
+    for (const TypeDescription& stored : {a, b, c})
+        EXPECT_NE(DescriptionNode("type", stored, ResourceNames()).Find("scaling"), nullptr);
 }
 
 TEST_F(DumpTest, AKindHasOneNameInContentAndListing) {
