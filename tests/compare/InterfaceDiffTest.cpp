@@ -5,6 +5,7 @@
 #include "Program.h"
 #include "compare/InterfaceRules.h"
 #include "formats/type/TypeFile.h"
+#include "values/ShownType.h"
 
 namespace tovarek::test {
 namespace {
@@ -404,6 +405,19 @@ breaking: network variable 13 (nvoUnitState): structure of its type: structure, 
 breaking: network variable 13 (nvoUnitState): values of its type, m1: set 1 of scope 4 -> set 2 of scope 4 [type-enumeration]
 harmless: network variable 13 (nvoUnitState): limits of its type, m2: -3.4028235E+38 to 3.4028235E+38, invalid 7.5 -> -3.4028235E+38 to 3.4028235E+38, invalid 8.5 [type-limits]
 )");
+
+    // Down to the deepest value that is shown: the structure, its array and those inside it.
+    TypeDescription nested = ArrayOf(NumberOfKind(TypeKind::signedShort), 9, 1);
+    for (int depth = 2; depth < kDeepestValue; ++depth)
+        nested = ArrayOf(nested, 1, 9);
+    const auto isCompared = [&](const TypeDescription& member) {
+        const std::vector<std::string> sets = {"--old-types", file("deep.typ", {member}), "--new-types",
+                                               scratch_.Path("deep.typ")};
+        const std::string out = Diff(scratch_.Path("node.xif"), scratch_.Path("node.xif"), sets).out;
+        return out.find("own types of 1 variable") == std::string::npos;
+    };
+    EXPECT_TRUE(isCompared(nested));
+    EXPECT_FALSE(isCompared(ArrayOf(nested, 1, 9)));
 }
 
 // Those of types that properties take from their variables as well.
