@@ -258,6 +258,28 @@ TEST_F(ConvertSets, TextsOfItsOwnThatAReferenceToAStandardTypeLosesAreListed) {
         << losses;
 }
 
+// What lies deeper than inputs nest becomes bytes, so that the device keeps its lengths.
+TEST_F(ConvertSets, ATypeDeeperThanInputsNestKeepsItsSize) {
+    TypeFile types = OddTypes();
+    types.nvTypes.resize(1);
+    types.enumerations.clear();
+    types.cpTypes.clear();
+    TypeDescription& type = types.nvTypes[0]->type;
+    for (int depth = 0; depth < 950; ++depth) {
+        TypeDescription outer;
+        outer.kind = TypeKind::structure;
+        outer.members = {Member("m", std::move(type))};
+        type = std::move(outer);
+    }
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    const nlohmann::json losses = Converted({scratch_.File("Deep.typ", bytes)}, "deep");
+    EXPECT_EQ(losses.at(0)["reason"],
+              "inputs have no such kind at this place; it becomes array of 2 unsigned short");
+    Generate(Out("deep.json"), "deep");
+    EXPECT_EQ(ReadResourceSet(Out("deep/Deep_3.typ")).types.nvTypes.at(0)->size, 2);
+}
+
 TEST_F(ConvertSets, WhatNobodySeesHasItsPlaceNevertheless) {
     TypeFile file = OddTypes();
     file.header.scope = 6;
