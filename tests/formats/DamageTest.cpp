@@ -118,6 +118,26 @@ TEST(Damage, RecordsEndWithTheirDataSection) {
     EXPECT_EQ(ReadAs(1, bytes), 6);
 }
 
+TEST(Damage, APropertyIsWholeAndHasNoFlagsBeyondItsLimits) {
+    TypeFile types = MakeExampleSet().types;
+    types.enumerations.clear();
+    types.nvTypes.clear();
+    types.cpTypes.resize(1);
+    CpType& property = *types.cpTypes[0];
+    property.minimum = property.maximum = std::nullopt;
+    property.initial.assign(property.size, '\x5A');
+    std::string bytes;
+    ASSERT_TRUE(WriteTypeFile(types, bytes).Ok());
+    ASSERT_EQ(ReadAs(1, bytes), 0);
+    std::string cut = bytes;
+    cut[NumberAt(cut, 0x31A) + 2 + 3] -= static_cast<char>(property.size + 2);
+    Repair(cut);
+    EXPECT_EQ(ReadAs(1, cut), 20) << "the description ends before its last byte";
+    bytes[bytes.find(property.initial) - 1] |= 0x04;
+    Repair(bytes);
+    EXPECT_EQ(ReadAs(1, bytes), 20);
+}
+
 // What follows a member in its record belongs to the next one, and behind the last one to nobody.
 TEST(Damage, MembersOfAProfileEndWithTheirLength) {
     ProfileFile file = MakeExampleSet().profiles;
