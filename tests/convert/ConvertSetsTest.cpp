@@ -68,6 +68,11 @@ TEST(StoredNames, TellTheNumberThatAnInputHasInFront) {
         EXPECT_EQ(type.nameNumber, row.number) << row.stored;
         EXPECT_EQ(type.name, row.name) << row.stored;
     }
+    for (const std::int32_t number : {255, 256}) {
+        const std::string set = "ENUM_" + std::to_string(number) + "_fan";
+        EXPECT_EQ(EnumNameOf(set).number, number == 256 ? 256 : 0) << "standard types are no users'";
+        EXPECT_EQ(EnumNameOf(set).name, number == 256 ? "fan" : set);
+    }
 }
 
 // The example has every kind of type but a union, limits, units of display and references.
@@ -193,6 +198,9 @@ TypeFile OddTypes() {
                           Member("bits", NumberOfKind(TypeKind::bitField)),
                           Member("inners", ArrayOf(Reference(3, 1, 2), 2, 3))};
     auto member = outer.type.members.end() - 5;
+    member->type.a = 3;
+    member->type.b = 1;
+    member->type.c = 2;
     member++->type.target = {3, 1};
     member++->type.target = {3, 2};
     member->unit = {4, 12};
