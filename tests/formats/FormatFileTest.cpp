@@ -74,10 +74,11 @@ TEST(FormatFiles, QuotesAndParenthesesProtect) {
 
 TEST(FormatFiles, SettingsAndComments) {
     FormatFile file;
-    ASSERT_TRUE(ReadFormatFile("! head: x;\nset program_id 90:00:01;\nSET\tselector A;\n!==\n setT#SI: int;\n "
-                               "T : int ; ! t\n\x1A",
-                               file)
-                    .Ok());
+    ASSERT_TRUE(
+        ReadFormatFile("! head: x;\nset program_id 90:00:01;\nSET\tselector A;\n!==\n setT#SI: int;\n "
+                       "T : int ; ! t\n\x1A",
+                       file)
+            .Ok());
     EXPECT_EQ(file.settings, (std::vector<std::string>{"program_id 90:00:01", "selector A"}));
     ASSERT_EQ(file.formats.size(), 2U);
     EXPECT_EQ(file.formats[0].type, "setT");
