@@ -1,6 +1,8 @@
 // Mistakes that a person makes in the example device, each with exactly its findings.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Slips.h"
 
 namespace tovarek::test {
@@ -122,6 +124,27 @@ const Slip kJob[] = {
 
 TEST(Check, EverySlipInAnIniTemplateIsFound) {
     ExpectFindings(kIniTemplate);
+}
+
+// Whether one thing follows from another is not a matter of lines.
+TEST(Check, ADocumentInOneLineTellsTheSame) {
+    const SlipCheck::Stored joined = [](const std::string& text) {
+        std::string line = text;
+        std::replace_if(
+            line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+        return line;
+    };
+    const auto told = [](SlipCheck check) {
+        const Json answer = check.Run();
+        std::multiset<std::string> names;
+        for (const Json& finding : answer["findings"])
+            names.insert(finding["name"].get<std::string>() + std::to_string(finding["notes"].size()));
+        return names;
+    };
+    for (const Slip& slip : {Xml("<RAWVALUE>2EE0</RAWVALUE>", "<RAWVAL>2EE0</RAWVAL>", ""),
+                             Slip{"format.xml", "<FM_LOW>1<", "<FM_LOW>low<", "", Form::xml},
+                             Slip{"format.xml", "<supply>300", "<supply>SNVT_300", "", Form::xml}})
+        EXPECT_EQ(told(SlipCheck(slip, joined)), told(SlipCheck(slip))) << slip.wrong;
 }
 
 TEST(Check, WhatAJobNamesAndIsNotThereIsFoundAtItsKey) {
