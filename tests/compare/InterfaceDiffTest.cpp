@@ -139,6 +139,8 @@ const std::vector<EditRow>& XifEdits() {
         {"version of the format", Replace("XIF Version 4.0", "XIF Version 4.402"), kHarmless, "file-header"},
         {"parameters", Replace("\r\n2 15 1 14 1 4 3 ", "\r\n2 14 1 14 1 4 2 "), kHarmless,
          "parameters parameters"},
+        {"one tag more in the parameters alone", Replace("\r\n2 15 1 14 1 4 3 ", "\r\n2 15 1 14 2 4 3 "),
+         kHarmless, "parameters"},
         {"index", Replace("VAR nviSetpoint 3", "VAR nviSetpoint 4"), kSameId, "variable-index"},
         {"second attribute", Replace("VAR nviRequest 0 0 0 0\r\n0 1 63", "VAR nviRequest 0 0 0 0\r\n0 2 63"),
          kSameId, "variable-attribute"},
