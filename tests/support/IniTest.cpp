@@ -23,6 +23,13 @@ TEST_P(IniReading, FollowsTheRulesOfThePlatform) {
 INSTANTIATE_TEST_SUITE_P(Values, IniReading, testing::ValuesIn(IniValues()));
 INSTANTIATE_TEST_SUITE_P(Integers, IniReading, testing::ValuesIn(IniIntegers()));
 
+TEST(Ini, NamesBeyondAsciiMatchInEitherCase) {
+    const Scratch scratch;
+    cIni ini;
+    ini.iniFile(scratch.File("a.ini", "[\xC4]\n\xD6=x\n"));
+    EXPECT_EQ(ini.GetStringValue("\u00E4", "\u00F6", ""), "x");
+}
+
 TEST(Ini, AValueIsCutTo999CharactersNotBytes) {
     const Scratch scratch;
     std::string value;
