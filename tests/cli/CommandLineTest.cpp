@@ -387,6 +387,7 @@ TEST_F(CommandLine, FaultsOfAJobNameItsLine) {
         {"{\n\"mustGenerateXif\": yes}", "' is not valid JSON at line 2, column 20: "},
         {"{\n\"mustGenerateXif\": yes}",
          "; names and texts stand in quotation marks, true, false and numbers do not\n"},
+        {"{\"localeID\": \"\u00FCber\"}", "'\"\u00FCber\"' cannot be the value of localeID"},
         {"{\"mustGenerateXif\": \"true\"}",
          "', line 1: '\"true\"' cannot be the value of mustGenerateXif; give true or "
          "false without quotation marks"},

@@ -34,6 +34,7 @@ TEST(Xml, TheFirstTextChildIsTheValue) {
         {"<!DOCTYPE t [<!ELEMENT t (#PCDATA)><!ENTITY e 'ent'>]><t>a&e;b</t>", "aentb"},
         {"<!DOCTYPE t [<!ELEMENT t ANY><!ELEMENT b ANY><!ENTITY e '<b>x</b>y'>]><t>&e;z</t>", "yz"},
         {"<!DOCTYPE t [<!ELEMENT t (#PCDATA)><!ENTITY e ' '>]><t>&e;a&e;</t>", " a "},
+        {"<!DOCTYPE t [<!ENTITY % e '<!ELEMENT t (#PCDATA)>'>%e;]><t>x</t>", "x"},
         {"<t>3&#176;&amp;</t>", "3\xC2\xB0&"},
         {"<?xml-x = 'no declaration' encoding='none-such'?><t>x</t>", "x"},
         {"<?xml version='1.0' encoding='ISO-8859-1'?><t>\xB0</t>", "\xC2\xB0"},
