@@ -88,6 +88,12 @@ TEST(Check, AFileThatIsProfileAndTemplateIsReadOnce) {
     EXPECT_EQ(check.Findings("template.ini"), "29:1 ignored-key");
 }
 
+TEST(Check, OfSectionsThatAreEquallyNearTheFirstIsMeant) {
+    const Slip slip = ProfileIni("[Line6]", "[Linz6]\n[Liny6]\n[Linx6]\n[Linc6]\n[Linb6]\n[Lina6]", "");
+    const std::string told = SlipCheck(slip).Run().dump();
+    EXPECT_NE(told.find("has no section [Line6]; did you mean [Lina6]"), std::string::npos) << told;
+}
+
 TEST(Check, NumbersThatPeopleMeanAreNamed) {
     const std::pair<Slip, const char*> rows[] = {
         {ProfileIni("protocolClockRate=5", "protocolClockRate=2.5 MHz", ""), "write protocolClockRate=3"},
