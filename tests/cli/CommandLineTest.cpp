@@ -182,6 +182,8 @@ TEST_F(CommandLine, WrongUseHasItsOwnStatusAndHelps) {
         {{"--no-warnings=1"}, "option '--no-warnings' takes no value"},
         {{"--depfile", "x.d"}, "--depfile needs --stamp FILE"},
         {{"--stamp", profile_}, "' would overwrite the input iniProfileFile '"},
+        {{"--stamp", scratch_.Path("x"), "--depfile", profile_},
+         "' would overwrite the input iniProfileFile '"},
         {{"--quiet"}, "there is no option '--quiet' for 'tovarek generate'\n"},
         {{"--iniProfilFile", "x"}, "did you mean '--iniProfileFile'?"},
         {{"--job", "missing.json"}, "missing.json"},
