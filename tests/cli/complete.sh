@@ -11,7 +11,9 @@ _tovarek "$program"
 COMP_WORDS=("$program" dump "") COMP_CWORD=2
 _tovarek "$program"
 [ ${#COMPREPLY[@]} = 0 ] || fail "bash takes ${COMPREPLY[*]} where a file belongs"
-! "$program" print words check - | grep -v $'^--[A-Za-z-]*\t.' || fail "an option without its help in one line"
+options=$("$program" print words check -)
+grep -q $'^--fix\t.' <<<"$options" || fail "no option --fix"
+! grep -v $'^--[A-Za-z-]*\t.' <<<"$options" || fail "an option without its help in one line"
 export PATH=${program%/*}:$PATH
 if command -v zsh >/dev/null; then
   zsh -f -c 'words=("$1" catalog s) CURRENT=3; _describe() { print -r -- "$found"; }; eval "$("$1" print zsh)"' - "$program" |

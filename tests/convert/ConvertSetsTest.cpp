@@ -223,6 +223,15 @@ TypeFile OddTypes() {
     return file;
 }
 
+// That set with one of its types of variables and nothing else.
+TypeFile OddType(std::size_t place) {
+    TypeFile file = OddTypes();
+    file.nvTypes = {file.nvTypes.at(place)};
+    file.enumerations.clear();
+    file.cpTypes.clear();
+    return file;
+}
+
 TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
     std::string bytes;
     ASSERT_TRUE(WriteTypeFile(OddTypes(), bytes).Ok());
@@ -250,11 +259,8 @@ TEST_F(ConvertSets, WhatInputsCannotHoldIsListed) {
 }
 
 TEST_F(ConvertSets, TextsOfItsOwnThatAReferenceToAStandardTypeLosesAreListed) {
-    TypeFile types = OddTypes();
-    types.nvTypes = {types.nvTypes.back()};
+    TypeFile types = OddType(3);
     types.nvTypes[0]->description = {3, 1};
-    types.enumerations.clear();
-    types.cpTypes.clear();
     LanguageFile texts{.header = types.header, .language = "enu", .strings = {"Current of the pump"}};
     texts.header.title = TitleText(ResourceKind::language, 1, 0);
     std::string bytes;
@@ -270,10 +276,7 @@ TEST_F(ConvertSets, TextsOfItsOwnThatAReferenceToAStandardTypeLosesAreListed) {
 TEST_F(ConvertSets, ATypeDeeperThanInputsNestKeepsItsSize) {
     if (kIsWindows)
         GTEST_SKIP() << "it takes 1.2 MB of stack: the program has 2 there, a test 1 as most hosts";
-    TypeFile types = OddTypes();
-    types.nvTypes.resize(1);
-    types.enumerations.clear();
-    types.cpTypes.clear();
+    TypeFile types = OddType(0);
     TypeDescription& type = types.nvTypes[0]->type;
     for (int depth = 0; depth < 905; ++depth) {
         TypeDescription outer;
@@ -325,12 +328,8 @@ std::string InOlderFormat(std::string bytes) {
 }
 
 TEST_F(ConvertSets, AFileOfAnOlderFormatBecomesOneOfToday) {
-    TypeFile file = OddTypes();
-    file.nvTypes.resize(1);
-    file.enumerations.clear();
-    file.cpTypes.clear();
     std::string bytes;
-    ASSERT_TRUE(WriteTypeFile(file, bytes).Ok());
+    ASSERT_TRUE(WriteTypeFile(OddType(0), bytes).Ok());
     const auto listed = [&](const std::string& set) {
         std::vector<std::string> fields;
         for (const nlohmann::json& loss : Converted({scratch_.File("Set.typ", set)}, "set"))
